@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "datetime/Date.hpp"
+
+namespace Hilalor {
+
+class ZoneOffsets;
+
+/// A time zone of the IANA database with its rules, past and future. Cheap to copy. Main thread.
+///
+/// The rules are the machine's own (/usr/share/zoneinfo), which its updates keep current; ICU's older
+/// copy answers only for identifiers that the machine does not have.
+class TimeZone {
+ public:
+  /// The zone of that identifier ("Asia/Riyadh"); none when no database knows it.
+  [[nodiscard]] static std::optional<TimeZone> named(std::string_view identifier);
+
+  /// The zone the machine is set to now: the variable TZ if it names one, else /etc/localtime, else
+  /// UTC. Asked again at every call, so a change of the machine's zone is seen by the next one.
+  [[nodiscard]] static TimeZone current();
+
+  [[nodiscard]] const std::string& identifier() const;
+
+  /// Local time minus UTC at the instant, in seconds; daylight saving included. 0 for an instant
+  /// that is not finite.
+  [[nodiscard]] int secondsFromUTC(Date date) const;
+
+  /// What a local time that the clock skipped stands for: as much later as it lies in the gap, or
+  /// the first instant after the gap.
+  enum class Skipped { asMuchLater, firstAfter };
+
+  /// The instant, in whole seconds since 1970 UTC, at which local clocks show that many seconds since
+  /// 1970-01-01 00:00 local time. Of a local time that occurs twice, the first.
+  [[nodiscard]] std::int64_t utcSeconds(std::int64_t localSeconds, Skipped skipped) const;
+
+  /// Two zones are equal when their identifiers are.
+  friend bool operator==(const TimeZone& one, const TimeZone& other) {
+    return one.identifier() == other.identifier();
+  }
+
+ private:
+  explicit TimeZone(std::shared_ptr<const ZoneOffsets> offsets);
+
+  std::shared_ptr<const ZoneOffsets> offsets_;
+};
+
+/// The identifier.
+std::ostream& operator<<(std::ostream& out, const TimeZone& zone);
+
+}  // namespace Hilalor
