@@ -91,7 +91,9 @@ Calendar Calendar::current() {
   return {CalendarIdentifier::gregorian, std::nullopt, Region::current()};
 }
 
-TimeZone Calendar::timeZone() const { return zone_ ? *zone_ : TimeZone::current(); }
+TimeZone Calendar::timeZone() const {
+  return zone_ ? *zone_ : TimeZone::current();
+}
 
 CalendarEngine& Calendar::engine() const {
   if (!engine_) {
@@ -117,8 +119,9 @@ int Calendar::weekday(Date date) const {
   if (!local) return 1;
   // 1970-01-01 was a Thursday.
   constexpr std::int64_t kSecondsPerDay = 86400;
-  const auto day = (local->seconds - (local->seconds % kSecondsPerDay + kSecondsPerDay) %
-                                         kSecondsPerDay) / kSecondsPerDay;
+  const auto day =
+      (local->seconds - (local->seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay) /
+      kSecondsPerDay;
   return static_cast<int>(((day + 4) % 7 + 7) % 7) + 1;
 }
 
@@ -136,8 +139,7 @@ std::optional<Date> Calendar::date(const DateComponents& components) const {
   if (!local) return std::nullopt;
   // A bare day is meant whole: where it has no midnight it begins when the clock goes on.
   const bool bareDay = !components.hour && !components.minute && !components.second;
-  const auto skipped =
-      bareDay ? TimeZone::Skipped::firstAfter : TimeZone::Skipped::asMuchLater;
+  const auto skipped = bareDay ? TimeZone::Skipped::firstAfter : TimeZone::Skipped::asMuchLater;
   return Date{static_cast<double>(timeZone().utcSeconds(*local, skipped))};
 }
 
@@ -176,8 +178,7 @@ Date Calendar::startOfDay(Date date) const {
   if (!local) return date;
   constexpr std::int64_t kSecondsPerDay = 86400;
   const auto sinceMidnight = (local->seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
-  const auto start =
-      zone.utcSeconds(local->seconds - sinceMidnight, TimeZone::Skipped::firstAfter);
+  const auto start = zone.utcSeconds(local->seconds - sinceMidnight, TimeZone::Skipped::firstAfter);
   return {static_cast<double>(start)};
 }
 

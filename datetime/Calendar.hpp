@@ -39,8 +39,8 @@ class Calendar {
   /// The zone the calendar works in now.
   [[nodiscard]] TimeZone timeZone() const;
 
-  /// All six fields of the instant; a fraction of a second is dropped (floor). For an instant that is
-  /// not finite every field is absent.
+  /// All six fields of the instant; a fraction of a second is dropped (floor). For an instant that
+  /// is not finite every field is absent.
   [[nodiscard]] DateComponents components(Date date) const;
 
   /// 1 is Sunday, 7 is Saturday.
@@ -57,7 +57,8 @@ class Calendar {
   /// February), the local time of day stays. No result outside the calendar's range.
   [[nodiscard]] std::optional<Date> adding(CalendarUnit unit, int amount, Date date) const;
 
-  /// Days of the month that holds the instant, 28 to 31; no result for an instant that is not finite.
+  /// Days of the month that holds the instant, 28 to 31; no result for an instant that is not
+  /// finite.
   [[nodiscard]] std::optional<int> daysInMonth(Date date) const;
 
   /// The day's place in its year, 1 to 366; no result for an instant that is not finite.

@@ -7,9 +7,9 @@ namespace Hilalor {
 
 /// Fields of an instant in some calendar and time zone. A field that is not known is absent.
 ///
-/// The fields are plain numbers: what they mean is up to the calendar that reads them, and a calendar
-/// carries values outside the usual ranges into the larger fields (hour 25 is 1 o'clock next day,
-/// second -1 the last second of the minute before).
+/// The fields are plain numbers: what they mean is up to the calendar that reads them, and a
+/// calendar carries values outside the usual ranges into the larger fields (hour 25 is 1 o'clock
+/// next day, second -1 the last second of the minute before).
 struct DateComponents {
   std::optional<int> year;
   std::optional<int> month;  ///< 1 is the first month of the year.

@@ -25,8 +25,8 @@ std::unique_ptr<icu::DateFormat> patternFormat(std::string_view pattern,
   const icu::Locale locale(hijri ? "en_US@calendar=islamic-umalqura" : "en_US");
   const icu::StringPiece text(pattern.data(), static_cast<std::int32_t>(pattern.size()));
   UErrorCode status = U_ZERO_ERROR;
-  auto format = std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(text), locale,
-                                                        status);
+  auto format =
+      std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(text), locale, status);
   return U_SUCCESS(status) ? inGMT(std::move(format)) : nullptr;
 }
 

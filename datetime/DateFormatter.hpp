@@ -14,8 +14,9 @@ struct FormatEngine;
 
 /// Writes instants as English text ("en_US"), in a calendar and its time zone.
 ///
-/// A formatter over a calendar without a zone of its own writes in the machine's current zone, asked
-/// anew at every call. Making one costs about 90 microseconds, formatting one or two. Main thread.
+/// A formatter over a calendar without a zone of its own writes in the machine's current zone,
+/// asked anew at every call. Making one costs about 90 microseconds, formatting one or two. Main
+/// thread.
 class DateFormatter {
  public:
   /// Gregorian, in the machine's current zone. The pattern is one of Unicode's TR 35: "d MMM" gives

@@ -3,8 +3,8 @@
 #include <sys/stat.h>
 #include <unicode/timezone.h>
 
-#include <cmath>
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -117,7 +117,9 @@ TimeZone TimeZone::current() {
   return *machineZone;
 }
 
-const std::string& TimeZone::identifier() const { return offsets_->identifier(); }
+const std::string& TimeZone::identifier() const {
+  return offsets_->identifier();
+}
 
 int TimeZone::secondsFromUTC(Date date) const {
   if (!std::isfinite(date.secondsSince1970)) return 0;
@@ -130,7 +132,9 @@ std::int64_t TimeZone::utcSeconds(std::int64_t localSeconds, Skipped skipped) co
   // A day to either side holds at most one change of the clock.
   const std::int64_t before = localSeconds - offsets_->offsetAt(localSeconds - kSecondsPerDay);
   const std::int64_t after = localSeconds - offsets_->offsetAt(localSeconds + kSecondsPerDay);
-  const auto shows = [&](std::int64_t utc) { return utc + offsets_->offsetAt(utc) == localSeconds; };
+  const auto shows = [&](std::int64_t utc) {
+    return utc + offsets_->offsetAt(utc) == localSeconds;
+  };
   if (shows(before)) return shows(after) ? std::min(before, after) : before;
   if (shows(after)) return after;
   if (skipped == Skipped::asMuchLater) return before;

@@ -15,8 +15,8 @@ class ZoneOffsets;
 
 /// A time zone of the IANA database with its rules, past and future. Cheap to copy. Main thread.
 ///
-/// The rules are the machine's own (/usr/share/zoneinfo), which its updates keep current; ICU's older
-/// copy answers only for identifiers that the machine does not have.
+/// The rules are the machine's own (/usr/share/zoneinfo), which its updates keep current; ICU's
+/// older copy answers only for identifiers that the machine does not have.
 class TimeZone {
  public:
   /// The zone of that identifier ("Asia/Riyadh"); none when no database knows it.
@@ -36,8 +36,8 @@ class TimeZone {
   /// the first instant after the gap.
   enum class Skipped { asMuchLater, firstAfter };
 
-  /// The instant, in whole seconds since 1970 UTC, at which local clocks show that many seconds since
-  /// 1970-01-01 00:00 local time. Of a local time that occurs twice, the first.
+  /// The instant, in whole seconds since 1970 UTC, at which local clocks show that many seconds
+  /// since 1970-01-01 00:00 local time. Of a local time that occurs twice, the first.
   [[nodiscard]] std::int64_t utcSeconds(std::int64_t localSeconds, Skipped skipped) const;
 
   /// Two zones are equal when their identifiers are.

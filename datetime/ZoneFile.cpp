@@ -55,7 +55,8 @@ struct Counts {
 
 std::uint64_t bigEndian(std::string_view bytes) {
   std::uint64_t value = 0;
-  for (const char byte : bytes) value = value << 8 | static_cast<unsigned char>(byte);
+  for (const char byte : bytes)
+    value = value << 8 | static_cast<unsigned char>(byte);
   return value;
 }
 
@@ -113,7 +114,8 @@ std::shared_ptr<const ZoneOffsets> zoneFromBytes(std::string identifier, std::st
 
   const auto times = bytes.substr(0, second->changes * 8);
   const auto typeIndices = bytes.substr(times.size(), second->changes);
-  const auto offsets = offsetsOfTypes(bytes.substr(times.size() + typeIndices.size()), second->types);
+  const auto offsets =
+      offsetsOfTypes(bytes.substr(times.size() + typeIndices.size()), second->types);
   std::vector<Change> changes;
   changes.reserve(second->changes);
   for (std::size_t i = 0; i < second->changes; ++i) {
@@ -125,7 +127,8 @@ std::shared_ptr<const ZoneOffsets> zoneFromBytes(std::string identifier, std::st
   }
   std::optional<ZoneRule> rule;
   if (!readFooter(bytes.substr(second->blockSize(8)), rule)) return nullptr;
-  return std::make_shared<FileZone>(std::move(identifier), offsets.front(), std::move(changes), rule);
+  return std::make_shared<FileZone>(std::move(identifier), offsets.front(), std::move(changes),
+                                    rule);
 }
 
 std::shared_ptr<const ZoneOffsets> zoneFromFile(std::string_view folder,

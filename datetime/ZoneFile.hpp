@@ -8,8 +8,8 @@
 
 namespace Hilalor {
 
-/// The rules of a zone from the machine's compiled time-zone files (TZif, RFC 8536, versions 2 to 4).
-/// Null when the folder holds no such zone or the file is not well-formed.
+/// The rules of a zone from the machine's compiled time-zone files (TZif, RFC 8536, versions 2 to
+/// 4). Null when the folder holds no such zone or the file is not well-formed.
 [[nodiscard]] std::shared_ptr<const ZoneOffsets> zoneFromFile(std::string_view folder,
                                                               std::string_view identifier);
 

@@ -27,7 +27,8 @@ class RuleText {
   bool takeName() {
     const bool quoted = take('<');
     std::size_t length = 0;
-    while (length < rest_.size() && isNameCharacter(rest_[length], quoted)) ++length;
+    while (length < rest_.size() && isNameCharacter(rest_[length], quoted))
+      ++length;
     rest_.remove_prefix(length);
     return length >= 3 && (!quoted || take('>'));
   }

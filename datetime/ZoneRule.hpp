@@ -6,8 +6,8 @@
 
 namespace Hilalor {
 
-/// A yearly rule for daylight saving, as POSIX writes it in the variable TZ and as zone files end with
-/// it for the years after their last change: "EET-2EEST,M4.5.5/0,M10.5.4/24".
+/// A yearly rule for daylight saving, as POSIX writes it in the variable TZ and as zone files end
+/// with it for the years after their last change: "EET-2EEST,M4.5.5/0,M10.5.4/24".
 class ZoneRule {
  public:
   /// The rule of the text; none when it is not well-formed.

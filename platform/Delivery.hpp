@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "platform/Published.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/Signal.hpp"
+
+namespace Hilalor {
+
+/// Wraps a subscriber so that it hears of a value on the next pass of the loop, when the value is
+/// in place. What is on its way when the returned subscriber's last copy is dropped is not
+/// delivered.
+template <typename... Values>
+[[nodiscard]] std::function<void(const Values&...)> onNextPass(
+    RunLoop& loop, std::function<void(const Values&...)> subscriber) {
+  auto kept = std::make_shared<const std::function<void(const Values&...)>>(std::move(subscriber));
+  return [&loop, kept](const Values&... values) {
+    loop.post([weak = std::weak_ptr(kept), values...] {
+      if (const auto alive = weak.lock()) (*alive)(values...);
+    });
+  };
+}
+
+/// The latest value of each of two, told once for the present pair and then at every assignment of
+/// either. `dropFirst` leaves the present pair out.
+enum class FirstPair { told, dropped };
+
+template <typename One, typename Other>
+[[nodiscard]] std::pair<Subscription, Subscription> subscribeToLatest(
+    Published<One>& one, Published<Other>& other, FirstPair first,
+    std::function<void(const One&, const Other&)> subscriber) {
+  struct Latest {
+    std::optional<One> one;
+    std::optional<Other> other;
+    bool dropNext;
+    std::function<void(const One&, const Other&)> subscriber;
+
+    void tell() {
+      if (!one || !other) return;
+      if (std::exchange(dropNext, false)) return;
+      subscriber(*one, *other);
+    }
+  };
+  auto latest = std::make_shared<Latest>(
+      Latest{std::nullopt, std::nullopt, first == FirstPair::dropped, std::move(subscriber)});
+  auto ofOne = one.subscribe([latest](const One& value) {
+    latest->one = value;
+    latest->tell();
+  });
+  auto ofOther = other.subscribe([latest](const Other& value) {
+    latest->other = value;
+    latest->tell();
+  });
+  return {std::move(ofOne), std::move(ofOther)};
+}
+
+}  // namespace Hilalor

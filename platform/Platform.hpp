@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "platform/Clock.hpp"
+#include "platform/DefaultsStore.hpp"
+#include "platform/Geocoder.hpp"
+#include "platform/LocationService.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/StatusItem.hpp"
+
+namespace Hilalor {
+
+/// The desktop as the program sees it: one of each service. The services outlive the program's
+/// shared objects, which are built over the installed platform on their first use.
+struct Platform {
+  Clock& clock;
+  RunLoop& loop;
+  DefaultsStore& defaults;
+  StatusBar& statusBar;
+  LocationService& location;
+  Geocoder& geocoder;
+  /// Where the beeps lie, the user's own folder first.
+  std::vector<std::filesystem::path> soundFolders;
+
+  /// The platform of this process. One must have been installed.
+  [[nodiscard]] static Platform& current();
+
+  /// Puts a platform in place, or takes it away with null. Shared objects that exist keep the one
+  /// they were built over: a test that installs another resets them.
+  static void install(Platform* platform);
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Geometry.hpp"
+
+namespace Hilalor {
+
+/// A release of a mouse button over the status item.
+struct StatusItemClick {
+  enum class Button { left, right };
+
+  Button button = Button::left;
+  /// Where the item stands on the screen; absent where the bar does not tell.
+  std::optional<Rect> item;
+  /// Where the pointer was; absent where the bar does not tell (an item activated by keyboard).
+  std::optional<Point> pointer;
+};
+
+/// One line of a context menu.
+struct MenuItem {
+  std::string title;
+  char keyEquivalent = '\0';  ///< Chooses the line while the menu is open; none if '\0'.
+  std::function<void()> action;
+};
+
+using Menu = std::vector<MenuItem>;
+
+/// What the user sees and clicks of the status item.
+class StatusButton {
+ public:
+  virtual ~StatusButton() = default;
+
+  /// The text in the bar, UTF-8. It is also the item's accessible title.
+  virtual void setTitle(const std::string& title) = 0;
+
+  /// Called for every release of the left or right button over the item.
+  virtual void setAction(std::function<void(const StatusItemClick&)> action) = 0;
+
+  /// The menu that a right click opens, after the action has been told of the click. It is set
+  /// beforehand because most bars open it themselves.
+  virtual void setContextMenu(Menu menu) = 0;
+};
+
+/// An item in the desktop's bar, there for as long as this object lives. Main thread.
+class StatusItem {
+ public:
+  virtual ~StatusItem() = default;
+
+  /// Null where the desktop gives an item nothing to show.
+  [[nodiscard]] virtual StatusButton* button() = 0;
+};
+
+/// The desktop's bar.
+class StatusBar {
+ public:
+  virtual ~StatusBar() = default;
+
+  /// A new item as wide as its text needs.
+  [[nodiscard]] virtual std::unique_ptr<StatusItem> makeItem() = 0;
+};
+
+}  // namespace Hilalor
