@@ -1,17 +1,23 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "datetime/TimeZone.hpp"
+#include "platform/Geocoder.hpp"
 #include "platform/LocationService.hpp"
 #include "platform/Published.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/Signal.hpp"
 
 namespace Hilalor {
 
 /// Where the machine is, by one fix of the location service at a time, with the place's name and
-/// time zone. Main thread.
-class LocationManager {
+/// time zone. A fix is asked for once at every report that the user allows it, and at no other
+/// time. What fails changes nothing. Main thread.
+class LocationManager final : private LocationService::Delegate {
  public:
   /// The process's manager, built over the installed platform on first use.
   [[nodiscard]] static LocationManager& shared();
@@ -19,21 +25,40 @@ class LocationManager {
   /// Drops the shared manager, so that the next use builds another. For tests.
   static void resetShared();
 
-  explicit LocationManager(LocationService& service);
+  /// Asks neither for permission nor for a fix.
+  LocationManager(LocationService& service, Geocoder& geocoder, RunLoop& loop);
+  ~LocationManager() override;
+  LocationManager(const LocationManager&) = delete;
+  LocationManager& operator=(const LocationManager&) = delete;
+
+  /// Told before any of the values below changes.
+  Signal<> willChange;
 
   /// The last fix; none until there is one.
-  Published<std::optional<LocationCoordinate>> coordinate;
+  Published<std::optional<LocationCoordinate>> coordinate{std::nullopt, &willChange};
 
   /// The name of the last fix that was named; empty until then.
-  Published<std::string> locationName;
+  Published<std::string> locationName{"", &willChange};
 
   /// The time zone of the last fix that was named; the machine's until then.
-  Published<TimeZone> detectedTimeZone;
+  Published<TimeZone> detectedTimeZone{TimeZone::current(), &willChange};
 
-  Published<AuthorizationStatus> authStatus;
+  Published<AuthorizationStatus> authStatus{AuthorizationStatus::notDetermined, &willChange};
 
   /// The service that permission is asked of.
   LocationService& manager;
+
+ private:
+  void locationServiceDidChangeAuthorization() override;
+  void locationServiceDidUpdate(const std::vector<LocationCoordinate>& locations) override;
+  void locationServiceDidFail() override {}
+
+  void take(const std::vector<Placemark>& placemarks);
+
+  Geocoder& geocoder_;
+  RunLoop& loop_;
+  /// What is on its way holds this weakly and comes to nothing once the manager is gone.
+  std::shared_ptr<LocationManager> self_{this, [](LocationManager*) {}};
 };
 
 }  // namespace Hilalor
