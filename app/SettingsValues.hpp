@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 namespace Hilalor {
 
@@ -41,78 +41,58 @@ enum class AthanVoice { none, vemran, tolsar };
 /// Light or dark, or as the desktop is.
 enum class AppTheme { system, light, dark };
 
-/// The cases of an enumeration in their order, each with the string that stands for it in the
-/// store.
+/// The strings that stand for an enumeration's cases in the store, in the order of declaration.
 template <typename Enumeration>
-struct StoredStrings;
+inline constexpr std::array<std::string_view, 0> kRawValues{};
 
 template <>
-struct StoredStrings<MenuBarStyle> {
-  static constexpr std::array<std::pair<MenuBarStyle, std::string_view>, 3> kCases{
-      {{MenuBarStyle::emoji, "emoji"},
-       {MenuBarStyle::date, "date"},
-       {MenuBarStyle::nextPrayer, "nextPrayer"}}};
-};
+inline constexpr std::array<std::string_view, 3> kRawValues<MenuBarStyle>{"emoji", "date",
+                                                                          "nextPrayer"};
+template <>
+inline constexpr std::array<std::string_view, 2> kRawValues<PrimaryCalendar>{"gregorian", "hijri"};
 
 template <>
-struct StoredStrings<PrimaryCalendar> {
-  static constexpr std::array<std::pair<PrimaryCalendar, std::string_view>, 2> kCases{
-      {{PrimaryCalendar::gregorian, "gregorian"}, {PrimaryCalendar::hijri, "hijri"}}};
-};
+inline constexpr std::array<std::string_view, 2> kRawValues<LocationMode>{"automatic", "manual"};
 
 template <>
-struct StoredStrings<LocationMode> {
-  static constexpr std::array<std::pair<LocationMode, std::string_view>, 2> kCases{
-      {{LocationMode::automatic, "automatic"}, {LocationMode::manual, "manual"}}};
-};
+inline constexpr std::array<std::string_view, 12> kRawValues<PrayerCalculationMethod>{
+    "ummAlQura",    "muslimWorldLeague",
+    "egyptian",     "karachi",
+    "dubai",        "moonsightingCommittee",
+    "northAmerica", "kuwait",
+    "qatar",        "singapore",
+    "tehran",       "turkey"};
 
 template <>
-struct StoredStrings<PrayerCalculationMethod> {
-  using Method = PrayerCalculationMethod;
-  static constexpr std::array<std::pair<Method, std::string_view>, 12> kCases{
-      {{Method::ummAlQura, "ummAlQura"},
-       {Method::muslimWorldLeague, "muslimWorldLeague"},
-       {Method::egyptian, "egyptian"},
-       {Method::karachi, "karachi"},
-       {Method::dubai, "dubai"},
-       {Method::moonsightingCommittee, "moonsightingCommittee"},
-       {Method::northAmerica, "northAmerica"},
-       {Method::kuwait, "kuwait"},
-       {Method::qatar, "qatar"},
-       {Method::singapore, "singapore"},
-       {Method::tehran, "tehran"},
-       {Method::turkey, "turkey"}}};
-};
+inline constexpr std::array<std::string_view, 2> kRawValues<AsrCalculation>{"shafi", "hanafi"};
 
 template <>
-struct StoredStrings<AsrCalculation> {
-  static constexpr std::array<std::pair<AsrCalculation, std::string_view>, 2> kCases{
-      {{AsrCalculation::shafi, "shafi"}, {AsrCalculation::hanafi, "hanafi"}}};
-};
+inline constexpr std::array<std::string_view, 3> kRawValues<AthanVoice>{"none", "vemran", "tolsar"};
 
 template <>
-struct StoredStrings<AthanVoice> {
-  static constexpr std::array<std::pair<AthanVoice, std::string_view>, 3> kCases{
-      {{AthanVoice::none, "none"}, {AthanVoice::vemran, "vemran"}, {AthanVoice::tolsar, "tolsar"}}};
-};
+inline constexpr std::array<std::string_view, 3> kRawValues<AppTheme>{"system", "light", "dark"};
 
-template <>
-struct StoredStrings<AppTheme> {
-  static constexpr std::array<std::pair<AppTheme, std::string_view>, 3> kCases{
-      {{AppTheme::system, "system"}, {AppTheme::light, "light"}, {AppTheme::dark, "dark"}}};
-};
+/// Every case in the order of declaration.
+template <typename Enumeration>
+[[nodiscard]] constexpr auto allCases() {
+  std::array<Enumeration, kRawValues<Enumeration>.size()> cases{};
+  for (std::size_t index = 0; index < cases.size(); ++index) {
+    cases[index] = static_cast<Enumeration>(index);
+  }
+  return cases;
+}
 
 /// The string that stands for the case in the store.
 template <typename Enumeration>
 [[nodiscard]] constexpr std::string_view rawValue(Enumeration value) {
-  return StoredStrings<Enumeration>::kCases[static_cast<std::size_t>(value)].second;
+  return kRawValues<Enumeration>[static_cast<std::size_t>(value)];
 }
 
 /// The case of exactly that string, letter case included; none for any other.
 template <typename Enumeration>
 [[nodiscard]] constexpr std::optional<Enumeration> fromRawValue(std::string_view string) {
-  for (const auto& [value, raw] : StoredStrings<Enumeration>::kCases) {
-    if (raw == string) return value;
+  for (const auto value : allCases<Enumeration>()) {
+    if (rawValue(value) == string) return value;
   }
   return std::nullopt;
 }

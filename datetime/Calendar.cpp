@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <cstdint>
+#include <map>
+#include <string>
 
 #include "datetime/CalendarEngine.hpp"
 
@@ -64,6 +66,18 @@ icu::Locale localeOf(CalendarIdentifier identifier, const Region& region) {
   return locale;
 }
 
+// Creating a calendar of ICU's reads its data each time; copying one does not.
+std::unique_ptr<icu::Calendar> libraryCalendar(const icu::Locale& locale) {
+  static std::map<std::string, std::unique_ptr<icu::Calendar>> prototypes;
+  auto& prototype = prototypes[locale.getName()];
+  if (!prototype) {
+    UErrorCode status = U_ZERO_ERROR;
+    prototype.reset(icu::Calendar::createInstance(*icu::TimeZone::getGMT(), locale, status));
+    if (U_FAILURE(status)) prototype.reset();
+  }
+  return std::unique_ptr<icu::Calendar>(prototype ? prototype->clone() : nullptr);
+}
+
 }  // namespace
 
 Calendar::Calendar(CalendarIdentifier identifier)
@@ -97,10 +111,8 @@ TimeZone Calendar::timeZone() const {
 
 CalendarEngine& Calendar::engine() const {
   if (!engine_) {
-    UErrorCode status = U_ZERO_ERROR;
-    engine_ = std::make_unique<CalendarEngine>();
-    engine_->calendar.reset(icu::Calendar::createInstance(*icu::TimeZone::getGMT(),
-                                                          localeOf(identifier_, region_), status));
+    engine_ = std::make_unique<CalendarEngine>(
+        CalendarEngine{libraryCalendar(localeOf(identifier_, region_))});
   }
   return *engine_;
 }

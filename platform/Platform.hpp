@@ -3,24 +3,29 @@
 #include <filesystem>
 #include <vector>
 
+#include "platform/Application.hpp"
 #include "platform/Clock.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/Geocoder.hpp"
 #include "platform/LocationService.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
+#include "platform/Updater.hpp"
 
 namespace Hilalor {
 
 /// The desktop as the program sees it: one of each service. The services outlive the program's
 /// shared objects, which are built over the installed platform on their first use.
 struct Platform {
+  Application& application;
   Clock& clock;
   RunLoop& loop;
   DefaultsStore& defaults;
   StatusBar& statusBar;
   LocationService& location;
   Geocoder& geocoder;
+  /// Null in a build that was given no place to look for releases.
+  Updater* updater = nullptr;
   /// Where the beeps lie, the user's own folder first.
   std::vector<std::filesystem::path> soundFolders;
 
