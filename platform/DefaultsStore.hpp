@@ -22,7 +22,7 @@ using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Opaq
 
 /// The user's own key-value store: settings and notes. A write is on its way to the disk when the
 /// call returns, and safe from the end of this process. Nothing here fails: where the disk refuses,
-/// the values live on in memory. Main thread.
+/// the values live on in memory. Texts are kept byte for byte, well-formed or not. Main thread.
 class DefaultsStore {
  public:
   virtual ~DefaultsStore() = default;
@@ -41,7 +41,8 @@ class DefaultsStore {
   virtual void setDictionary(std::string_view key, const TextDictionary& dictionary) = 0;
 
   /// Changes one entry of the dictionary under the key, or takes it out where the text is absent;
-  /// writes that entry alone. Only for a key whose dictionary was read or set before.
+  /// writes that entry alone. Where no dictionary of texts stands, one with that entry replaces
+  /// what does.
   virtual void setEntry(std::string_view key, std::string_view entry,
                         const std::optional<std::string>& text) = 0;
 
