@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QThreadPool>
+#include <memory>
+
+#include "platform/RunLoop.hpp"
+
+namespace Hilalor {
+
+/// The loop of the Qt application, which must exist by the time it runs. Timers are exact to the
+/// millisecond, never early and never drift: a 30-second timer falls into every minute. They do
+/// not count the time a machine sleeps. What is still waiting when the loop object goes is dropped.
+class QtRunLoop : public RunLoop {
+ public:
+  QtRunLoop();
+  ~QtRunLoop() override;
+
+  void post(Task task) override;
+  [[nodiscard]] std::unique_ptr<Timer> once(Seconds delay, Task task) override;
+  [[nodiscard]] std::unique_ptr<Timer> repeating(Seconds period, Task task) override;
+  void after(Seconds delay, Task task) override;
+  void inBackground(BackgroundWork work) override;
+
+ private:
+  /// Receives everything that is queued for the main thread.
+  QObject mainThread_;
+  QThreadPool background_;
+};
+
+}  // namespace Hilalor
