@@ -1,0 +1,27 @@
+#include "Adhan/Astronomy/SolarCoordinates.hpp"
+
+#include "Adhan/Astronomy/Astronomical.hpp"
+
+namespace Adhan {
+
+// J. Meeus, "Astronomical Algorithms", 2nd ed., ch. 12 and 25.
+SolarCoordinates::SolarCoordinates(double julianDay) {
+  using namespace Astronomical;
+  const double T = julianCentury(julianDay);
+  const Angle solarLongitude = meanSolarLongitude(T);
+  const Angle lunarLongitude = meanLunarLongitude(T);
+  const Angle node = ascendingLunarNodeLongitude(T);
+  const Angle apparentLongitude = apparentSolarLongitude(T, solarLongitude);
+  const Angle obliquity = meanObliquityOfTheEcliptic(T);
+  const Angle apparentObliquity = apparentObliquityOfTheEcliptic(T, obliquity);
+  const Angle inLongitude = nutationInLongitude(solarLongitude, lunarLongitude, node);
+  const Angle inObliquity = nutationInObliquity(solarLongitude, lunarLongitude, node);
+
+  declination = arcsin(sin(apparentObliquity) * sin(apparentLongitude));
+  rightAscension =
+      arctan(cos(apparentObliquity) * sin(apparentLongitude), cos(apparentLongitude)).unwound();
+  apparentSiderealTime =
+      meanSiderealTime(T) + inLongitude * 3600 * cos(obliquity + inObliquity) / 3600;
+}
+
+}  // namespace Adhan

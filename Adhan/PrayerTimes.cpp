@@ -1,0 +1,80 @@
+#include "Adhan/PrayerTimes.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <ostream>
+#include <ranges>
+
+#include "Adhan/ExactTimes.hpp"
+#include "Adhan/Extensions/DateUtilities.hpp"
+
+namespace Adhan {
+
+std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
+                                             const DateComponents& date,
+                                             const CalculationParameters& calculationParameters) {
+  const auto exact = ExactTimes::make(coordinates, date, calculationParameters);
+  if (!exact) return std::nullopt;
+  const auto final = [&](Date time, int PrayerAdjustments::*prayer) {
+    const std::chrono::minutes own(calculationParameters.adjustments.*prayer);
+    const std::chrono::minutes methods(calculationParameters.methodAdjustments.*prayer);
+    return roundedMinute(time + own + methods, calculationParameters.rounding);
+  };
+  const PrayerTimes times{final(exact->fajr, &PrayerAdjustments::fajr),
+                          final(exact->sunrise, &PrayerAdjustments::sunrise),
+                          final(exact->dhuhr, &PrayerAdjustments::dhuhr),
+                          final(exact->asr, &PrayerAdjustments::asr),
+                          final(exact->maghrib, &PrayerAdjustments::maghrib),
+                          final(exact->isha, &PrayerAdjustments::isha),
+                          coordinates,
+                          date,
+                          calculationParameters};
+  // Angles and latitudes that are no angles can pass the sun's formulas and spoil a bound.
+  const bool finite = std::ranges::all_of(allCases<Prayer>(), [&](Prayer prayer) {
+    return std::isfinite(times.time(prayer).secondsSince1970);
+  });
+  return finite ? std::optional(times) : std::nullopt;
+}
+
+std::optional<Prayer> PrayerTimes::currentPrayer(Date at) const {
+  for (const Prayer prayer : allCases<Prayer>() | std::views::reverse) {
+    if (time(prayer) <= at) return prayer;
+  }
+  return std::nullopt;
+}
+
+std::optional<Prayer> PrayerTimes::nextPrayer(Date at) const {
+  const auto current = currentPrayer(at);
+  if (!current) return Prayer::fajr;
+  if (*current == Prayer::isha) return std::nullopt;
+  return static_cast<Prayer>(static_cast<int>(*current) + 1);
+}
+
+Date PrayerTimes::time(Prayer prayer) const {
+  switch (prayer) {
+    case Prayer::fajr:
+      return fajr;
+    case Prayer::sunrise:
+      return sunrise;
+    case Prayer::dhuhr:
+      return dhuhr;
+    case Prayer::asr:
+      return asr;
+    case Prayer::maghrib:
+      return maghrib;
+    case Prayer::isha:
+      break;
+  }
+  return isha;
+}
+
+std::ostream& operator<<(std::ostream& out, const PrayerTimes& times) {
+  const char* separator = "";
+  for (const Prayer prayer : allCases<Prayer>()) {
+    out << separator << prayer << ' ' << times.time(prayer);
+    separator = ", ";
+  }
+  return out;
+}
+
+}  // namespace Adhan
