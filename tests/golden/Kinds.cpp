@@ -1,0 +1,13 @@
+#include "tests/golden/Kinds.hpp"
+
+namespace Golden {
+
+std::span<const Kind> kinds() {
+  static constexpr Kind kKinds[] = {
+      {"golden_times", checkTimes}, {"golden_solar", checkSolar},   {"golden_helpers", checkHelper},
+      {"golden_qibla", checkQibla}, {"golden_sunnah", checkSunnah},
+  };
+  return kKinds;
+}
+
+}  // namespace Golden
