@@ -8,7 +8,9 @@
 #include "platform/DefaultsStore.hpp"
 #include "platform/Geocoder.hpp"
 #include "platform/LocationService.hpp"
+#include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
+#include "platform/SoundService.hpp"
 #include "platform/StatusItem.hpp"
 #include "platform/Updater.hpp"
 
@@ -24,6 +26,8 @@ struct Platform {
   StatusBar& statusBar;
   LocationService& location;
   Geocoder& geocoder;
+  NotificationCenter& notifications;
+  SoundService& sounds;
   /// Null in a build that was given no place to look for releases.
   Updater* updater = nullptr;
   /// Where the beeps lie, the user's own folder first.

@@ -13,8 +13,8 @@ class Timer {
   virtual ~Timer() = default;
 };
 
-/// The main thread's loop. Everything it runs, it runs on the main thread; all but the work given
-/// to `inBackground` is asked of it from there.
+/// The main thread's loop. Everything it runs but the work given to `inBackground`, it runs on the
+/// main thread; everything but `post` is asked of it from there.
 class RunLoop {
  public:
   using Task = std::function<void()>;
@@ -25,7 +25,7 @@ class RunLoop {
 
   virtual ~RunLoop() = default;
 
-  /// Runs the task on a later pass of the loop, after those posted before it.
+  /// Runs the task on a later pass of the loop, after those posted before it. Any thread.
   virtual void post(Task task) = 0;
 
   /// Runs the task once after the delay, unless the handle is dropped first.
