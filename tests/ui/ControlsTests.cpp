@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <QMenu>
+#include <QTest>
+
+#include "ui/Picker.hpp"
+#include "ui/Stepper.hpp"
+#include "ui/TextEditor.hpp"
+#include "ui/Toggle.hpp"
+
+namespace Hilalor {
+namespace {
+
+TEST(Button, ActsOnAClickAndLeavesTheKeyboardWhereItIs) {
+  int presses = 0;
+  Button button({.icon = Icon::power}, [&] { ++presses; });
+  button.setHelp(QStringLiteral("Quit"));
+  button.show();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(presses, 1);
+  EXPECT_FALSE(button.hasFocus());
+  EXPECT_EQ(button.toolTip(), QStringLiteral("Quit"));
+  EXPECT_EQ(button.accessibleName(), QStringLiteral("Quit"));
+}
+
+TEST(Button, IsHiddenOnlyWhenItHasFaded) {
+  Button button({.text = QStringLiteral("Stop")}, [] {});
+  button.show();
+  button.appear(false, std::chrono::milliseconds(20));
+  EXPECT_FALSE(button.isHidden());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return button.isHidden(); }, 1000));
+  button.appear(true, std::chrono::milliseconds(20));
+  EXPECT_FALSE(button.isHidden());
+}
+
+TEST(Toggle, ShowsWhatItIsToldAndAsksForTheRest) {
+  for (const auto look : {ToggleLook::switched, ToggleLook::checkbox, ToggleLook::radio}) {
+    std::vector<bool> asked;
+    Toggle toggle(look, QStringLiteral("Show calendar"), [&](bool on) { asked.push_back(on); });
+    toggle.show();
+    QTest::mouseClick(&toggle, Qt::LeftButton);
+    EXPECT_FALSE(toggle.isOn());
+    toggle.setOn(true);
+    QTest::mouseClick(&toggle, Qt::LeftButton);
+    EXPECT_TRUE(toggle.isOn());
+    EXPECT_EQ(asked, (std::vector{true, false}));
+  }
+}
+
+TEST(Stepper, StaysInItsRange) {
+  constexpr StepperRange kRange{.lowest = 5, .highest = 120, .step = 5};
+  EXPECT_EQ(kRange.next(10, 1), 15);
+  EXPECT_EQ(kRange.next(10, -1), 5);
+  EXPECT_EQ(kRange.next(5, -1), 5);
+  EXPECT_EQ(kRange.next(120, 1), 120);
+  EXPECT_EQ(kRange.next(118, 1), 120);
+
+  std::vector<int> changes;
+  Stepper stepper(kRange, QStringLiteral(" sec"), [&](int value) { changes.push_back(value); });
+  stepper.setValue(120);
+  const auto buttons = stepper.findChildren<Button*>();
+  EXPECT_FALSE(buttons[1]->isEnabled());
+  QTest::mouseClick(buttons[0], Qt::LeftButton);
+  EXPECT_EQ(changes, std::vector({115}));
+}
+
+TEST(SegmentedPicker, AsksForTheSegmentThatIsClicked) {
+  int chosen = -1;
+  SegmentedPicker picker({QStringLiteral("System"), QStringLiteral("Light")},
+                         [&](int index) { chosen = index; });
+  picker.setCurrent(0);
+  const auto segments = picker.findChildren<QAbstractButton*>();
+  QTest::mouseClick(segments[1], Qt::LeftButton);
+  EXPECT_EQ(chosen, 1);
+  EXPECT_TRUE(segments[0]->isChecked());
+}
+
+TEST(MenuPicker, OffersEveryOptionAndChecksTheCurrentOne) {
+  int chosen = -1;
+  MenuPicker picker(
+      [] {
+        return QStringList{QStringLiteral("Glass"), QStringLiteral("Ping & Pong")};
+      },
+      [&](int index) { chosen = index; });
+  picker.setCurrent(0, QStringLiteral("Glass"));
+  picker.show();
+  QTest::mouseClick(picker.findChild<Button*>(), Qt::LeftButton);
+  const auto* menu = picker.findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->actions().size(), 2);
+  EXPECT_TRUE(menu->actions()[0]->isChecked());
+  EXPECT_FALSE(menu->actions()[1]->isChecked());
+  menu->actions()[1]->trigger();
+  EXPECT_EQ(chosen, 1);
+}
+
+TEST(TextEditor, GivesBackWhatWasTypedToTheCharacter) {
+  TextEditor editor(13);
+  QStringList edits;
+  editor.onEdit = [&](const QString& text) { edits.append(text); };
+  const QString text = QStringLiteral("  two\u00A0words\n\nand a line ");
+  editor.setText(text);
+  EXPECT_EQ(editor.text(), text);
+  EXPECT_TRUE(edits.isEmpty());
+  QTest::keyClicks(editor.focusProxy(), QStringLiteral("!"));
+  QTest::keyClick(editor.focusProxy(), Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(edits, (QStringList{text + u'!', text + QStringLiteral("!\n")}));
+}
+
+}  // namespace
+}  // namespace Hilalor

@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include "ui/View.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr int kLineHeight = 20;
+
+/// Two lines, of which the second comes and goes.
+class TwoLines final : public View {
+ public:
+  TwoLines() {
+    setFixedWidth(100);
+    setBody(
+        column({.spacing = 6, .padding = {.top = 4}},
+               {framed(liveText({}, [this] { return title; }), 80, kLineHeight),
+                onlyWhile([this] { return showsSecond; }, framed(new QWidget, 80, kLineHeight))}));
+    atRedraw([this] { ++redraws; });
+    redraw();
+  }
+
+  QString title;
+  bool showsSecond = false;
+  int redraws = 0;
+};
+
+TEST(View, ManyRequestsOfOnePassMakeOneRedraw) {
+  TwoLines view;
+  view.setNeedsRedraw();
+  view.setNeedsRedraw();
+  view.title = QStringLiteral("in place by the time it is drawn");
+  EXPECT_EQ(view.redraws, 1);
+  QCoreApplication::sendPostedEvents();
+  EXPECT_EQ(view.redraws, 2);
+  EXPECT_EQ(view.findChild<Text*>()->text(), view.title);
+}
+
+TEST(View, ReportsItsSizeOnlyWhenItChanged) {
+  TwoLines view;
+  std::vector<QSize> sizes;
+  view.onSizeChange = [&](QSize size) { sizes.push_back(size); };
+  view.show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(sizes, std::vector({QSize(100, 4 + kLineHeight)}));
+
+  view.showsSecond = true;
+  view.redraw();
+  QCoreApplication::processEvents();
+  view.redraw();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(sizes, std::vector({QSize(100, 4 + kLineHeight), QSize(100, 4 + 2 * kLineHeight + 6)}));
+}
+
+TEST(Text, BreaksBetweenWordsWhereThereIsNoRoom) {
+  const Text text({.size = 10}, QStringLiteral("Eid Al-Fitr · Saudi National Day"));
+  const QSize oneLine = text.sizeHint();
+  EXPECT_EQ(text.heightForWidth(oneLine.width()), oneLine.height());
+  EXPECT_GT(text.heightForWidth(oneLine.width() * 2 / 3), oneLine.height());
+}
+
+TEST(Grid, CellsStandInColumnsOfOneWidth) {
+  std::vector<QWidget*> cells;
+  for (int index = 0; index < 14; ++index)
+    cells.push_back(framed(new QWidget, 32, 40));
+  const std::unique_ptr<QWidget> shown(
+      grid({.columns = 7, .columnWidth = 32, .spacing = 2}, cells));
+  shown->show();
+  EXPECT_EQ(shown->size(), QSize(7 * 32 + 6 * 2, 2 * 40 + 2));
+  EXPECT_EQ(cells[13]->pos(), QPoint(6 * 34, 42));
+}
+
+}  // namespace
+}  // namespace Hilalor

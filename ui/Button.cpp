@@ -1,0 +1,129 @@
+#include "ui/Button.hpp"
+
+#include <QEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/FocusRing.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr int kLabelSpacing = 4;
+constexpr double kIconPerType = 1.2;  // An icon stands a little taller than the type beside it.
+constexpr QSize kBoxPadding{12, 4};
+constexpr double kBoxRadius = 6;
+constexpr double kPressedOpacity = 0.5;
+constexpr double kDisabledOpacity = 0.4;
+constexpr double kScaleWhenGone = 0.9;
+
+bool isBoxed(ButtonLook look) {
+  return look == ButtonLook::bordered || look == ButtonLook::prominent;
+}
+
+}  // namespace
+
+Button::Button(ButtonLabel label, std::function<void()> action, ButtonLook look)
+    : look_(look), presence_(1, [this] { update(); }) {
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  if (look == ButtonLook::link) setCursor(Qt::PointingHandCursor);
+  setLabel(label);
+  connect(this, &QAbstractButton::clicked, this, [action = std::move(action)] { action(); });
+}
+
+void Button::setLabel(const ButtonLabel& label) {
+  label_ = label;
+  setFont(systemFont(label.style.size, label.style.weight));
+  if (!label.text.isEmpty()) setAccessibleName(label.text);
+  updateGeometry();
+  update();
+}
+
+void Button::setHelp(const QString& help) {
+  setToolTip(help);
+  setAccessibleName(help);
+}
+
+void Button::appear(bool shown, std::chrono::milliseconds duration) {
+  if (shown) setVisible(true);
+  presence_.to(shown ? 1 : 0, duration, [this, shown] { setVisible(shown); });
+}
+
+QSize Button::sizeHint() const {
+  return isBoxed(look_) ? labelSize() + 2 * kBoxPadding : labelSize();
+}
+
+double Button::iconSide() const {
+  return std::round(kIconPerType * label_.iconSize.value_or(label_.style.size));
+}
+
+QSize Button::labelSize() const {
+  QSize size(0, 0);
+  if (!label_.text.isEmpty()) size = fontMetrics().size(0, label_.text);
+  if (!label_.icon) return size;
+  const int side = static_cast<int>(iconSide());
+  const int spacing = label_.text.isEmpty() ? 0 : kLabelSpacing;
+  return {size.width() + spacing + side, std::max(size.height(), side)};
+}
+
+QColor Button::ink() const {
+  const Colors& colors = Colors::of(*this);
+  const QColor color = look_ == ButtonLook::prominent ? colors.white : colors.*label_.style.color;
+  double opacity = label_.style.opacity;
+  if (!isEnabled()) opacity *= kDisabledOpacity;
+  if (isDown()) opacity *= kPressedOpacity;
+  return faded(color, opacity);
+}
+
+void Button::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (hasFocus()) paintFocusRing(painter, rect(), kBoxRadius, Colors::of(*this));
+
+  const double presence = presence_.value();
+  const double scale = kScaleWhenGone + (1 - kScaleWhenGone) * presence;
+  painter.setOpacity(presence);
+  painter.translate(QRectF(rect()).center());
+  painter.scale(scale, scale);
+  painter.translate(-QRectF(rect()).center());
+  if (isBoxed(look_)) paintBox(painter);
+  paintLabel(painter);
+}
+
+void Button::paintBox(QPainter& painter) const {
+  const Colors& colors = Colors::of(*this);
+  const bool isProminent = look_ == ButtonLook::prominent;
+  const QColor fill = isProminent ? colors.accent : colors.controlBackground;
+  painter.setPen(isProminent ? QPen(Qt::NoPen) : QPen(colors.separator));
+  painter.setBrush(isEnabled() ? fill : faded(fill, kDisabledOpacity));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kBoxRadius, kBoxRadius);
+}
+
+void Button::paintLabel(QPainter& painter) const {
+  const QSize size = labelSize();
+  QRectF box(0, 0, size.width(), size.height());
+  box.moveCenter(QRectF(rect()).center());
+  if (label_.icon) {
+    const double side = iconSide();
+    const QRectF place(box.left(), box.center().y() - side / 2, side, side);
+    paintIcon(painter, *label_.icon, place, ink());
+    box.setLeft(place.right() + kLabelSpacing);
+  }
+  painter.setPen(ink());
+  painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, label_.text);
+}
+
+void Button::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange) update();
+}
+
+Button* helped(const QString& help, Button* button) {
+  button->setHelp(help);
+  return button;
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <functional>
+#include <optional>
+
+#include "ui/Animation.hpp"
+#include "ui/Icon.hpp"
+#include "ui/TextStyle.hpp"
+
+namespace Hilalor {
+
+/// What a button shows: an icon, a text, or both side by side.
+struct ButtonLabel {
+  std::optional<Icon> icon = std::nullopt;
+  QString text = {};
+  TextStyle style = {};
+  std::optional<int> iconSize = std::nullopt;  ///< As of the type beside it; the style's if absent.
+};
+
+/// How a button looks around its label.
+enum class ButtonLook {
+  plain,      ///< The label alone.
+  link,       ///< The label alone, with a hand for a pointer.
+  bordered,   ///< In a box.
+  prominent,  ///< In a box of the accent colour, the label white.
+};
+
+/// A button that never takes the keyboard from another program when it is clicked.
+class Button final : public QAbstractButton {
+ public:
+  Button(ButtonLabel label, std::function<void()> action, ButtonLook look = ButtonLook::plain);
+
+  void setLabel(const ButtonLabel& label);
+
+  /// What the pointer resting on the button and a screen reader are told.
+  void setHelp(const QString& help);
+
+  /// Comes and goes by growing from nine tenths of its size and fading; hidden when it has gone.
+  void appear(bool shown, std::chrono::milliseconds duration);
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  [[nodiscard]] QSize labelSize() const;
+  [[nodiscard]] double iconSide() const;
+  [[nodiscard]] QColor ink() const;
+  void paintBox(QPainter& painter) const;
+  void paintLabel(QPainter& painter) const;
+
+  ButtonLabel label_;
+  ButtonLook look_;
+  Animation presence_;
+};
+
+/// The button with that help.
+[[nodiscard]] Button* helped(const QString& help, Button* button);
+
+}  // namespace Hilalor

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+class QWidget;
+
+namespace Hilalor {
+
+enum class ColorScheme { light, dark };
+
+/// Colours by what they are for. Texts reach a contrast of 4.5 on the window's background and the
+/// accent at least 3, in light and in dark.
+struct Colors {
+  QColor primary;    ///< Text.
+  QColor secondary;  ///< Text that matters less.
+  QColor tertiary;   ///< Marks and outlines of controls at rest.
+  QColor separator;
+  QColor windowBackground;
+  QColor controlBackground;  ///< Behind groups of controls.
+  QColor textBackground;     ///< Behind text that can be edited.
+  QColor yellow;
+  QColor orange;
+  QColor red;
+  QColor teal;
+  QColor green;
+  QColor accent{34, 120, 70};  ///< The program's own green, the same in light and in dark.
+  QColor white{255, 255, 255};
+
+  [[nodiscard]] static const Colors& of(ColorScheme scheme);
+
+  /// Those of the window that the widget is in.
+  [[nodiscard]] static const Colors& of(const QWidget& widget);
+};
+
+/// One of the colours, to be looked up when it is drawn.
+using Ink = QColor Colors::*;
+
+/// The colour, that much of its own opacity left.
+[[nodiscard]] QColor faded(QColor color, double opacity);
+
+/// Whether the palette writes light on dark.
+[[nodiscard]] ColorScheme colorScheme(const QPalette& palette);
+
+/// The palette that puts a window and all in it into the scheme. A window without one of its own
+/// follows the application's.
+[[nodiscard]] QPalette windowPalette(ColorScheme scheme);
+
+}  // namespace Hilalor

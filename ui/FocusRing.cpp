@@ -1,0 +1,24 @@
+#include "ui/FocusRing.hpp"
+
+#include <QPainter>
+
+#include "ui/Colors.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr double kRingWidth = 2;
+
+}  // namespace
+
+void paintFocusRing(QPainter& painter, const QRectF& rect, double radius, const Colors& colors) {
+  const double inset = kRingWidth / 2;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(colors.secondary, kRingWidth, Qt::DotLine));
+  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
+  painter.restore();
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QPainterPath>
+
+class QColor;
+class QPainter;
+class QRectF;
+
+namespace Hilalor {
+
+/// The pictures on buttons and beside texts, drawn by ourselves so that they look alike on every
+/// desktop.
+enum class Icon {
+  power,
+  gear,
+  stopCircle,
+  playCircle,
+  locationArrow,
+  mapPin,
+  warningTriangle,
+  circlingArrows,
+  checkMark,
+};
+
+/// The outline to be filled, in a square of side 1.
+[[nodiscard]] QPainterPath iconPath(Icon icon);
+
+/// Fills the icon in the largest square at the middle of the rectangle.
+void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color);
+
+}  // namespace Hilalor

@@ -1,0 +1,121 @@
+#include "ui/Picker.hpp"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+#include "ui/FocusRing.hpp"
+#include "ui/Stack.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr int kTypeSize = 13;
+constexpr int kSegmentHeight = 24;
+constexpr double kSegmentRadius = 6;
+constexpr double kSegmentInset = 2;
+const QString kDownTriangle = QStringLiteral("  \u25BE");
+
+/// One option of a segmented picker.
+class Segment final : public QAbstractButton {
+ public:
+  Segment(const QString& label, std::function<void()> onSelect) {
+    setText(label);
+    setFont(systemFont(kTypeSize));
+    setCheckable(true);
+    setFocusPolicy(Qt::TabFocus);
+    setFixedHeight(kSegmentHeight);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::clicked, this,
+            [onSelect = std::move(onSelect)] { onSelect(); });
+  }
+
+  [[nodiscard]] QSize sizeHint() const override {
+    return {fontMetrics().horizontalAdvance(text()) + kSegmentHeight, kSegmentHeight};
+  }
+
+ protected:
+  void nextCheckState() override {}
+
+  void paintEvent(QPaintEvent*) override {
+    const Colors& colors = Colors::of(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box =
+        QRectF(rect()).adjusted(kSegmentInset, kSegmentInset, -kSegmentInset, -kSegmentInset);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isChecked() ? colors.accent : QColor(Qt::transparent));
+    painter.drawRoundedRect(box, kSegmentRadius - 1, kSegmentRadius - 1);
+    painter.setPen(isChecked() ? colors.white : colors.primary);
+    painter.drawText(rect(), Qt::AlignCenter, text());
+    if (hasFocus()) paintFocusRing(painter, rect(), kSegmentRadius, colors);
+  }
+};
+
+/// The box that the segments lie in.
+class Trough final : public QWidget {
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::of(*this).separator);
+    painter.drawRoundedRect(rect(), kSegmentRadius, kSegmentRadius);
+  }
+};
+
+}  // namespace
+
+MenuPicker::MenuPicker(std::function<QStringList()> options, std::function<void(int)> onSelect)
+    : options_(std::move(options)),
+      onSelect_(std::move(onSelect)),
+      button_(new Button({}, [this] { openMenu(); })) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(button_, 0, Qt::AlignLeft);
+}
+
+void MenuPicker::setCurrent(int index, const QString& label) {
+  current_ = index;
+  button_->setLabel(
+      {.text = label + kDownTriangle, .style = {.size = kTypeSize, .color = &Colors::accent}});
+}
+
+void MenuPicker::setHelp(const QString& help) {
+  button_->setAccessibleDescription(help);
+}
+
+void MenuPicker::openMenu() {
+  menu_ = std::make_unique<QMenu>(this);
+  int index = 0;
+  for (const QString& option : options_()) {
+    // An ampersand would make the next letter a shortcut.
+    QAction* action = menu_->addAction(QString(option).replace(u'&', QStringLiteral("&&")));
+    action->setCheckable(true);
+    action->setChecked(index == current_);
+    connect(action, &QAction::triggered, this, [this, index] { onSelect_(index); });
+    ++index;
+  }
+  menu_->popup(button_->mapToGlobal(QPoint(0, button_->height())));
+}
+
+SegmentedPicker::SegmentedPicker(const QStringList& options, std::function<void(int)> onSelect) {
+  auto* trough = new Trough;
+  auto* segments = new QHBoxLayout(trough);
+  segments->setContentsMargins({});
+  segments->setSpacing(0);
+  for (int index = 0; index < options.size(); ++index) {
+    segments_.push_back(new Segment(options[index], [onSelect, index] { onSelect(index); }));
+    segments->addWidget(segments_.back(), 1);
+  }
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(trough);
+}
+
+void SegmentedPicker::setCurrent(int index) {
+  for (int place = 0; QAbstractButton * segment : segments_)
+    segment->setChecked(place++ == index);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,126 @@
+#include "ui/Popover.hpp"
+
+#include <QApplication>
+#include <QBitmap>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+#include "ui/Colors.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr double kRadius = 10;
+constexpr int kArrowHeight = 9;
+constexpr int kArrowHalfWidth = 10;
+
+/// The same kind of window as the one it belongs to: what keeps that one above others and out of
+/// the taskbar keeps this one too.
+Qt::WindowFlags flagsBeside(const QWidget& window) {
+  const Qt::WindowFlags inherited =
+      window.windowFlags() & (Qt::X11BypassWindowManagerHint | Qt::WindowStaysOnTopHint);
+  const bool isPopup = window.windowType() == Qt::Popup;
+  return inherited | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
+         (isPopup ? Qt::Popup : Qt::Tool);
+}
+
+}  // namespace
+
+Popover::Popover(QWidget& anchor, QWidget* content)
+    : QWidget(anchor.window(), flagsBeside(*anchor.window())), anchor_(anchor), content_(content) {
+  // Where the owner's corners can be see-through, so can ours; else the window is cut to shape.
+  setAttribute(Qt::WA_TranslucentBackground,
+               anchor.window()->testAttribute(Qt::WA_TranslucentBackground));
+  content->setParent(this);
+}
+
+Popover::~Popover() {
+  qApp->removeEventFilter(this);
+}
+
+void Popover::open() {
+  place();
+  qApp->installEventFilter(this);
+  show();
+  raise();
+  activateWindow();
+  content_->setFocus(Qt::PopupFocusReason);
+}
+
+void Popover::dismiss() {
+  if (!isVisible()) return;
+  // The keyboard goes back to the owner rather than to nobody.
+  if (isActiveWindow()) parentWidget()->activateWindow();
+  hide();
+}
+
+void Popover::place() {
+  const QSize inner = content_->sizeHint().expandedTo(content_->minimumSize());
+  resize(inner.width(), inner.height() + kArrowHeight);
+  const QRect anchor(anchor_.mapToGlobal(QPoint(0, 0)), anchor_.size());
+  const QRect room = anchor_.screen()->availableGeometry();
+  const int middle = anchor.left() + anchor.width() / 2;
+
+  side_ = anchor.bottom() + height() <= room.bottom() ? Side::below : Side::above;
+  const int y = side_ == Side::below ? anchor.bottom() + 1 : anchor.top() - height();
+  const int rightmost = std::max(room.left(), room.right() + 1 - width());
+  const int x = std::clamp(middle - width() / 2, room.left(), rightmost);
+  move(x, y);
+  arrowX_ = middle - x;
+  content_->setGeometry(0, side_ == Side::below ? kArrowHeight : 0, inner.width(), inner.height());
+  if (testAttribute(Qt::WA_TranslucentBackground)) return;
+  QBitmap shape(size());
+  shape.clear();
+  QPainter(&shape).fillPath(outline(), Qt::color1);
+  setMask(shape);
+}
+
+QPainterPath Popover::outline() const {
+  const QRectF box = QRectF(content_->geometry()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const bool isBelow = side_ == Side::below;
+  const double base = isBelow ? box.top() : box.bottom();
+  const double tip = isBelow ? 0.5 : height() - 0.5;
+  const double x =
+      std::clamp<double>(arrowX_, kRadius + kArrowHalfWidth, width() - kRadius - kArrowHalfWidth);
+  QPainterPath body;
+  body.addRoundedRect(box, kRadius, kRadius);
+  QPainterPath arrow({x - kArrowHalfWidth, base});
+  arrow.lineTo(x, tip);
+  arrow.lineTo(x + kArrowHalfWidth, base);
+  arrow.closeSubpath();
+  return body.united(arrow);
+}
+
+void Popover::paintEvent(QPaintEvent*) {
+  const Colors& colors = Colors::of(*this);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(colors.tertiary);
+  painter.setBrush(colors.windowBackground);
+  painter.drawPath(outline());
+}
+
+bool Popover::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Hide && watched == parentWidget()) dismiss();
+  if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
+    const auto* pressed = static_cast<QWidget*>(watched);
+    if (pressed != this && !isAncestorOf(pressed) && pressed->window() != this) dismiss();
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void Popover::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return dismiss();
+  QWidget::keyPressEvent(event);
+}
+
+void Popover::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  qApp->removeEventFilter(this);
+  if (const auto told = std::exchange(onDismiss, nullptr)) told();
+}
+
+}  // namespace Hilalor

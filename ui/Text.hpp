@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QLabel>
+
+#include "ui/Animation.hpp"
+#include "ui/TextStyle.hpp"
+
+namespace Hilalor {
+
+/// A text. As wide as it is on one line where there is room, broken between words where there is
+/// not.
+class Text final : public QLabel {
+ public:
+  explicit Text(const TextStyle& style, const QString& text = {});
+
+  void setStyle(const TextStyle& style);
+
+  /// Lets the text appear or vanish with an ease-in-out curve; its place stays.
+  void fadeTo(double opacity, std::chrono::milliseconds duration);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  TextStyle style_;
+  Animation presence_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,145 @@
+#include "ui/Toggle.hpp"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/FocusRing.hpp"
+#include "ui/Icon.hpp"
+#include "ui/TextStyle.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr int kTypeSize = 13;
+constexpr int kSpacing = 8;
+constexpr QSize kSwitchSize{32, 18};
+constexpr QSize kCheckboxSize{16, 16};
+constexpr QSize kRadioSize{16, 16};
+constexpr double kKnobInset = 2;
+constexpr double kCheckboxRadius = 4;
+constexpr double kRingWidth = 1.5;
+constexpr double kRingAtRestOpacity = 0.5;
+constexpr double kRadioDot = 8;
+constexpr double kFocusRadius = 4;
+constexpr std::chrono::milliseconds kSlide{150};
+
+}  // namespace
+
+Toggle::Toggle(ToggleLook look, const QString& label, std::function<void(bool)> onToggle)
+    : look_(look), position_(0, [this] { update(); }) {
+  setText(label);
+  setFont(systemFont(kTypeSize));
+  setCheckable(true);
+  setFocusPolicy(Qt::TabFocus);
+  const bool isSwitch = look == ToggleLook::switched;
+  setSizePolicy(isSwitch ? QSizePolicy::Expanding : QSizePolicy::Preferred, QSizePolicy::Preferred);
+  connect(this, &QAbstractButton::clicked, this,
+          [this, onToggle = std::move(onToggle)] { onToggle(!isChecked()); });
+}
+
+void Toggle::setOn(bool isOn) {
+  setChecked(isOn);
+  position_.to(isOn ? 1 : 0, isVisible() ? kSlide : std::chrono::milliseconds(0));
+}
+
+QSize Toggle::markSize() const {
+  switch (look_) {
+    case ToggleLook::switched:
+      return kSwitchSize;
+    case ToggleLook::checkbox:
+      return kCheckboxSize;
+    case ToggleLook::radio:
+      return kRadioSize;
+  }
+  return {};
+}
+
+QRect Toggle::markRect() const {
+  QRect mark({0, 0}, markSize());
+  mark.moveCenter(rect().center());
+  look_ == ToggleLook::switched ? mark.moveRight(rect().right()) : mark.moveLeft(0);
+  return mark;
+}
+
+QRect Toggle::labelRect() const {
+  const int taken = markSize().width() + kSpacing;
+  return look_ == ToggleLook::switched ? rect().adjusted(0, 0, -taken, 0)
+                                       : rect().adjusted(taken, 0, 0, 0);
+}
+
+QSize Toggle::sizeHint() const {
+  const QSize label = fontMetrics().size(0, text());
+  const QSize mark = markSize();
+  return {mark.width() + kSpacing + label.width(), std::max(label.height(), mark.height())};
+}
+
+int Toggle::heightForWidth(int width) const {
+  const QRect room(0, 0, width - markSize().width() - kSpacing, QWIDGETSIZE_MAX);
+  const int label = fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height();
+  return std::max(label, markSize().height());
+}
+
+void Toggle::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!isEnabled()) painter.setOpacity(kRingAtRestOpacity);
+  painter.setPen(Colors::of(*this).primary);
+  painter.drawText(labelRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+  painter.setPen(Qt::NoPen);
+  const QRectF mark = markRect();
+  switch (look_) {
+    case ToggleLook::switched:
+      paintSwitch(painter, mark);
+      break;
+    case ToggleLook::checkbox:
+      paintCheckbox(painter, mark);
+      break;
+    case ToggleLook::radio:
+      paintRadio(painter, mark);
+      break;
+  }
+  if (hasFocus()) paintFocusRing(painter, rect(), kFocusRadius, Colors::of(*this));
+}
+
+void Toggle::paintSwitch(QPainter& painter, const QRectF& mark) const {
+  const Colors& colors = Colors::of(*this);
+  const double radius = mark.height() / 2;
+  const double share = position_.value();
+  painter.setBrush(colors.tertiary);
+  painter.drawRoundedRect(mark, radius, radius);
+  painter.setBrush(faded(colors.accent, share));
+  painter.drawRoundedRect(mark, radius, radius);
+  const double side = mark.height() - 2 * kKnobInset;
+  const double x = mark.left() + kKnobInset + share * (mark.width() - mark.height());
+  painter.setBrush(colors.white);
+  painter.drawEllipse(QRectF(x, mark.top() + kKnobInset, side, side));
+}
+
+void Toggle::paintCheckbox(QPainter& painter, const QRectF& mark) const {
+  const Colors& colors = Colors::of(*this);
+  if (!isChecked()) {
+    painter.setPen(QPen(colors.tertiary, 1));
+    painter.setBrush(colors.textBackground);
+    const QRectF outline = mark.adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(outline, kCheckboxRadius, kCheckboxRadius);
+    return;
+  }
+  painter.setBrush(colors.accent);
+  painter.drawRoundedRect(mark, kCheckboxRadius, kCheckboxRadius);
+  paintIcon(painter, Icon::checkMark, mark, colors.white);
+}
+
+void Toggle::paintRadio(QPainter& painter, const QRectF& mark) const {
+  const Colors& colors = Colors::of(*this);
+  const double inset = kRingWidth / 2;
+  painter.setBrush(Qt::NoBrush);
+  const QColor ring = isChecked() ? colors.accent : faded(colors.secondary, kRingAtRestOpacity);
+  painter.setPen(QPen(ring, kRingWidth));
+  painter.drawEllipse(mark.adjusted(inset, inset, -inset, -inset));
+  if (!isChecked()) return;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colors.accent);
+  painter.drawEllipse(mark.center(), kRadioDot / 2, kRadioDot / 2);
+}
+
+}  // namespace Hilalor
