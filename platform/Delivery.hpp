@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 #include "platform/Published.hpp"
@@ -14,11 +15,10 @@ namespace Hilalor {
 /// Wraps a subscriber so that it hears of a value on the next pass of the loop, when the value is
 /// in place. What is on its way when the returned subscriber's last copy is dropped is not
 /// delivered.
-template <typename... Values>
-[[nodiscard]] std::function<void(const Values&...)> onNextPass(
-    RunLoop& loop, std::function<void(const Values&...)> subscriber) {
-  auto kept = std::make_shared<const std::function<void(const Values&...)>>(std::move(subscriber));
-  return [&loop, kept](const Values&... values) {
+template <typename Subscriber>
+[[nodiscard]] auto onNextPass(RunLoop& loop, Subscriber subscriber) {
+  auto kept = std::make_shared<const Subscriber>(std::move(subscriber));
+  return [&loop, kept](const auto&... values) {
     loop.post([weak = std::weak_ptr(kept), values...] {
       if (const auto alive = weak.lock()) (*alive)(values...);
     });
@@ -32,7 +32,7 @@ enum class FirstPair { told, dropped };
 template <typename One, typename Other>
 [[nodiscard]] std::pair<Subscription, Subscription> subscribeToLatest(
     Published<One>& one, Published<Other>& other, FirstPair first,
-    std::function<void(const One&, const Other&)> subscriber) {
+    std::type_identity_t<std::function<void(const One&, const Other&)>> subscriber) {
   struct Latest {
     std::optional<One> one;
     std::optional<Other> other;

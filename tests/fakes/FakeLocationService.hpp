@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "platform/LocationService.hpp"
@@ -16,7 +17,10 @@ class FakeLocationService final : public LocationService {
   void setDelegate(Delegate* delegate) override { delegate_ = delegate; }
   [[nodiscard]] AuthorizationStatus authorizationStatus() const override { return status_; }
   void requestLocation() override { ++locationRequests; }
-  void requestWhenInUseAuthorization() override { ++authorizationRequests; }
+  void requestWhenInUseAuthorization() override {
+    ++authorizationRequests;
+    if (onAuthorizationRequest) onAuthorizationRequest();
+  }
 
   void report(AuthorizationStatus status) {
     status_ = status;
@@ -35,6 +39,7 @@ class FakeLocationService final : public LocationService {
 
   int locationRequests = 0;
   int authorizationRequests = 0;
+  std::function<void()> onAuthorizationRequest;
 
  private:
   AuthorizationStatus status_;

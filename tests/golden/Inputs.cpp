@@ -1,5 +1,7 @@
 #include "tests/golden/Inputs.hpp"
 
+#include "app/AppSettings.hpp"
+
 namespace Golden {
 namespace {
 
@@ -37,6 +39,15 @@ Adhan::CalculationParameters parameters(const Json& row) {
   result.shafaq = enumerator<Adhan::Shafaq>(row.at("shafaq"));
   result.methodAdjustments = adjustments(row.at("methodAdjustments"));
   return result;
+}
+
+void chooseMethod(const Json& row) {
+  using namespace Hilalor;
+  auto& settings = AppSettings::shared();
+  settings.calculationMethod =
+      fromRawValue<PrayerCalculationMethod>(row.at("calculationMethod").get<std::string>()).value();
+  settings.asrCalculation =
+      fromRawValue<AsrCalculation>(row.at("asrCalculation").get<std::string>()).value();
 }
 
 }  // namespace Golden

@@ -24,4 +24,7 @@ template <typename E>
 /// Every field of the parameters, under its name.
 [[nodiscard]] Adhan::CalculationParameters parameters(const Json& row);
 
+/// Gives the shared settings "calculationMethod" and "asrCalculation".
+void chooseMethod(const Json& row);
+
 }  // namespace Golden

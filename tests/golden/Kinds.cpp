@@ -4,8 +4,10 @@ namespace Golden {
 
 std::span<const Kind> kinds() {
   static constexpr Kind kKinds[] = {
-      {"golden_times", checkTimes}, {"golden_solar", checkSolar},   {"golden_helpers", checkHelper},
-      {"golden_qibla", checkQibla}, {"golden_sunnah", checkSunnah},
+      {"golden_times", checkTimes},    {"golden_solar", checkSolar},
+      {"golden_helpers", checkHelper}, {"golden_qibla", checkQibla},
+      {"golden_sunnah", checkSunnah},  {"golden_schedule", checkSchedule},
+      {"golden_title", checkTitle},
   };
   return kKinds;
 }

@@ -23,5 +23,7 @@ void checkSolar(const Json& row, Checks& checks);
 void checkHelper(const Json& row, Checks& checks);
 void checkQibla(const Json& row, Checks& checks);
 void checkSunnah(const Json& row, Checks& checks);
+void checkSchedule(const Json& row, Checks& checks);
+void checkTitle(const Json& row, Checks& checks);
 
 }  // namespace Golden

@@ -1,0 +1,34 @@
+#include "app/AppDelegate.hpp"
+
+#include "app/AppSettings.hpp"
+#include "app/LocationManager.hpp"
+#include "platform/Platform.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr const char* kDidRequestLocationPermission = "didRequestLocationPermission";
+
+}  // namespace
+
+AppDelegate::AppDelegate() {
+  if (auto* updater = Platform::current().updater) updater->start();
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+  statusBarController_ = std::make_unique<StatusBarController>(Platform::current().updater);
+  requestLocationOnFirstRun();
+}
+
+void AppDelegate::requestLocationOnFirstRun() {
+  auto& store = Platform::current().defaults;
+  if (store.boolean(kDidRequestLocationPermission).value_or(false)) return;
+  // Before the request, so that a user is asked once even if the program ends before they answer.
+  store.setValue(kDidRequestLocationPermission, true);
+  if (!store.string("locationMode")) {
+    AppSettings::shared().locationMode = LocationMode::automatic;
+  }
+  LocationManager::shared().manager.requestWhenInUseAuthorization();
+}
+
+}  // namespace Hilalor

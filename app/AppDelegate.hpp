@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "app/StatusBarController.hpp"
+#include "platform/DefaultsStore.hpp"
+
+namespace Hilalor {
+
+/// Answers the application's life: builds the item in the bar when the desktop says that launching
+/// has finished. Nothing is left to do at the end, since every change was stored when it was made.
+class AppDelegate {
+ public:
+  /// Starts looking for updates, where the build has a place to look.
+  AppDelegate();
+
+  /// Launching has finished: the item appears, and the first run asks for the user's location.
+  void applicationDidFinishLaunching();
+
+ private:
+  void requestLocationOnFirstRun();
+
+  std::unique_ptr<StatusBarController> statusBarController_;
+};
+
+}  // namespace Hilalor

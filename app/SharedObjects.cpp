@@ -1,0 +1,15 @@
+#include "app/SharedObjects.hpp"
+
+#include "app/AppSettings.hpp"
+#include "app/LocationManager.hpp"
+#include "app/PrayerNotificationManager.hpp"
+
+namespace Hilalor {
+
+void resetSharedObjects() {
+  PrayerNotificationManager::resetShared();
+  AppSettings::resetShared();
+  LocationManager::resetShared();
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,115 @@
+#include "desktop/LinuxApplication.hpp"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QGuiApplication>
+#include <QSessionManager>
+#include <QVariantMap>
+#include <array>
+#include <cstdlib>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+constexpr const char* kBusName = "org.hilalor.Hilalor";
+constexpr const char* kBusPath = "/org/hilalor/Hilalor";
+constexpr const char* kApplicationInterface = "org.freedesktop.Application";
+
+// The desktop's way to talk to a program that runs once a session.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+ public:
+  ApplicationAdaptor(QObject* parent, std::function<void()> activate)
+      : QDBusAbstractAdaptor(parent), activate_(std::move(activate)) {}
+
+ public slots:
+  void Activate(const QVariantMap&) { activate_(); }
+
+ private:
+  std::function<void()> activate_;
+};
+
+// Signal handlers may do little: they write to a pipe that the event loop reads.
+std::array<int, 2> signalPipe{-1, -1};
+
+void noteSignal(int) {
+  const char byte = 0;
+  [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
+}
+
+bool isRunning = false;
+
+// When the X server goes, Qt leaves by exit(1) from within the event loop. To this program that is
+// the end of the session like any other: everything was stored when it changed.
+void endWithTheSession() {
+  if (isRunning) _exit(EXIT_SUCCESS);
+}
+
+}  // namespace
+
+LinuxApplication::LinuxApplication() {
+  isRunning = true;
+  std::atexit(endWithTheSession);
+  endOnSignals();
+  // A restored session would start the program beside its autostart entry.
+  QObject::connect(
+      qGuiApp, &QGuiApplication::commitDataRequest, this,
+      [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
+}
+
+LinuxApplication::~LinuxApplication() {
+  isRunning = false;
+  signalNotifier_.reset();
+  for (int& end : signalPipe)
+    close(std::exchange(end, -1));
+}
+
+bool LinuxApplication::becomeTheRunningCopy() {
+  auto bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return true;
+  new ApplicationAdaptor(this, [this] {
+    if (reopen_) reopen_();
+  });
+  bus.registerObject(kBusPath, this);
+  const auto reply = bus.interface()->registerService(kBusName);
+  if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) return true;
+  auto activate =
+      QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
+  activate << QVariantMap();
+  constexpr int kMillisecondsToAnswer = 1000;
+  bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
+  return false;
+}
+
+void LinuxApplication::terminate() {
+  QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+void LinuxApplication::setReopenHandler(std::function<void()> handler) {
+  reopen_ = std::move(handler);
+}
+
+void LinuxApplication::endOnSignals() {
+  if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+  signalNotifier_ = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
+  QObject::connect(signalNotifier_.get(), &QSocketNotifier::activated, this,
+                   [this] { terminate(); });
+  struct sigaction action {};
+  action.sa_handler = noteSignal;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    sigaction(signal, &action, nullptr);
+}
+
+}  // namespace Hilalor
+
+#include "LinuxApplication.moc"

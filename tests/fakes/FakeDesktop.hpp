@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Application.hpp"
+#include "platform/StatusItem.hpp"
+#include "platform/Updater.hpp"
+
+namespace Hilalor {
+
+class FakeApplication final : public Application {
+ public:
+  void terminate() override { ++terminations; }
+  void setReopenHandler(std::function<void()> handler) override { reopen = std::move(handler); }
+
+  int terminations = 0;
+  std::function<void()> reopen;
+};
+
+/// Remembers what the item shows; outlives the item that the bar gave out.
+class FakeStatusBar final : public StatusBar, public StatusButton {
+ public:
+  [[nodiscard]] std::unique_ptr<StatusItem> makeItem() override {
+    return std::make_unique<Item>(hasButton ? this : nullptr);
+  }
+
+  void setTitle(const std::string& title) override { titles.push_back(title); }
+  void setAction(std::function<void(const StatusItemClick&)> newAction) override {
+    action = std::move(newAction);
+  }
+  void setContextMenu(Menu newMenu) override { menu = std::move(newMenu); }
+
+  [[nodiscard]] const std::string& title() const { return titles.back(); }
+
+  bool hasButton = true;
+  std::vector<std::string> titles;
+  std::function<void(const StatusItemClick&)> action;
+  Menu menu;
+
+ private:
+  struct Item final : StatusItem {
+    explicit Item(StatusButton* shown) : shown_(shown) {}
+    [[nodiscard]] StatusButton* button() override { return shown_; }
+    StatusButton* shown_;
+  };
+};
+
+class FakeUpdater final : public Updater {
+ public:
+  void start() override { ++starts; }
+  void checkForUpdates() override { ++checks; }
+
+  int starts = 0;
+  int checks = 0;
+};
+
+}  // namespace Hilalor
