@@ -1,0 +1,66 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "desktop/store/DefaultsContent.hpp"
+#include "desktop/store/SqliteConnection.hpp"
+
+namespace Hilalor {
+
+/// The file of a defaults store, open for writing. Two tables: `defaults` holds a row a key with
+/// its type in words, `entries` a row an entry of a dictionary.
+///
+/// Writes go to a write-ahead log without waiting for the disk. That is enough for the end of this
+/// process, however sudden: what write() took is the kernel's. A power cut may cost the last
+/// moments before it, but leaves the file whole.
+class DefaultsFile {
+ public:
+  struct Opened {
+    /// Null where the file cannot be written, or not now.
+    std::unique_ptr<DefaultsFile> file;
+    /// What the file holds, where there is one.
+    DefaultsContent stored;
+    /// What could still be read of a damaged file. It was set aside under another name, and the
+    /// new file is empty.
+    DefaultsContent salvaged;
+  };
+
+  /// Opens the file for writing, with its folder made where they are absent.
+  [[nodiscard]] static Opened open(const std::filesystem::path& path);
+
+  /// What a file that cannot be written holds; empty where it cannot be read either.
+  [[nodiscard]] static DefaultsContent contentOfProtected(const std::filesystem::path& path);
+
+  enum class Outcome {
+    done,
+    refused,  ///< Nothing was written; it may succeed later.
+    damaged,  ///< The file is no longer sound.
+  };
+
+  /// Writes the places as they are in the content, all or none.
+  Outcome write(const DefaultsContent& content, const UnwrittenPlaces& places);
+
+  /// Whether the open file no longer lies under its name. Its log is taken away then, lest SQLite
+  /// applies it to the file that lies there now.
+  [[nodiscard]] bool leaveIfMoved();
+
+ private:
+  DefaultsFile(const std::filesystem::path& path, std::unique_ptr<SqliteConnection> connection);
+  static Outcome tryOpen(const std::filesystem::path& path, Opened& opened);
+  int writePlace(const DefaultsPlace& place, const StoredValue* value);
+
+  std::filesystem::path path_;
+  std::optional<ino_t> logId_;
+  std::unique_ptr<SqliteConnection> connection_;
+  SqliteStatement begin_;
+  SqliteStatement commit_;
+  SqliteStatement putValue_;
+  SqliteStatement putEntry_;
+  SqliteStatement removeEntry_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "desktop/store/DefaultsContent.hpp"
+#include "desktop/store/SqliteConnection.hpp"
+
+namespace Hilalor {
+
+/// The types of values as the table `defaults` names them.
+namespace DefaultsType {
+inline constexpr std::string_view kBoolean = "boolean";
+inline constexpr std::string_view kInteger = "integer";
+inline constexpr std::string_view kReal = "real";
+inline constexpr std::string_view kText = "text";
+inline constexpr std::string_view kOpaque = "opaque";
+inline constexpr std::string_view kDictionary = "dictionary";  ///< The value: rows of `entries`.
+}  // namespace DefaultsType
+
+/// Adds all that the tables hold. SQLITE_OK when everything was read and the file is sound.
+[[nodiscard]] int loadContent(const SqliteConnection& connection, DefaultsContent& content);
+
+/// All that can be read of a file, sound or not.
+[[nodiscard]] DefaultsContent readableContent(const SqliteConnection& connection);
+
+}  // namespace Hilalor

@@ -1,0 +1,191 @@
+#include "desktop/store/SqliteDefaultsStore.hpp"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <system_error>
+#include <type_traits>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+constexpr Seconds kFirstRetry{1};
+constexpr Seconds kLongestRetry{64};
+
+std::filesystem::path absolutePath(const char* variable) {
+  const char* text = std::getenv(variable);
+  const std::filesystem::path path(text != nullptr ? text : "");
+  return path.is_absolute() ? path : std::filesystem::path();
+}
+
+std::filesystem::path homeFolder() {
+  if (auto home = absolutePath("HOME"); !home.empty()) return home;
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr ? user->pw_dir : "/";
+}
+
+}  // namespace
+
+std::filesystem::path SqliteDefaultsStore::userFile() {
+  auto folder = absolutePath("XDG_CONFIG_HOME");
+  if (folder.empty()) folder = homeFolder() / ".config";
+  return folder / "hilalor" / "defaults.sqlite";
+}
+
+SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file, RunLoop& loop)
+    : path_(std::move(file)), loop_(loop), retryDelay_(kFirstRetry) {
+  std::error_code error;
+  if (!std::filesystem::exists(path_, error)) return;
+  connect();
+  if (!file_ && content_.empty()) content_ = DefaultsFile::contentOfProtected(path_);
+  if (!unwritten_.empty()) writeThrough();
+}
+
+SqliteDefaultsStore::~SqliteDefaultsStore() {
+  if (!unwritten_.empty()) writeUnwritten();
+}
+
+std::optional<DefaultsValue> SqliteDefaultsStore::value(std::string_view key) const {
+  const auto found = content_.find({std::string(key), std::nullopt});
+  if (found == content_.end()) return std::nullopt;
+  return std::visit(
+      [](const auto& stored) -> std::optional<DefaultsValue> {
+        if constexpr (std::is_same_v<decltype(stored), const DictionaryMark&>) {
+          return std::nullopt;
+        } else {
+          return stored;
+        }
+      },
+      found->second);
+}
+
+void SqliteDefaultsStore::setValue(std::string_view key, const DefaultsValue& value) {
+  const std::string name(key);
+  takeOutEntries(name);
+  put({name, std::nullopt},
+      std::visit([](const auto& plain) { return StoredValue(plain); }, value));
+  writeThrough();
+}
+
+std::optional<TextDictionary> SqliteDefaultsStore::dictionary(std::string_view key) const {
+  const std::string name(key);
+  if (!holdsDictionary(name)) return std::nullopt;
+  TextDictionary dictionary;
+  auto place = std::next(content_.find({name, std::nullopt}));
+  for (; place != content_.end() && place->first.key == name; ++place) {
+    dictionary.emplace_hint(dictionary.end(), *place->first.entry,
+                            std::get<std::string>(place->second));
+  }
+  return dictionary;
+}
+
+void SqliteDefaultsStore::setDictionary(std::string_view key, const TextDictionary& dictionary) {
+  const std::string name(key);
+  takeOutEntries(name);
+  put({name, std::nullopt}, DictionaryMark());
+  for (const auto& [entry, text] : dictionary)
+    put({name, entry}, text);
+  writeThrough();
+}
+
+void SqliteDefaultsStore::setEntry(std::string_view key, std::string_view entry,
+                                   const std::optional<std::string>& text) {
+  const std::string name(key);
+  if (!holdsDictionary(name)) {
+    takeOutEntries(name);
+    put({name, std::nullopt}, DictionaryMark());
+  }
+  DefaultsPlace place{name, std::string(entry)};
+  if (text) {
+    put(std::move(place), *text);
+  } else {
+    takeOut(place);
+  }
+  writeThrough();
+}
+
+bool SqliteDefaultsStore::holdsDictionary(const std::string& key) const {
+  const auto found = content_.find({key, std::nullopt});
+  return found != content_.end() && std::holds_alternative<DictionaryMark>(found->second);
+}
+
+void SqliteDefaultsStore::put(DefaultsPlace place, StoredValue value) {
+  unwritten_.insert(place);
+  content_.insert_or_assign(std::move(place), std::move(value));
+}
+
+void SqliteDefaultsStore::takeOut(const DefaultsPlace& place) {
+  unwritten_.insert(place);
+  content_.erase(place);
+}
+
+void SqliteDefaultsStore::takeOutEntries(const std::string& key) {
+  auto place = content_.upper_bound({key, std::nullopt});
+  while (place != content_.end() && place->first.key == key) {
+    unwritten_.insert(place->first);
+    place = content_.erase(place);
+  }
+}
+
+void SqliteDefaultsStore::writeThrough() {
+  if (!writeUnwritten()) return tryLater();
+  retry_.reset();
+  retryDelay_ = kFirstRetry;
+}
+
+// Whether everything is on the disk.
+bool SqliteDefaultsStore::writeUnwritten() {
+  if (file_ && file_->leaveIfMoved()) file_.reset();
+  // A file found damaged is set aside by opening it once more; the second is a new one.
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    if (!file_) connect();
+    if (!file_) return false;
+    switch (file_->write(content_, unwritten_)) {
+      case DefaultsFile::Outcome::done:
+        unwritten_.clear();
+        return true;
+      case DefaultsFile::Outcome::refused:
+        return false;
+      case DefaultsFile::Outcome::damaged:
+        file_.reset();
+    }
+  }
+  return false;
+}
+
+void SqliteDefaultsStore::connect() {
+  auto opened = DefaultsFile::open(path_);
+  std::erase_if(opened.salvaged, [&](const auto& item) { return unwritten_.contains(item.first); });
+  content_.merge(opened.salvaged);
+  if (!opened.file) return;
+  file_ = std::move(opened.file);
+  reconcile(std::move(opened.stored));
+}
+
+// Brings together what the file just opened holds with what is remembered.
+void SqliteDefaultsStore::reconcile(DefaultsContent stored) {
+  for (const auto& place : unwritten_) {
+    if (!content_.contains(place)) stored.erase(place);
+  }
+  for (auto& [place, value] : content_) {
+    const bool isNews = unwritten_.contains(place);
+    if (!isNews && (stored.contains(place) || std::holds_alternative<OpaqueValue>(value))) continue;
+    unwritten_.insert(place);
+    stored.insert_or_assign(place, std::move(value));
+  }
+  content_ = std::move(stored);
+}
+
+void SqliteDefaultsStore::tryLater() {
+  if (retry_) return;
+  retry_ = loop_.once(retryDelay_, [this] {
+    const auto finished = std::move(retry_);
+    writeThrough();
+  });
+  retryDelay_ = std::min(retryDelay_ * 2, kLongestRetry);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "desktop/store/DefaultsContent.hpp"
+#include "desktop/store/DefaultsFile.hpp"
+#include "platform/DefaultsStore.hpp"
+#include "platform/RunLoop.hpp"
+
+namespace Hilalor {
+
+/// The defaults store in an SQLite file. All is read once, at construction, and served from memory;
+/// each write goes through to the disk before its call returns.
+///
+/// What the disk refuses (full, protected, locked by another program) waits in memory and is tried
+/// again with every further write and after a while; there is no timer when nothing waits. A
+/// damaged file is set aside, and what could be read of it goes into a new one. A file that was
+/// deleted is made anew, and one put in its place gains what only this program remembers; where
+/// both have a value, the file's stands, unless ours was never written.
+///
+/// Nothing is created before the first write.
+class SqliteDefaultsStore final : public DefaultsStore {
+ public:
+  /// The loop must outlive the store.
+  SqliteDefaultsStore(std::filesystem::path file, RunLoop& loop);
+  SqliteDefaultsStore(const SqliteDefaultsStore&) = delete;
+  SqliteDefaultsStore& operator=(const SqliteDefaultsStore&) = delete;
+  ~SqliteDefaultsStore() override;
+
+  /// "hilalor/defaults.sqlite" in the user's configuration folder: XDG_CONFIG_HOME, or ".config" in
+  /// the home folder.
+  [[nodiscard]] static std::filesystem::path userFile();
+
+  // DefaultsStore
+  [[nodiscard]] std::optional<DefaultsValue> value(std::string_view key) const override;
+  void setValue(std::string_view key, const DefaultsValue& value) override;
+  [[nodiscard]] std::optional<TextDictionary> dictionary(std::string_view key) const override;
+  void setDictionary(std::string_view key, const TextDictionary& dictionary) override;
+  void setEntry(std::string_view key, std::string_view entry,
+                const std::optional<std::string>& text) override;
+
+ private:
+  [[nodiscard]] bool holdsDictionary(const std::string& key) const;
+  void put(DefaultsPlace place, StoredValue value);
+  void takeOut(const DefaultsPlace& place);
+  void takeOutEntries(const std::string& key);
+
+  void writeThrough();
+  bool writeUnwritten();
+  void connect();
+  void reconcile(DefaultsContent stored);
+  void tryLater();
+
+  std::filesystem::path path_;
+  RunLoop& loop_;
+  std::unique_ptr<DefaultsFile> file_;  // null while the disk refuses
+  DefaultsContent content_;
+  UnwrittenPlaces unwritten_;
+  Seconds retryDelay_;
+  std::unique_ptr<Timer> retry_;
+};
+
+}  // namespace Hilalor
