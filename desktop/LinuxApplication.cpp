@@ -32,7 +32,7 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor {
   ApplicationAdaptor(QObject* parent, std::function<void()> activate)
       : QDBusAbstractAdaptor(parent), activate_(std::move(activate)) {}
 
- public slots:
+ public Q_SLOTS:
   void Activate(const QVariantMap&) { activate_(); }
 
  private:

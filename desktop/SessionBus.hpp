@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "platform/RunLoop.hpp"
+#include "platform/Signal.hpp"
+
+namespace Hilalor {
+
+/// The user's message bus. Connecting never holds up the main thread; a bus that is not there, or
+/// goes away, is looked for twice a minute until it comes. Main thread.
+class SessionBus : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Starts to connect. The loop must outlive the bus.
+  explicit SessionBus(RunLoop& loop);
+  ~SessionBus() override;
+
+  /// None while there is no bus.
+  [[nodiscard]] const std::optional<QDBusConnection>& connection() const { return connection_; }
+
+  /// Whether the first attempt to connect has ended, well or not.
+  [[nodiscard]] bool isSettled() const { return isSettled_; }
+
+  /// The first attempt has ended, or the connection has come or gone. What was exported on or
+  /// watched through an earlier connection is gone with it.
+  Signal<> changed;
+
+ private Q_SLOTS:
+  void lose();
+
+ private:
+  void connectInBackground();
+  void use(const std::optional<QDBusConnection>& connection);
+
+  RunLoop& loop_;
+  std::optional<QDBusConnection> connection_;
+  bool isSettled_ = false;
+  int attempts_ = 0;
+  std::unique_ptr<Timer> retry_;
+};
+
+}  // namespace Hilalor

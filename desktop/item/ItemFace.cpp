@@ -1,0 +1,94 @@
+#include "desktop/item/ItemFace.hpp"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+/// Of the natural width, what a title can do without.
+constexpr int kSpareAir = 4;
+
+Rect platformRect(const QRect& rect) {
+  return {{static_cast<double>(rect.x()), static_cast<double>(rect.y())},
+          {static_cast<double>(rect.width()), static_cast<double>(rect.height())}};
+}
+
+}  // namespace
+
+ItemFace::ItemFace(const ItemContent& content, const ItemPainter& painter, Ground ground)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint |
+                           Qt::WindowDoesNotAcceptFocus),
+      content_(content),
+      painter_(painter),
+      placeFinder_([this] { return std::optional(geometry()); }) {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_AlwaysShowToolTips);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setAttribute(ground == Ground::transparent ? Qt::WA_TranslucentBackground
+                                             : Qt::WA_OpaquePaintEvent);
+  titleChanged();
+}
+
+void ItemFace::setPlaceFinder(std::function<std::optional<QRect>()> finder) {
+  placeFinder_ = std::move(finder);
+}
+
+void ItemFace::setInk(const Ink& ink) {
+  if (ink == ink_) return;
+  ink_ = ink;
+  update();
+}
+
+void ItemFace::setBackdrop(QImage backdrop) {
+  backdrop_ = std::move(backdrop);
+  update();
+}
+
+int ItemFace::naturalWidth(int barHeight) const {
+  return painter_.naturalWidth(content_.title, barHeight);
+}
+
+void ItemFace::titleChanged() {
+  setWindowTitle(content_.title);
+  setAccessibleName(content_.title);
+  setToolTip(content_.title);
+  update();
+}
+
+void ItemFace::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (testAttribute(Qt::WA_OpaquePaintEvent)) painter.fillRect(rect(), palette().window());
+  if (!backdrop_.isNull()) painter.drawImage(QPoint(), backdrop_);
+  if (naturalWidth(height()) <= width() + kSpareAir) {
+    painter_.drawTitle(painter, rect(), content_.title, ink_);
+  } else {
+    painter_.drawCompact(painter, rect(), content_.title);
+  }
+}
+
+void ItemFace::mouseReleaseEvent(QMouseEvent* event) {
+  const bool isLeft = event->button() == Qt::LeftButton;
+  const bool isRight = event->button() == Qt::RightButton;
+  if (!(isLeft || isRight) || !rect().contains(event->position().toPoint())) return;
+
+  const QPoint pointer = event->globalPosition().toPoint();
+  const auto item = place(pointer);
+  StatusItemClick click;
+  click.button = isLeft ? StatusItemClick::Button::left : StatusItemClick::Button::right;
+  if (item) click.item = platformRect(*item);
+  click.pointer = {event->globalPosition().x(), event->globalPosition().y()};
+  const QPointer<ItemFace> alive(this);
+  content_.tell(click);
+  if (isRight && alive) menu_.open(content_.menu, item);
+}
+
+std::optional<QRect> ItemFace::place(const QPoint& pointer) const {
+  const auto found = placeFinder_();
+  // A tray that draws copies of its windows elsewhere gives itself away: the pointer is not on us.
+  return found && found->contains(pointer) ? found : std::nullopt;
+}
+
+}  // namespace Hilalor

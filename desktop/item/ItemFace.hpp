@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+#include "desktop/item/ItemMenu.hpp"
+#include "desktop/item/ItemPainter.hpp"
+#include "desktop/item/ItemPresence.hpp"
+
+namespace Hilalor {
+
+/// The item as a window of our own: the whole title where it has the width for it, else a square.
+/// Tells of clicks on their release and opens the menu.
+class ItemFace : public QWidget {
+ public:
+  enum class Ground { transparent, opaque };
+
+  /// Content and painter must outlive the face.
+  ItemFace(const ItemContent& content, const ItemPainter& painter, Ground ground);
+
+  /// How the face learns where it stands on the screen, in logical pixels, when it is clicked; by
+  /// itself it knows that only of a window that stands alone.
+  void setPlaceFinder(std::function<std::optional<QRect>()> finder);
+
+  void setInk(const Ink& ink);
+
+  /// What is drawn behind the title, from the top left; nothing if null.
+  void setBackdrop(QImage backdrop);
+
+  /// What the whole title takes at the given height, in logical pixels.
+  [[nodiscard]] int naturalWidth(int barHeight) const;
+
+  /// Takes the title from the content.
+  void titleChanged();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  [[nodiscard]] std::optional<QRect> place(const QPoint& pointer) const;
+
+  const ItemContent& content_;
+  const ItemPainter& painter_;
+  std::function<std::optional<QRect>()> placeFinder_;
+  Ink ink_;
+  QImage backdrop_;
+  ItemMenu menu_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,16 @@
+#include "desktop/item/ItemKind.hpp"
+
+namespace Hilalor {
+
+ItemKind bestKind(const BarHosts& hosts) {
+  using Notifier = BarHosts::Notifier;
+  if (hosts.prefersNotifier) {
+    if (hosts.notifier == Notifier::present) return ItemKind::notifier;
+    if (hosts.notifier == Notifier::unknown) return ItemKind::none;
+  }
+  if (hosts.systemTray) return ItemKind::trayWindow;
+  if (hosts.notifier == Notifier::present) return ItemKind::notifier;
+  return hosts.stripIsDue ? ItemKind::strip : ItemKind::none;
+}
+
+}  // namespace Hilalor

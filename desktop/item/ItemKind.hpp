@@ -1,0 +1,23 @@
+#pragma once
+
+namespace Hilalor {
+
+/// The ways of being in the bar.
+enum class ItemKind { none, trayWindow, notifier, strip };
+
+/// What there is to be in. `notifier` is not answered until the bus has been asked.
+struct BarHosts {
+  enum class Notifier { unknown, absent, present };
+
+  bool systemTray = false;
+  Notifier notifier = Notifier::unknown;
+  /// The desktop's own bar does better by an item on D-Bus than by a window in its tray.
+  bool prefersNotifier = false;
+  /// Nothing else has come for a while, and windows can be placed.
+  bool stripIsDue = false;
+};
+
+/// The best way for the hosts there are.
+[[nodiscard]] ItemKind bestKind(const BarHosts& hosts);
+
+}  // namespace Hilalor

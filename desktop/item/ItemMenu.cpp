@@ -1,0 +1,40 @@
+#include "desktop/item/ItemMenu.hpp"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
+
+namespace Hilalor {
+namespace {
+
+QPoint anchor(const QRect& item, const QSize& menu) {
+  const QScreen* screen = QGuiApplication::screenAt(item.center());
+  const bool isInUpperHalf =
+      screen == nullptr || item.center().y() < screen->geometry().center().y();
+  return isInUpperHalf ? item.bottomLeft() + QPoint(0, 1)
+                       : item.topLeft() - QPoint(0, menu.height());
+}
+
+}  // namespace
+
+ItemMenu::ItemMenu() = default;
+ItemMenu::~ItemMenu() = default;
+
+void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
+  if (menu.empty()) return;
+  menu_ = std::make_unique<QMenu>();
+  for (const auto& line : menu) {
+    menu_->addAction(marked(line, u'&'), menu_.get(), line.action);
+  }
+  menu_->popup(item ? anchor(*item, menu_->sizeHint()) : QCursor::pos());
+}
+
+QString ItemMenu::marked(const MenuItem& item, QChar sign) {
+  QString title = QString::fromStdString(item.title);
+  if (item.keyEquivalent == '\0') return title;
+  const auto place = title.indexOf(QLatin1Char(item.keyEquivalent), 0, Qt::CaseInsensitive);
+  return place < 0 ? title : title.insert(place, sign);
+}
+
+}  // namespace Hilalor

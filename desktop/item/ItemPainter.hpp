@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QString>
+#include <optional>
+
+#include "desktop/item/GlyphPictures.hpp"
+
+class QPainter;
+
+namespace Hilalor {
+
+/// The colours of a text on a bar.
+struct Ink {
+  QColor text;
+  /// Drawn around the letters where what is behind them is unknown.
+  std::optional<QColor> halo;
+
+  /// Dark on a light ground, light on a dark one.
+  [[nodiscard]] static Ink on(const QColor& ground);
+
+  friend bool operator==(const Ink&, const Ink&) = default;
+};
+
+/// Draws the item's title: whole as a bar's text, or as a square. All lengths are in the pixels of
+/// the painter given.
+class ItemPainter {
+ public:
+  /// The pictures must outlive the painter.
+  explicit ItemPainter(GlyphPictures& pictures) : pictures_(pictures) {}
+
+  /// What the whole title takes on a bar of that height, with a little air at both ends.
+  [[nodiscard]] int naturalWidth(const QString& title, int barHeight) const;
+
+  /// The whole title in one line in the middle of the rectangle.
+  void drawTitle(QPainter& painter, const QRect& rect, const QString& title, const Ink& ink) const;
+
+  /// The title as a square in the middle of the rectangle, readable on any bar.
+  void drawCompact(QPainter& painter, const QRect& rect, const QString& title) const;
+
+  /// The square as a picture with a transparent ground.
+  [[nodiscard]] QImage compactPicture(const QString& title, int side) const;
+
+  /// The whole title as a picture of that height, readable on any bar.
+  [[nodiscard]] QImage widePicture(const QString& title, int height) const;
+
+ private:
+  void drawPage(QPainter& painter, const QRect& square, const QString& day) const;
+  void drawLines(QPainter& painter, const QRect& square, const CompactTitle& compact) const;
+
+  GlyphPictures& pictures_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "platform/StatusItem.hpp"
+
+namespace Hilalor {
+
+/// What the item says and does, whatever shows it at the moment.
+struct ItemContent {
+  QString title;
+  std::function<void(const StatusItemClick&)> action;
+  Menu menu;
+
+  void tell(const StatusItemClick& click) const {
+    // The action may replace itself or take the item away.
+    if (const auto kept = action) kept(click);
+  }
+};
+
+/// One way of being in the bar, for as long as it lives. Main thread.
+class ItemPresence {
+ public:
+  virtual ~ItemPresence() = default;
+
+  /// The content's title has become another.
+  virtual void titleChanged() = 0;
+};
+
+}  // namespace Hilalor

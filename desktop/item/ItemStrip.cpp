@@ -1,0 +1,64 @@
+#include "desktop/item/ItemStrip.hpp"
+
+#include <QBitmap>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QScreen>
+
+namespace Hilalor {
+namespace {
+
+constexpr int kHeight = 24;
+constexpr int kCornerRadius = 6;
+const QColor kGround(38, 43, 40);
+
+/// Square at the edges of the screen, round at the corner that stands free.
+QBitmap shape(const QSize& size) {
+  QBitmap mask(size);
+  mask.clear();
+  QPainter painter(&mask);
+  painter.setBrush(Qt::color1);
+  painter.drawRoundedRect(
+      QRect(QPoint(0, -2 * kCornerRadius), size + QSize(2 * kCornerRadius, 2 * kCornerRadius - 1)),
+      kCornerRadius, kCornerRadius);
+  return mask;
+}
+
+}  // namespace
+
+ItemStrip::ItemStrip(const ItemContent& content, const ItemPainter& painter)
+    : face_(content, painter, ItemFace::Ground::opaque) {
+  face_.setPalette(QPalette(kGround));
+  face_.setInk(Ink::on(kGround));
+  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] {
+    watchScreen();
+    place();
+  });
+  watchScreen();
+  place();
+  face_.show();
+}
+
+void ItemStrip::titleChanged() {
+  face_.titleChanged();
+  place();
+  face_.raise();
+}
+
+void ItemStrip::watchScreen() {
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    connect(screen, &QScreen::availableGeometryChanged, this, [this] { place(); });
+  }
+}
+
+void ItemStrip::place() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return;
+  const QSize size(face_.naturalWidth(kHeight), kHeight);
+  const QRect free = screen->availableGeometry();
+  face_.setGeometry(QRect(QPoint(free.x() + free.width() - size.width(), free.y()), size));
+  face_.setMask(shape(size));
+}
+
+}  // namespace Hilalor

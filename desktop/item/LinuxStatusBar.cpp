@@ -1,0 +1,22 @@
+#include "desktop/item/LinuxStatusBar.hpp"
+
+#include "desktop/item/LinuxStatusItem.hpp"
+#include "desktop/item/SystemTray.hpp"
+
+namespace Hilalor {
+
+LinuxStatusBar::LinuxStatusBar(RunLoop& loop, SessionBus& bus,
+                               const std::filesystem::path& pictures)
+    : loop_(loop),
+      pictures_(pictures),
+      painter_(pictures_),
+      tray_(SystemTray::ofDisplay()),
+      notifier_(bus) {}
+
+LinuxStatusBar::~LinuxStatusBar() = default;
+
+std::unique_ptr<StatusItem> LinuxStatusBar::makeItem() {
+  return std::make_unique<LinuxStatusItem>(loop_, tray_.get(), notifier_, painter_, pictures_);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "desktop/SessionBus.hpp"
+#include "desktop/item/GlyphPictures.hpp"
+#include "desktop/item/ItemPainter.hpp"
+#include "desktop/item/NotifierHost.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/StatusItem.hpp"
+
+namespace Hilalor {
+
+class SystemTray;
+
+/// The bars of Linux desktops: a window of our own in an X11 system tray, an item on D-Bus, or,
+/// where there is neither, a strip of our own at the edge of the screen. Needs the Qt application.
+class LinuxStatusBar : public StatusBar {
+ public:
+  /// `pictures` is the folder of the item's pictures. Loop and bus must outlive the bar.
+  LinuxStatusBar(RunLoop& loop, SessionBus& bus, const std::filesystem::path& pictures);
+
+  ~LinuxStatusBar() override;
+
+  /// One at a time: a tray or a D-Bus name has room for one. The bar must outlive its item.
+  [[nodiscard]] std::unique_ptr<StatusItem> makeItem() override;
+
+ private:
+  RunLoop& loop_;
+  GlyphPictures pictures_;
+  ItemPainter painter_;
+  std::unique_ptr<SystemTray> tray_;
+  NotifierHost notifier_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,127 @@
+#include "desktop/item/LinuxStatusItem.hpp"
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <utility>
+
+#include "desktop/item/ItemStrip.hpp"
+#include "desktop/item/NotifierItem.hpp"
+#include "desktop/item/TrayWindow.hpp"
+
+namespace Hilalor {
+namespace {
+
+/// A bar that is starting, or starting again, has this long before the strip shows.
+constexpr std::chrono::seconds kWaitForBar{3};
+
+/// Desktops that draw an item's label, or make shrunken pictures of the windows in their tray.
+bool desktopPrefersNotifier() {
+  static constexpr std::array kDesktops = {"GNOME", "Unity", "KDE", "LXQt", "X-Cinnamon"};
+  const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+  return std::any_of(kDesktops.begin(), kDesktops.end(), [&](const char* desktop) {
+    return names.contains(QLatin1String(desktop), Qt::CaseInsensitive);
+  });
+}
+
+BarHosts::Notifier notifierOf(NotifierHost::State state) {
+  switch (state) {
+    case NotifierHost::State::unknown:
+      return BarHosts::Notifier::unknown;
+    case NotifierHost::State::absent:
+      return BarHosts::Notifier::absent;
+    case NotifierHost::State::present:
+      return BarHosts::Notifier::present;
+  }
+  return BarHosts::Notifier::unknown;
+}
+
+}  // namespace
+
+LinuxStatusItem::LinuxStatusItem(RunLoop& loop, SystemTray* tray, NotifierHost& notifier,
+                                 const ItemPainter& painter, const GlyphPictures& pictures)
+    : loop_(loop), tray_(tray), notifier_(notifier), painter_(painter), pictures_(pictures) {
+  if (tray_ != nullptr) trayChanged_ = tray_->changed.subscribe([this] { trayChanged(); });
+  notifierChanged_ = notifier_.changed.subscribe([this] { notifierChanged(); });
+  // On the next pass the item has its title and its menu.
+  firstChoice_ = loop_.once(Seconds(0), [this] { choose(); });
+}
+
+LinuxStatusItem::~LinuxStatusItem() = default;
+
+void LinuxStatusItem::setTitle(const std::string& title) {
+  auto text = QString::fromStdString(title);
+  if (text == content_.title) return;
+  content_.title = std::move(text);
+  if (presence_) presence_->titleChanged();
+}
+
+void LinuxStatusItem::setAction(std::function<void(const StatusItemClick&)> action) {
+  content_.action = std::move(action);
+}
+
+void LinuxStatusItem::setContextMenu(Menu menu) {
+  content_.menu = std::move(menu);
+}
+
+BarHosts LinuxStatusItem::hosts() const {
+  static const bool prefersNotifier = desktopPrefersNotifier();
+  return {.systemTray = tray_ != nullptr && tray_->isThere() && !trayRefuses_,
+          .notifier = notifierOf(notifier_.state()),
+          .prefersNotifier = prefersNotifier,
+          .stripIsDue = stripIsDue_};
+}
+
+void LinuxStatusItem::trayChanged() {
+  trayRefuses_ = false;
+  // The window has gone with its tray, or belongs to the one before.
+  if (kind_ == ItemKind::trayWindow) show(ItemKind::none);
+  choose();
+}
+
+void LinuxStatusItem::notifierChanged() {
+  if (kind_ == ItemKind::notifier) show(ItemKind::none);
+  choose();
+}
+
+void LinuxStatusItem::choose() {
+  const auto kind = bestKind(hosts());
+  if (kind != kind_) show(kind);
+  if (kind == ItemKind::none) return waitForBar();
+  waitForBar_.reset();
+  stripIsDue_ = kind == ItemKind::strip;
+}
+
+void LinuxStatusItem::waitForBar() {
+  // Wayland has no place for a strip.
+  if (waitForBar_ || QGuiApplication::platformName() != QStringLiteral("xcb")) return;
+  waitForBar_ = loop_.once(kWaitForBar, [this] {
+    stripIsDue_ = true;
+    choose();
+  });
+}
+
+void LinuxStatusItem::show(ItemKind kind) {
+  // The one before goes first: the tray watches one window.
+  presence_.reset();
+  kind_ = kind;
+  switch (kind) {
+    case ItemKind::none:
+      return;
+    case ItemKind::trayWindow:
+      presence_ = std::make_unique<TrayWindow>(*tray_, loop_, content_, painter_, [this] {
+        trayRefuses_ = true;
+        choose();
+      });
+      return;
+    case ItemKind::notifier:
+      presence_ = std::make_unique<NotifierItem>(notifier_, content_, painter_, pictures_);
+      return;
+    case ItemKind::strip:
+      presence_ = std::make_unique<ItemStrip>(content_, painter_);
+      return;
+  }
+}
+
+}  // namespace Hilalor

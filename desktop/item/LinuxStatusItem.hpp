@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+
+#include "desktop/item/GlyphPictures.hpp"
+#include "desktop/item/ItemKind.hpp"
+#include "desktop/item/ItemPainter.hpp"
+#include "desktop/item/ItemPresence.hpp"
+#include "desktop/item/NotifierHost.hpp"
+#include "desktop/item/SystemTray.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/StatusItem.hpp"
+
+namespace Hilalor {
+
+/// The item, shown in the best way for the hosts there are, and anew whenever they come or go.
+class LinuxStatusItem : public StatusItem, public StatusButton {
+ public:
+  /// `tray` is null where the program is not on X11. All must outlive the item.
+  LinuxStatusItem(RunLoop& loop, SystemTray* tray, NotifierHost& notifier,
+                  const ItemPainter& painter, const GlyphPictures& pictures);
+  ~LinuxStatusItem() override;
+
+  [[nodiscard]] StatusButton* button() override { return this; }
+  void setTitle(const std::string& title) override;
+  void setAction(std::function<void(const StatusItemClick&)> action) override;
+  void setContextMenu(Menu menu) override;
+
+ private:
+  [[nodiscard]] BarHosts hosts() const;
+  void trayChanged();
+  void notifierChanged();
+  void choose();
+  void waitForBar();
+  void show(ItemKind kind);
+
+  RunLoop& loop_;
+  SystemTray* tray_;
+  NotifierHost& notifier_;
+  const ItemPainter& painter_;
+  const GlyphPictures& pictures_;
+
+  ItemContent content_;
+  ItemKind kind_ = ItemKind::none;
+  std::unique_ptr<ItemPresence> presence_;
+  bool trayRefuses_ = false;
+  bool stripIsDue_ = false;
+  std::unique_ptr<Timer> firstChoice_;
+  std::unique_ptr<Timer> waitForBar_;
+  Subscription trayChanged_;
+  Subscription notifierChanged_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,119 @@
+#include "desktop/item/NotifierHost.hpp"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QFile>
+#include <functional>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kPath = QStringLiteral("/StatusNotifierWatcher");
+const QString kBusService = QStringLiteral("org.freedesktop.DBus");
+const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
+
+QDBusMessage busCall(const QString& method, const QString& argument) {
+  auto call = QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, method);
+  call << argument;
+  return call;
+}
+
+QString processName(uint process) {
+  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return QString::fromUtf8(file.readAll()).trimmed();
+}
+
+/// Calls back with the reply, good or bad, unless the receiver has gone.
+void whenAnswered(const QDBusPendingCall& call, QObject* receiver,
+                  std::function<void(const QDBusPendingCall&)> answer) {
+  auto* watcher = new QDBusPendingCallWatcher(call, receiver);  // NOLINT: the receiver owns it
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, receiver,
+                   [answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
+                     finished->deleteLater();
+                     answer(*finished);
+                   });
+}
+
+}  // namespace
+
+NotifierDrawing notifierDrawing(const QString& processName) {
+  // Ayatana's and Ubuntu's indicators, GNOME's extension, Cinnamon's and MATE's XApp icons.
+  for (const auto* prefix :
+       {"ayatana-indica", "indicator-appl", "gnome-shell", "cinnamon", "xapp-sn-watcher"}) {
+    if (processName.startsWith(QLatin1String(prefix))) return NotifierDrawing::label;
+  }
+  return processName == QStringLiteral("waybar") ? NotifierDrawing::wide : NotifierDrawing::square;
+}
+
+NotifierHost::NotifierHost(SessionBus& bus) : bus_(bus) {
+  busChanged_ = bus_.changed.subscribe([this] { begin(); });
+  if (bus_.isSettled()) begin();
+}
+
+void NotifierHost::begin() {
+  ++generation_;
+  watcher_.reset();
+  if (!bus_.connection()) return setState(State::absent);
+  if (state_ == State::present) setState(State::absent);
+  auto connection = *bus_.connection();
+  watcher_ = std::make_unique<QDBusServiceWatcher>(kService, connection);
+  connect(watcher_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+          [this](const QString&, const QString&, const QString& owner) { find(owner); });
+  // From any sender: naming the service here would wait for the bus to tell who that is.
+  for (const auto* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
+    connection.connect({}, kPath, kService, QLatin1String(signal), this, SLOT(askIfItShows()));
+  }
+  const auto call = connection.asyncCall(busCall(QStringLiteral("GetNameOwner"), kService));
+  whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
+    const QDBusPendingReply<QString> owner = answer;
+    if (generation == generation_) find(owner.isError() ? QString() : owner.value());
+  });
+}
+
+void NotifierHost::find(const QString& owner) {
+  ++generation_;
+  if (owner.isEmpty()) return setState(State::absent);
+  if (state_ == State::present) setState(State::absent);
+  const auto call =
+      bus_.connection()->asyncCall(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner));
+  whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
+    if (generation != generation_) return;
+    const QDBusPendingReply<uint> process = answer;
+    drawing_ = notifierDrawing(process.isError() ? QString() : processName(process.value()));
+    askIfItShows();
+  });
+}
+
+void NotifierHost::askIfItShows() {
+  if (!bus_.connection()) return;
+  auto call = QDBusMessage::createMethodCall(
+      kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  call << kService << QStringLiteral("IsStatusNotifierHostRegistered");
+  whenAnswered(bus_.connection()->asyncCall(call), this,
+               [this, generation = generation_](const QDBusPendingCall& answer) {
+                 if (generation != generation_) return;
+                 const QDBusPendingReply<QDBusVariant> shows = answer;
+                 // Some that show items do not have the property.
+                 const bool isHost = shows.isError() || shows.value().variant().toBool();
+                 setState(isHost ? State::present : State::absent);
+               });
+}
+
+void NotifierHost::registerItem(const QString& name) const {
+  if (!bus_.connection()) return;
+  auto call = QDBusMessage::createMethodCall(kService, kPath, kService,
+                                             QStringLiteral("RegisterStatusNotifierItem"));
+  call << name;
+  bus_.connection()->asyncCall(call);
+}
+
+void NotifierHost::setState(State state) {
+  if (std::exchange(state_, state) != state) changed.emit();
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "desktop/SessionBus.hpp"
+
+namespace Hilalor {
+
+/// What a bar makes of an item on D-Bus.
+enum class NotifierDrawing {
+  square,  ///< Squeezes every picture into a square.
+  wide,    ///< Keeps a picture's width.
+  label,   ///< Draws the item's label as text.
+};
+
+/// By the name of the process that runs the bar, as the kernel keeps it (15 bytes at most).
+[[nodiscard]] NotifierDrawing notifierDrawing(const QString& processName);
+
+/// The bar that shows items on D-Bus (StatusNotifierItem), one at a time, as it comes and goes.
+class NotifierHost : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class State { unknown, absent, present };
+
+  /// The bus must outlive the host.
+  explicit NotifierHost(SessionBus& bus);
+
+  /// Unknown only until the bus has been asked for the first time.
+  [[nodiscard]] State state() const { return state_; }
+
+  /// Of the bar that is present.
+  [[nodiscard]] NotifierDrawing drawing() const { return drawing_; }
+
+  [[nodiscard]] SessionBus& bus() { return bus_; }
+
+  /// Shows the item exported at /StatusNotifierItem under the given name on the bus.
+  void registerItem(const QString& name) const;
+
+  /// Told when a bar has come or gone; a bar that is another one goes first.
+  Signal<> changed;
+
+ private Q_SLOTS:
+  void askIfItShows();
+
+ private:
+  void begin();
+  void find(const QString& owner);
+  void setState(State state);
+
+  SessionBus& bus_;
+  Subscription busChanged_;
+  std::unique_ptr<QDBusServiceWatcher> watcher_;
+  /// Counts the watchers seen, so that an answer that is late is not taken for the present one's.
+  int generation_ = 0;
+  State state_ = State::unknown;
+  NotifierDrawing drawing_ = NotifierDrawing::square;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,149 @@
+#include "desktop/item/NotifierItem.hpp"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QGuiApplication>
+#include <QRegularExpression>
+
+namespace Hilalor {
+namespace {
+
+const QString kItemPath = QStringLiteral("/StatusNotifierItem");
+const QString kMenuPath = QStringLiteral("/MenuBar");
+constexpr auto kExported = QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSlots |
+                           QDBusConnection::ExportAllSignals;
+
+/// Of a name request: none but this program may have it.
+constexpr uint kDoNotQueue = 4;
+
+/// The sizes bars draw icons at, ordinary and on dense screens; each is drawn for itself.
+constexpr int kSquareSides[] = {16, 22, 24, 32, 48};
+constexpr int kWideHeights[] = {24, 48};
+
+QDBusMessage busCall(const QString& method) {
+  return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                        QStringLiteral("/org/freedesktop/DBus"),
+                                        QStringLiteral("org.freedesktop.DBus"), method);
+}
+
+/// Another one for every item: a bar forgets an item only with its name.
+QString freshName() {
+  static int count = 0;
+  return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
+      .arg(QCoreApplication::applicationPid())
+      .arg(++count);
+}
+
+/// Wayland does not tell programs where the pointer is.
+std::optional<Point> pointerPlace() {
+  if (QGuiApplication::platformName() != QStringLiteral("xcb")) return std::nullopt;
+  const QPoint pointer = QCursor::pos();
+  return Point{static_cast<double>(pointer.x()), static_cast<double>(pointer.y())};
+}
+
+}  // namespace
+
+NotifierItem::NotifierItem(NotifierHost& host, const ItemContent& content,
+                           const ItemPainter& painter, const GlyphPictures& pictures)
+    : host_(host),
+      connection_(*host.bus().connection()),
+      drawing_(host.drawing()),
+      content_(content),
+      painter_(painter),
+      pictures_(pictures),
+      name_(freshName()),
+      dbusMenu_(content.menu, [this] { tell(StatusItemClick::Button::right); }) {
+  registerNotifierTypes();
+  connection_.registerObject(kItemPath, this, kExported);
+  connection_.registerObject(kMenuPath, &dbusMenu_, kExported);
+  auto request = busCall(QStringLiteral("RequestName"));
+  request << name_ << kDoNotQueue;
+  connection_.asyncCall(request);
+  host_.registerItem(name_);
+}
+
+NotifierItem::~NotifierItem() {
+  connection_.unregisterObject(kItemPath);
+  connection_.unregisterObject(kMenuPath);
+  // Bars take away an item whose name is gone.
+  auto release = busCall(QStringLiteral("ReleaseName"));
+  release << name_;
+  connection_.asyncCall(release);
+}
+
+void NotifierItem::titleChanged() {
+  Q_EMIT NewTitle();
+  Q_EMIT NewToolTip();
+  Q_EMIT XAyatanaNewLabel(label(), labelGuide());
+  Q_EMIT NewIcon();
+}
+
+QString NotifierItem::iconName() const {
+  if (drawing_ != NotifierDrawing::label) return {};
+  const auto glyph = TitleParts::of(content_.title).glyph;
+  return pictures_.file(isGlyphLeftToThePicture() ? glyph : TitleParts::Glyph::none);
+}
+
+QList<NotifierPixmap> NotifierItem::iconPixmap() const {
+  QList<NotifierPixmap> pixmaps;
+  switch (drawing_) {
+    case NotifierDrawing::label:
+      break;
+    case NotifierDrawing::wide:
+      for (const int height : kWideHeights) {
+        pixmaps.append(NotifierPixmap::of(painter_.widePicture(content_.title, height)));
+      }
+      break;
+    case NotifierDrawing::square:
+      for (const int side : kSquareSides) {
+        pixmaps.append(NotifierPixmap::of(painter_.compactPicture(content_.title, side)));
+      }
+      break;
+  }
+  return pixmaps;
+}
+
+QDBusObjectPath NotifierItem::menuPath() const {
+  return QDBusObjectPath(kMenuPath);
+}
+
+QString NotifierItem::label() const {
+  return isGlyphLeftToThePicture() ? TitleParts::of(content_.title).text : content_.title;
+}
+
+QString NotifierItem::labelGuide() const {
+  static const QRegularExpression digits(QStringLiteral("\\d"));
+  return label().replace(digits, QStringLiteral("0"));
+}
+
+void NotifierItem::Activate(int, int) {
+  tell(StatusItemClick::Button::left);
+}
+
+// On bars that open the menu with the left button, the middle one is the way to the item itself.
+void NotifierItem::SecondaryActivate(int, int) {
+  tell(StatusItemClick::Button::left);
+}
+
+void NotifierItem::XAyatanaSecondaryActivate(uint) {
+  tell(StatusItemClick::Button::left);
+}
+
+void NotifierItem::ContextMenu(int, int) {
+  tell(StatusItemClick::Button::right);
+  ownMenu_.open(content_.menu, std::nullopt);
+}
+
+void NotifierItem::tell(StatusItemClick::Button button) const {
+  content_.tell({button, std::nullopt, pointerPlace()});
+}
+
+bool NotifierItem::isGlyphLeftToThePicture() const {
+  const auto glyph = TitleParts::of(content_.title).glyph;
+  return drawing_ == NotifierDrawing::label && glyph != TitleParts::Glyph::none &&
+         !GlyphPictures::fontHas(glyph);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,103 @@
+#include "desktop/item/TrayWindow.hpp"
+
+#include <QEvent>
+#include <QWindow>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+/// The height of icons in common trays; the tray makes of it what its bar has.
+constexpr int kAskedHeight = 22;
+constexpr std::chrono::seconds kPatience{1};
+const Ink kInkOnUnknown{Qt::white, QColor(0, 0, 0, 150)};
+
+}  // namespace
+
+TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& content,
+                       const ItemPainter& painter, std::function<void()> refused)
+    : tray_(tray),
+      refused_(std::move(refused)),
+      face_(content, painter,
+            tray.isTransparent() ? ItemFace::Ground::transparent : ItemFace::Ground::opaque) {
+  face_.setPlaceFinder([this] { return place(); });
+  askedWidth_ = face_.naturalWidth(kAskedHeight);
+  face_.resize(askedWidth_, kAskedHeight);
+  tray_.dock(static_cast<xcb_window_t>(face_.winId()));
+  face_.windowHandle()->installEventFilter(this);
+  embedded_ = tray_.embedded.subscribe([this] { show(); });
+  expelled_ = tray_.expelled.subscribe([this] { refuse(); });
+  coloursChanged_ = tray_.coloursChanged.subscribe([this] { matchBar(); });
+  patience_ = loop.once(kPatience, [this] {
+    if (!tray_.isDockedOnScreen()) refuse();
+  });
+}
+
+TrayWindow::~TrayWindow() = default;
+
+void TrayWindow::titleChanged() {
+  face_.titleChanged();
+  matchBar();
+  askForRoom();
+}
+
+bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize || event->type() == QEvent::Expose) {
+    // The face has the new size only after this event.
+    QMetaObject::invokeMethod(this, &TrayWindow::useRoomGiven, Qt::QueuedConnection);
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void TrayWindow::show() {
+  // Only now: a window shown before the tray has it is a stray window on the screen.
+  face_.show();
+  askForRoom();
+}
+
+void TrayWindow::askForRoom() {
+  const int natural = face_.naturalWidth(face_.height());
+  askedWidth_ = static_cast<int>(std::ceil(natural / stretch_));
+  const double scale = face_.devicePixelRatioF();
+  tray_.askForSize((QSizeF(askedWidth_, kAskedHeight) * scale).toSize());
+}
+
+void TrayWindow::useRoomGiven() {
+  const int natural = face_.naturalWidth(face_.height());
+  stretch_ = std::max(1.0, static_cast<double>(face_.width()) / askedWidth_);
+  const int better = static_cast<int>(std::ceil(natural / stretch_));
+  // A pixel is rounding on the tray's side; following it would go on for ever.
+  if (std::abs(better - askedWidth_) > 1) askForRoom();
+  matchBar();
+}
+
+void TrayWindow::matchBar() {
+  const double scale = face_.devicePixelRatioF();
+  auto behind = tray_.isTransparent() ? std::nullopt : tray_.backdrop(face_.size() * scale);
+  if (behind) {
+    behind->setDevicePixelRatio(scale);
+    face_.setBackdrop(*behind);
+    face_.setInk(Ink::on(
+        behind->scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0)));
+  }
+  if (const auto colour = tray_.textColour()) {
+    face_.setInk({*colour, std::nullopt});
+  } else if (!behind) {
+    face_.setInk(kInkOnUnknown);
+  }
+}
+
+std::optional<QRect> TrayWindow::place() const {
+  const auto corner = tray_.dockedPlace();
+  if (!corner) return std::nullopt;
+  return QRect((QPointF(*corner) / face_.devicePixelRatioF()).toPoint(), face_.size());
+}
+
+void TrayWindow::refuse() {
+  if (const auto refused = std::exchange(refused_, nullptr)) refused();
+}
+
+}  // namespace Hilalor
