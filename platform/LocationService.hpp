@@ -11,6 +11,12 @@ struct LocationCoordinate {
   friend bool operator==(const LocationCoordinate&, const LocationCoordinate&) = default;
 };
 
+/// Whether there is such a place; there is none for what is not a number.
+[[nodiscard]] constexpr bool isOnGlobe(LocationCoordinate coordinate) {
+  return coordinate.latitude >= -90 && coordinate.latitude <= 90 && coordinate.longitude >= -180 &&
+         coordinate.longitude <= 180;
+}
+
 /// What the user lets us know of where they are.
 enum class AuthorizationStatus {
   notDetermined = 0,  ///< Not asked yet.

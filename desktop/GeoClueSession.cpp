@@ -1,0 +1,129 @@
+#include "desktop/GeoClueSession.hpp"
+
+#include <QDBusError>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <limits>
+#include <utility>
+
+namespace Hilalor {
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.GeoClue2");
+const QString kManagerPath = QStringLiteral("/org/freedesktop/GeoClue2/Manager");
+const QString kManager = QStringLiteral("org.freedesktop.GeoClue2.Manager");
+const QString kClient = QStringLiteral("org.freedesktop.GeoClue2.Client");
+const QString kLocation = QStringLiteral("org.freedesktop.GeoClue2.Location");
+const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
+
+// Without an agent to ask the user the service leaves the first call without an answer.
+constexpr Seconds kAnswerPatience{5};
+constexpr Seconds kPositionPatience{60};
+
+// The user may take their time to answer; where the service dies the bus answers in its place.
+constexpr int kNoTimeout = std::numeric_limits<int>::max();
+
+constexpr unsigned kAccuracyLevel = 4;
+
+QDBusMessage managerCall(const QString& method) {
+  return QDBusMessage::createMethodCall(kService, kManagerPath, kManager, method);
+}
+
+bool isRefusal(const QDBusMessage& reply) {
+  return reply.errorName() == QDBusError::errorString(QDBusError::AccessDenied);
+}
+
+}  // namespace
+
+GeoClueSession::GeoClueSession(QDBusConnection bus, QString desktopId, RunLoop& loop,
+                               Callbacks callbacks)
+    : bus_(std::move(bus)),
+      desktopId_(std::move(desktopId)),
+      loop_(loop),
+      callbacks_(std::move(callbacks)) {
+  patience_ =
+      loop_.once(kAnswerPatience, [this] { callbacks_.answered(GeoClueAnswer::unavailable); });
+  call(managerCall(QStringLiteral("GetClient")), &GeoClueSession::clientArrived);
+}
+
+GeoClueSession::~GeoClueSession() {
+  giveClientBack();
+}
+
+void GeoClueSession::serviceVanished() {
+  client_.clear();
+  end(std::nullopt);
+}
+
+void GeoClueSession::call(const QDBusMessage& message, Reply handle) {
+  auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(message, kNoTimeout), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, handle] {
+    watcher->deleteLater();
+    if (!hasEnded_) (this->*handle)(watcher->reply());
+  });
+}
+
+void GeoClueSession::clientArrived(const QDBusMessage& reply) {
+  patience_.reset();
+  const auto path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+  if (reply.type() == QDBusMessage::ErrorMessage || path.isEmpty()) {
+    callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
+    return end(std::nullopt);
+  }
+  client_ = path;
+  bus_.connect(kService, client_, kClient, QStringLiteral("LocationUpdated"), this,
+               SLOT(locationUpdated(QDBusObjectPath, QDBusObjectPath)));
+  setProperty(QStringLiteral("DesktopId"), desktopId_);
+  setProperty(QStringLiteral("RequestedAccuracyLevel"), kAccuracyLevel);
+  call(QDBusMessage::createMethodCall(kService, client_, kClient, QStringLiteral("Start")),
+       &GeoClueSession::started);
+}
+
+void GeoClueSession::setProperty(const QString& name, const QVariant& value) {
+  auto message =
+      QDBusMessage::createMethodCall(kService, client_, kProperties, QStringLiteral("Set"));
+  message << kClient << name << QVariant::fromValue(QDBusVariant(value));
+  bus_.send(message);
+}
+
+void GeoClueSession::started(const QDBusMessage& reply) {
+  if (reply.type() == QDBusMessage::ErrorMessage) {
+    callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
+    return end(std::nullopt);
+  }
+  patience_ = loop_.once(kPositionPatience, [this] { end(std::nullopt); });
+  callbacks_.answered(GeoClueAnswer::granted);
+}
+
+void GeoClueSession::locationUpdated(const QDBusObjectPath&, const QDBusObjectPath& now) {
+  auto message =
+      QDBusMessage::createMethodCall(kService, now.path(), kProperties, QStringLiteral("GetAll"));
+  call(message << kLocation, &GeoClueSession::positionArrived);
+}
+
+void GeoClueSession::positionArrived(const QDBusMessage& reply) {
+  const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+  const auto latitude = properties.value(QStringLiteral("Latitude"));
+  const auto longitude = properties.value(QStringLiteral("Longitude"));
+  if (!latitude.isValid() || !longitude.isValid()) return;
+  const LocationCoordinate coordinate{latitude.toDouble(), longitude.toDouble()};
+  // A position that cannot be is no answer; the next one may be.
+  if (isOnGlobe(coordinate)) end(coordinate);
+}
+
+void GeoClueSession::end(std::optional<LocationCoordinate> coordinate) {
+  if (std::exchange(hasEnded_, true)) return;
+  patience_.reset();
+  giveClientBack();
+  callbacks_.ended(coordinate);
+}
+
+void GeoClueSession::giveClientBack() {
+  if (client_.isEmpty()) return;
+  bus_.send(QDBusMessage::createMethodCall(kService, client_, kClient, QStringLiteral("Stop")));
+  bus_.send(managerCall(QStringLiteral("DeleteClient"))
+            << QVariant::fromValue(QDBusObjectPath(client_)));
+  client_.clear();
+}
+
+}  // namespace Hilalor

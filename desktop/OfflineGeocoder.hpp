@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+#include "desktop/geodata/PlaceDatabase.hpp"
+#include "desktop/geodata/ZoneDatabase.hpp"
+#include "platform/Geocoder.hpp"
+#include "platform/RunLoop.hpp"
+
+namespace Hilalor {
+
+/// Names places from the data that ship with the program, without a network. Where the data are
+/// missing or damaged it knows no place. Main thread.
+class OfflineGeocoder final : public Geocoder {
+ public:
+  /// The folder that holds `places/places.bin` and `zones/zones.bin`; the files are opened here and
+  /// read at the first request.
+  OfflineGeocoder(const std::filesystem::path& folder, RunLoop& loop);
+
+  /// Answers on the next pass of the loop with one placemark at most; none at sea.
+  void reverseGeocode(LocationCoordinate coordinate, Answer answer) override;
+
+  /// The places to search by name; null where there are no data.
+  [[nodiscard]] const PlaceDatabase* places() const { return places_ ? &*places_ : nullptr; }
+
+ private:
+  [[nodiscard]] std::vector<Placemark> placemarks(LocationCoordinate coordinate) const;
+
+  RunLoop& loop_;
+  std::optional<ZoneDatabase> zones_;
+  std::optional<PlaceDatabase> places_;
+};
+
+}  // namespace Hilalor

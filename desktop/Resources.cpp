@@ -1,0 +1,15 @@
+#include "desktop/Resources.hpp"
+
+namespace Hilalor {
+
+std::filesystem::path resourceFolder() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) {
+    auto installed = (program.parent_path() / HILALOR_INSTALLED_RESOURCES).lexically_normal();
+    if (std::filesystem::is_directory(installed, error)) return installed;
+  }
+  return HILALOR_SOURCE_RESOURCES;
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,153 @@
+#include "desktop/geodata/PlaceDatabase.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <tuple>
+
+#include "desktop/geodata/PlaceFile.hpp"
+
+namespace Hilalor {
+namespace {
+
+// A town reaches as far as its people would live at this density, within limits, and every town a
+// little farther; beyond this many reaches it is sought in a wider circle.
+constexpr double kPeoplePerSquareKm = 3000;
+constexpr double kLargestRadiusKm = 25;
+constexpr double kRadiusOfUnknownKm = 0.2;
+constexpr double kOutskirtsKm = 1.5;
+constexpr double kFarReaches = 4;
+
+constexpr double kTownKm = 12;
+constexpr double kFarTownKm = 35;
+constexpr double kAreaKm = 300;
+
+// What a match is worth beside the town's size, in the tenths of a doubling of its people.
+constexpr int kWholeName = 60;
+constexpr int kOwnName = 40;
+
+double radiusKm(const PlaceTable::Record& record) {
+  if (record.populationClass == 0) return kRadiusOfUnknownKm;
+  const double squareKm = record.population() / kPeoplePerSquareKm;
+  return std::min(kLargestRadiusKm, std::sqrt(squareKm / std::numbers::pi));
+}
+
+bool contains(const PlaceTable::Countries& countries, std::uint32_t country) {
+  return std::find(countries.begin(), countries.end(), country) != countries.end();
+}
+
+}  // namespace
+
+struct PlaceDatabase::Candidate {
+  std::uint32_t number = 0;
+  std::uint16_t area = 0;
+  double reaches = 0;  // the distance, in reaches of the town
+};
+
+std::optional<PlaceDatabase> PlaceDatabase::open(const std::filesystem::path& path) {
+  return of(DataFile::open(path, PlaceFile::kKind));
+}
+
+std::optional<PlaceDatabase> PlaceDatabase::over(std::span<const std::uint8_t> bytes) {
+  return of(DataFile::over(bytes, PlaceFile::kKind));
+}
+
+std::optional<PlaceDatabase> PlaceDatabase::of(std::optional<DataFile> file) {
+  if (!file) return std::nullopt;
+  PlaceDatabase database(std::move(*file));
+  if (!database.table_.isSound() || !database.names_.isSound()) return std::nullopt;
+  return database;
+}
+
+PlaceDatabase::PlaceDatabase(DataFile file)
+    : file_(std::move(file)), table_(file_), names_(file_, table_.count()) {}
+
+std::optional<PlaceDescription> PlaceDatabase::describe(LocationCoordinate coordinate,
+                                                        std::string_view zone) const {
+  const auto countries = table_.countriesOf(zone);
+  if (!countries || !table_.isNearLand(coordinate)) return std::nullopt;
+  const auto town = townAround(coordinate, *countries);
+  const auto area = town ? table_.area(town->area) : nearestArea(coordinate, *countries);
+  PlaceDescription description;
+  if (town) description.locality = names_.name(town->number);
+  if (area && !area->name.empty()) description.area = area->name;
+  description.country = table_.countryName(area ? area->country : countries->front());
+  if (description.country.empty()) return std::nullopt;
+  return description;
+}
+
+std::optional<PlaceDatabase::Candidate> PlaceDatabase::townAround(
+    LocationCoordinate coordinate, const PlaceTable::Countries& countries) const {
+  const auto near = bestTown(kTownKm, coordinate, countries);
+  if (near && near->reaches < kFarReaches) return near;
+  return bestTown(kFarTownKm, coordinate, countries);
+}
+
+std::optional<PlaceDatabase::Candidate> PlaceDatabase::bestTown(
+    double km, LocationCoordinate coordinate, const PlaceTable::Countries& countries) const {
+  std::optional<Candidate> best;
+  table_.forEachWithin(
+      km, coordinate, [&](std::uint32_t number, const PlaceTable::Record& record, double distance) {
+        if (record.isCitySection()) return;
+        const double reaches = distance / (radiusKm(record) + kOutskirtsKm);
+        if (best && best->reaches <= reaches) return;
+        if (!contains(countries, table_.area(record.area).country)) return;
+        best = {number, record.area, reaches};
+      });
+  return best;
+}
+
+std::optional<PlaceTable::Area> PlaceDatabase::nearestArea(
+    LocationCoordinate coordinate, const PlaceTable::Countries& countries) const {
+  std::optional<PlaceTable::Area> nearest;
+  double nearestKm = kAreaKm;
+  table_.forEachWithin(kAreaKm, coordinate,
+                       [&](std::uint32_t, const PlaceTable::Record& record, double distance) {
+                         if (distance > nearestKm) return;
+                         const auto area = table_.area(record.area);
+                         if (area.name.empty() || !contains(countries, area.country)) return;
+                         nearest = area;
+                         nearestKm = distance;
+                       });
+  return nearest;
+}
+
+std::vector<Place> PlaceDatabase::search(std::string_view text, std::size_t limit) const {
+  struct Ranked {
+    int rank;
+    std::uint32_t number;
+  };
+  std::vector<Ranked> ranked;
+  for (const auto& match : names_.search(text)) {
+    const int rank = table_.populationClass(match.place) + (match.isWhole ? kWholeName : 0) +
+                     (match.isOwnName ? kOwnName : 0);
+    ranked.push_back({rank, match.place});
+  }
+  std::sort(ranked.begin(), ranked.end(), [](const Ranked& one, const Ranked& other) {
+    return std::tie(other.rank, one.number) < std::tie(one.rank, other.number);
+  });
+  std::vector<Place> places;
+  std::vector<std::uint32_t> taken;
+  for (const auto& [rank, number] : ranked) {
+    if (places.size() >= limit) break;
+    if (std::find(taken.begin(), taken.end(), number) != taken.end()) continue;
+    taken.push_back(number);
+    if (const auto found = place(number)) places.push_back(*found);
+  }
+  return places;
+}
+
+std::optional<Place> PlaceDatabase::place(std::uint32_t number) const {
+  const auto record = table_.record(number);
+  if (!record) return std::nullopt;
+  const auto area = table_.area(record->area);
+  return Place{names_.name(number),
+               area.name,
+               table_.countryName(area.country),
+               record->coordinate(),
+               record->population(),
+               record->isCitySection(),
+               record->mapRank()};
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,141 @@
+#include <algorithm>
+#include <functional>
+#include <random>
+
+#include "tests/desktop/geodata/ShippedData.hpp"
+
+namespace Hilalor {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::size_t kHeaderSize = 12;
+
+struct Span {
+  std::size_t offset, length;
+};
+
+std::vector<Span> sectionsOf(const Bytes& file) {
+  const Section header(file);
+  std::vector<Span> sections;
+  for (std::size_t i = 0; i < header.u16(6); ++i) {
+    const std::size_t entry = kHeaderSize + 8 * i;
+    sections.push_back({header.u32(entry), header.u32(entry + 4)});
+  }
+  return sections;
+}
+
+// With its header the file is opened, whatever else is damaged.
+void keepHeader(Bytes& damaged, const Bytes& sound) {
+  const auto size = static_cast<std::ptrdiff_t>(sectionsOf(sound).front().offset);
+  std::copy(sound.begin(), sound.begin() + size, damaged.begin());
+}
+
+// Looks up and searches all over the world; what comes out does not matter.
+void lookAround(const Bytes& zoneBytes, const Bytes& placeBytes) {
+  const auto zones = ZoneDatabase::over(zoneBytes);
+  const auto places = PlaceDatabase::over(placeBytes);
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> part(0, 1);
+  for (int i = 0; i < 300; ++i) {
+    const LocationCoordinate coordinate{180 * part(random) - 90, 360 * part(random) - 180};
+    const auto zone = zones ? zones->zoneAt(coordinate) : std::nullopt;
+    if (places) static_cast<void>(places->describe(coordinate, zone.value_or("Asia/Riyadh")));
+  }
+  if (!places) return;
+  for (const auto* text : {"mecca", "s", "مكة", "zz"})
+    static_cast<void>(places->search(text, 10));
+  for (int i = 0; i < 300; ++i)
+    static_cast<void>(places->place(static_cast<std::uint32_t>(random() % 250000)));
+}
+
+class DamagedDataTest : public testing::Test {
+ protected:
+  // Each file with what opens it.
+  struct Case {
+    const char* name;
+    Bytes bytes;
+    std::function<bool(const Bytes&)> opens;
+  };
+
+  Bytes zoneBytes = bytesOf(kZoneFile);
+  Bytes placeBytes = bytesOf(kPlaceFile);
+  std::vector<Case> cases{
+      {"zones", zoneBytes,
+       [](const Bytes& bytes) { return ZoneDatabase::over(bytes).has_value(); }},
+      {"places", placeBytes,
+       [](const Bytes& bytes) { return PlaceDatabase::over(bytes).has_value(); }},
+  };
+};
+
+TEST_F(DamagedDataTest, TruncatedAtAnySectionIsNoData) {
+  for (const auto& [name, bytes, opens] : cases) {
+    SCOPED_TRACE(name);
+    ASSERT_TRUE(opens(bytes));
+    std::vector<std::size_t> lengths{0, 3, kHeaderSize - 1, kHeaderSize, bytes.size() - 1};
+    for (const auto& section : sectionsOf(bytes)) {
+      for (const std::size_t length :
+           {section.offset - 1, section.offset, section.offset + section.length / 2}) {
+        lengths.push_back(length);
+      }
+    }
+    for (const std::size_t length : lengths) {
+      const Bytes truncated(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
+      EXPECT_FALSE(opens(truncated)) << length;
+    }
+  }
+}
+
+TEST_F(DamagedDataTest, AnotherKindVersionCountSizeOrTableIsNoData) {
+  for (const auto& [name, bytes, opens] : cases) {
+    SCOPED_TRACE(name);
+    for (const std::size_t offset : {0U, 3U, 4U, 6U, 8U, 11U, 15U, 19U}) {
+      Bytes damaged = bytes;
+      damaged[offset] ^= 0x80;
+      EXPECT_FALSE(opens(damaged)) << offset;
+    }
+    EXPECT_FALSE(opens(cases[bytes == cases[0].bytes ? 1 : 0].bytes));
+  }
+}
+
+TEST_F(DamagedDataTest, RandomBytesAreSafeToReadInEverySection) {
+  std::mt19937 random(3);
+  const auto scramble = [&](Bytes& bytes, const Span& section) {
+    for (std::size_t i = 0; i < section.length; ++i)
+      bytes[section.offset + i] = static_cast<std::uint8_t>(random());
+  };
+  for (const auto& section : sectionsOf(zoneBytes)) {
+    Bytes damaged = zoneBytes;
+    scramble(damaged, section);
+    lookAround(damaged, placeBytes);
+  }
+  for (const auto& section : sectionsOf(placeBytes)) {
+    Bytes damaged = placeBytes;
+    scramble(damaged, section);
+    lookAround(zoneBytes, damaged);
+  }
+}
+
+TEST_F(DamagedDataTest, ScatteredDamageIsSafeToRead) {
+  std::mt19937 random(4);
+  for (int i = 0; i < 20; ++i) {
+    Bytes zones = zoneBytes;
+    Bytes places = placeBytes;
+    for (int k = 0; k < 2000; ++k) {
+      for (Bytes* bytes : {&zones, &places})
+        (*bytes)[random() % bytes->size()] = static_cast<std::uint8_t>(random());
+    }
+    keepHeader(zones, zoneBytes);
+    keepHeader(places, placeBytes);
+    lookAround(zones, places);
+  }
+}
+
+TEST(MappedFile, IsNotThereForMissingEmptyOrOtherThings) {
+  EXPECT_FALSE(MappedFile::open("/no/such/file"));
+  EXPECT_FALSE(MappedFile::open("/dev/null"));
+  EXPECT_FALSE(MappedFile::open("/tmp"));
+}
+
+}  // namespace
+}  // namespace Hilalor
