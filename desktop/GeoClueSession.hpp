@@ -46,7 +46,7 @@ class GeoClueSession final : public QObject {
   /// Ends the session without a position where the service went away.
   void serviceVanished();
 
- private slots:
+ private Q_SLOTS:
   void locationUpdated(const QDBusObjectPath& before, const QDBusObjectPath& now);
 
  private:
