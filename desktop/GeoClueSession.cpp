@@ -1,5 +1,6 @@
 #include "desktop/GeoClueSession.hpp"
 
+#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>

@@ -1,6 +1,7 @@
 # Where the user is, and what ships with the program.
 target_sources(desktop PRIVATE
   GeoClueLocationService.cpp
+  GeoClueSession.cpp
   OfflineGeocoder.cpp
   Resources.cpp)
 target_link_libraries(desktop PUBLIC geodata Qt6::DBus)

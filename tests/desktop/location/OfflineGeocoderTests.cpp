@@ -1,0 +1,59 @@
+#include "desktop/OfflineGeocoder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+
+#include "desktop/Resources.hpp"
+#include "tests/fakes/VirtualLoop.hpp"
+
+namespace Hilalor {
+namespace {
+
+class OfflineGeocoderTest : public testing::Test {
+ protected:
+  std::vector<Placemark> placemarks(OfflineGeocoder& geocoder, LocationCoordinate coordinate) {
+    std::optional<std::vector<Placemark>> answered;
+    geocoder.reverseGeocode(coordinate, [&](const auto& placemarks) { answered = placemarks; });
+    EXPECT_FALSE(answered) << "the answer comes on a later pass";
+    loop.runPosted();
+    EXPECT_TRUE(answered);
+    return answered.value_or(std::vector<Placemark>{});
+  }
+
+  VirtualLoop loop;
+};
+
+TEST_F(OfflineGeocoderTest, NamesAPlaceWithItsTimeZone) {
+  OfflineGeocoder geocoder(resourceFolder() / "geodata", loop);
+  const auto found = placemarks(geocoder, {21.4225, 39.8262});
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].locality, "Makkah");
+  EXPECT_EQ(found[0].administrativeArea, "Mecca Region");
+  EXPECT_EQ(found[0].country, "Saudi Arabia");
+  EXPECT_EQ(found[0].timeZone, TimeZone::named("Asia/Riyadh"));
+  EXPECT_TRUE(placemarks(geocoder, {0, -30}).empty());
+  EXPECT_NE(geocoder.places(), nullptr);
+}
+
+TEST_F(OfflineGeocoderTest, KnowsNoPlaceWithoutSoundData) {
+  const QTemporaryDir folder;
+  const std::filesystem::path path(folder.path().toStdString());
+  OfflineGeocoder without(path, loop);
+  EXPECT_TRUE(placemarks(without, {21.4225, 39.8262}).empty());
+
+  for (const auto* name : {"zones", "places"}) {
+    const auto file = path / name / (std::string(name) + ".bin");
+    std::filesystem::create_directory(path / name);
+    std::filesystem::copy(resourceFolder() / "geodata" / name / file.filename(), file);
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) / 2);
+  }
+  OfflineGeocoder damaged(path, loop);
+  EXPECT_TRUE(placemarks(damaged, {21.4225, 39.8262}).empty());
+  EXPECT_EQ(damaged.places(), nullptr);
+}
+
+}  // namespace
+}  // namespace Hilalor
