@@ -15,6 +15,10 @@ AppDelegate::AppDelegate() {
   if (auto* updater = Platform::current().updater) updater->start();
 }
 
+bool AppDelegate::didRequestLocation(const DefaultsStore& store) {
+  return store.boolean(kDidRequestLocationPermission).value_or(false);
+}
+
 void AppDelegate::applicationDidFinishLaunching() {
   statusBarController_ = std::make_unique<StatusBarController>(Platform::current().updater);
   requestLocationOnFirstRun();
@@ -22,7 +26,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 
 void AppDelegate::requestLocationOnFirstRun() {
   auto& store = Platform::current().defaults;
-  if (store.boolean(kDidRequestLocationPermission).value_or(false)) return;
+  if (didRequestLocation(store)) return;
   // Before the request, so that a user is asked once even if the program ends before they answer.
   store.setValue(kDidRequestLocationPermission, true);
   if (!store.string("locationMode")) {

@@ -15,6 +15,9 @@ class AppDelegate {
   /// Starts looking for updates, where the build has a place to look.
   AppDelegate();
 
+  /// Whether the first run has asked for the user's location.
+  [[nodiscard]] static bool didRequestLocation(const DefaultsStore& store);
+
   /// Launching has finished: the item appears, and the first run asks for the user's location.
   void applicationDidFinishLaunching();
 

@@ -1,10 +1,81 @@
 #include <QApplication>
+#include <QDBusConnection>
+#include <cstdlib>
 
 #include "app/AppDelegate.hpp"
 #include "app/SharedObjects.hpp"
+#include "desktop/AbsentServices.hpp"
+#include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
-#include "desktop/LinuxStatusBar.hpp"
+#include "desktop/OfflineGeocoder.hpp"
 #include "desktop/QtRunLoop.hpp"
+#include "desktop/Resources.hpp"
+#include "desktop/SessionBus.hpp"
 #include "desktop/SystemClock.hpp"
+#include "desktop/item/LinuxStatusBar.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "platform/Platform.hpp"
+
+namespace {
+
+using namespace Hilalor;
+
+// Nothing touches the location service before the user was asked, which the first run does.
+GeoClueLocationService::Contact firstContact(const DefaultsStore& defaults) {
+  return AppDelegate::didRequestLocation(defaults) ? GeoClueLocationService::Contact::atStart
+                                                   : GeoClueLocationService::Contact::whenAsked;
+}
+
+// How this desktop answers everything that is asked of it. The shared objects go before it does.
+class LinuxDesktop {
+ public:
+  explicit LinuxDesktop(LinuxApplication& application)
+      : platform_{.application = application,
+                  .clock = clock_,
+                  .loop = loop_,
+                  .defaults = defaults_,
+                  .statusBar = statusBar_,
+                  .location = location_,
+                  .geocoder = geocoder_,
+                  .notifications = notifications_,
+                  .sounds = sounds_,
+                  .updater = nullptr,
+                  .soundFolders = {}} {
+    Platform::install(&platform_);
+  }
+  LinuxDesktop(const LinuxDesktop&) = delete;
+  LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+  ~LinuxDesktop() {
+    resetSharedObjects();
+    Platform::install(nullptr);
+  }
+
+ private:
+  SystemClock clock_;
+  QtRunLoop loop_;
+  SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
+  SessionBus sessionBus_{loop_};
+  LinuxStatusBar statusBar_{loop_, sessionBus_, resourceFolder() / "item"};
+  GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
+  OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
+  AbsentNotificationCenter notifications_{loop_};
+  AbsentSoundService sounds_;
+  Platform platform_;
+};
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  QApplication qtApplication(argc, argv);
+  QApplication::setApplicationName("hilalor");
+  QApplication::setApplicationDisplayName("Hilalor");
+  QApplication::setDesktopFileName("hilalor");
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  LinuxApplication application;
+  if (!application.becomeTheRunningCopy()) return EXIT_SUCCESS;
+  LinuxDesktop desktop(application);
+  AppDelegate delegate;
+  Platform::current().loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
+  return QApplication::exec();
+}
