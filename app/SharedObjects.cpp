@@ -2,6 +2,7 @@
 
 #include "app/AppSettings.hpp"
 #include "app/LocationManager.hpp"
+#include "app/NotesStore.hpp"
 #include "app/PrayerNotificationManager.hpp"
 
 namespace Hilalor {
@@ -9,6 +10,7 @@ namespace Hilalor {
 void resetSharedObjects() {
   PrayerNotificationManager::resetShared();
   AppSettings::resetShared();
+  NotesStore::resetShared();
   LocationManager::resetShared();
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "datetime/CalendarEngine.hpp"
+#include "datetime/UmmAlQura.hpp"
 
 namespace Hilalor {
 namespace {
@@ -15,10 +16,19 @@ namespace {
 // Far enough for every calendar of people, near enough that milliseconds stay exact.
 constexpr double kFarthestSecond = 1e12;
 
+constexpr std::int64_t kSecondsPerDay = 86400;
+
 // An instant as the clocks on the wall show it.
 struct LocalTime {
   std::int64_t seconds = 0;  // since 1970-01-01 00:00 local time
   double fraction = 0;       // of a second, in [0, 1)
+
+  // Seconds since local midnight, also where the clock skipped it.
+  [[nodiscard]] int secondOfDay() const {
+    return static_cast<int>((seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay);
+  }
+  // Days since 1970-01-01.
+  [[nodiscard]] std::int64_t day() const { return (seconds - secondOfDay()) / kSecondsPerDay; }
 };
 
 std::optional<LocalTime> localTime(Date date, const TimeZone& zone) {
@@ -44,6 +54,12 @@ std::optional<std::int64_t> localSeconds(const icu::Calendar& calendar) {
   const double milliseconds = calendar.getTime(status);
   if (U_FAILURE(status) || !(std::abs(milliseconds) <= kFarthestSecond * 1000)) return std::nullopt;
   return static_cast<std::int64_t>(std::floor(milliseconds / 1000));
+}
+
+std::optional<UmmAlQuraMonth> hijriMonth(CalendarIdentifier identifier, icu::Calendar& calendar,
+                                         const LocalTime& local) {
+  if (identifier != CalendarIdentifier::islamicUmmAlQura) return std::nullopt;
+  return ummAlQuraMonth(calendar, local.day());
 }
 
 UCalendarDateFields fieldOf(CalendarUnit unit) {
@@ -120,7 +136,13 @@ CalendarEngine& Calendar::engine() const {
 DateComponents Calendar::components(Date date) const {
   auto* calendar = engine().calendar.get();
   const auto local = localTime(date, timeZone());
-  if (calendar == nullptr || !local || !setLocal(*calendar, local->seconds)) return {};
+  if (calendar == nullptr || !local) return {};
+  if (const auto month = hijriMonth(identifier_, *calendar, *local)) {
+    const int second = local->secondOfDay();
+    return {month->year,   month->month,     static_cast<int>(local->day() - month->firstDay) + 1,
+            second / 3600, second / 60 % 60, second % 60};
+  }
+  if (!setLocal(*calendar, local->seconds)) return {};
   return {field(*calendar, UCAL_EXTENDED_YEAR), field(*calendar, UCAL_MONTH) + 1,
           field(*calendar, UCAL_DATE),          field(*calendar, UCAL_HOUR_OF_DAY),
           field(*calendar, UCAL_MINUTE),        field(*calendar, UCAL_SECOND)};
@@ -130,11 +152,7 @@ int Calendar::weekday(Date date) const {
   const auto local = localTime(date, timeZone());
   if (!local) return 1;
   // 1970-01-01 was a Thursday.
-  constexpr std::int64_t kSecondsPerDay = 86400;
-  const auto day =
-      (local->seconds - (local->seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay) /
-      kSecondsPerDay;
-  return static_cast<int>(((day + 4) % 7 + 7) % 7) + 1;
+  return static_cast<int>(((local->day() + 4) % 7 + 7) % 7) + 1;
 }
 
 std::optional<Date> Calendar::date(const DateComponents& components) const {
@@ -171,7 +189,9 @@ std::optional<Date> Calendar::adding(CalendarUnit unit, int amount, Date date) c
 std::optional<int> Calendar::daysInMonth(Date date) const {
   auto* calendar = engine().calendar.get();
   const auto local = localTime(date, timeZone());
-  if (calendar == nullptr || !local || !setLocal(*calendar, local->seconds)) return std::nullopt;
+  if (calendar == nullptr || !local) return std::nullopt;
+  if (const auto month = hijriMonth(identifier_, *calendar, *local)) return month->length;
+  if (!setLocal(*calendar, local->seconds)) return std::nullopt;
   UErrorCode status = U_ZERO_ERROR;
   const int days = calendar->getActualMaximum(UCAL_DATE, status);
   return U_SUCCESS(status) ? std::optional(days) : std::nullopt;
@@ -188,9 +208,8 @@ Date Calendar::startOfDay(Date date) const {
   const auto zone = timeZone();
   const auto local = localTime(date, zone);
   if (!local) return date;
-  constexpr std::int64_t kSecondsPerDay = 86400;
-  const auto sinceMidnight = (local->seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
-  const auto start = zone.utcSeconds(local->seconds - sinceMidnight, TimeZone::Skipped::firstAfter);
+  const auto midnight = local->day() * kSecondsPerDay;
+  const auto start = zone.utcSeconds(midnight, TimeZone::Skipped::firstAfter);
   return {static_cast<double>(start)};
 }
 

@@ -25,5 +25,8 @@ void checkQibla(const Json& row, Checks& checks);
 void checkSunnah(const Json& row, Checks& checks);
 void checkSchedule(const Json& row, Checks& checks);
 void checkTitle(const Json& row, Checks& checks);
+void checkMonth(const Json& row, Checks& checks);
+void checkHijriMonth(const Json& row, Checks& checks);
+void checkEid(const Json& row, Checks& checks);
 
 }  // namespace Golden

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "datetime/Date.hpp"
+#include "datetime/DateFormatter.hpp"
+#include "platform/DefaultsStore.hpp"
+#include "platform/Signal.hpp"
+
+namespace Hilalor {
+
+/// One note a day, in free text. A day is a Gregorian one of the machine's time zone, whatever
+/// calendar the panel shows. Each change is in the defaults store when its call returns. Main
+/// thread.
+class NotesStore {
+ public:
+  /// The process's notes, built over the installed platform on first use.
+  [[nodiscard]] static NotesStore& shared();
+
+  /// Drops the shared notes, so that the next use builds others. For tests.
+  static void resetShared();
+
+  /// Reads the notes, and writes nothing. A stored value that is no dictionary of texts counts as
+  /// none; the first note set replaces it.
+  explicit NotesStore(DefaultsStore& store);
+
+  /// Told before the notes change.
+  Signal<> willChange;
+
+  /// All notes by their days, "2025-03-15".
+  [[nodiscard]] const TextDictionary& notes() const { return notes_; }
+
+  [[nodiscard]] bool hasNote(Date date) const;
+
+  /// The text as it was typed; empty where the day has none.
+  [[nodiscard]] std::string note(Date date) const;
+
+  /// Keeps the text as the day's note, with the white space around it; a text of nothing but white
+  /// space and line breaks, or an empty one, takes the note away.
+  void setNote(const std::string& text, Date date);
+
+ private:
+  DefaultsStore& store_;
+  TextDictionary notes_;
+  DateFormatter formatter_;
+};
+
+}  // namespace Hilalor
