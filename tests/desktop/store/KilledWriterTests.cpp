@@ -1,68 +1,103 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 
+#include "app/NotesStore.hpp"
 #include "tests/desktop/store/StoreFile.hpp"
 #include "tests/fakes/ChildProcess.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
 
 namespace Hilalor {
 namespace {
 
-class KilledWriter : public StoreFile {};
-
 constexpr std::array<const char*, 3> kKeys{"one", "two", "three"};
+constexpr int kDays = 25;
 
-// A note that tells whether it is whole: as long as its number says.
-std::string noteOf(std::int64_t number) {
-  return std::to_string(number) + std::string(static_cast<std::size_t>(number % 3000), '.');
+// A text that tells whether it is whole: as long as its number says, a few characters or many
+// pages.
+std::string textOf(std::int64_t number) {
+  const auto length = number % 40 == 7 ? 60'000 : number % 3000;
+  return std::to_string(number) + std::string(static_cast<std::size_t>(length), '.');
 }
 
-// Writes rising numbers, each to every key and to a note, and tells of each number when all have
-// taken it.
-void writeRisingNumbers(DefaultsStore& store, int told) {
-  for (std::int64_t number = store.integer(kKeys.front()).value_or(0) + 1;; ++number) {
-    for (const char* key : kKeys)
-      store.setValue(key, number);
-    store.setEntry("notes", "note", noteOf(number));
-    if (write(told, &number, sizeof number) != sizeof number) return;
-  }
+Date dayOf(std::int64_t number) {
+  return {1.7e9 + 86400.0 * static_cast<double>(number % kDays)};
 }
 
-TEST_F(KilledWriter, LeavesTheLastOrTheLastButOneValueOfEveryKey) {
-  std::mt19937 random(1);
-  std::int64_t highest = 0;
-  for (int round = 0; round < 200; ++round) {
-    SCOPED_TRACE(round);
+class KilledWriter : public StoreFile {
+ protected:
+  /// Lets a process write the numbers from that one on, each by one call of `write`, and kills it
+  /// somewhere. The last number that it told of.
+  std::int64_t lastBeforeKill(std::int64_t first,
+                              const std::function<void(DefaultsStore&, std::int64_t)>& write) {
     std::array<int, 2> pipe{};
-    ASSERT_EQ(::pipe(pipe.data()), 0);
-    std::int64_t told = highest;
+    EXPECT_EQ(::pipe(pipe.data()), 0);
+    std::int64_t told = first - 1;
+    const auto hear = [&] { return read(pipe[0], &told, sizeof told) == ssize_t{sizeof told}; };
     {
-      ChildProcess writer([&] { writeRisingNumbers(*open(), pipe[1]); });
+      ChildProcess writer([&] {
+        const auto store = open();
+        for (auto number = first;; ++number) {
+          write(*store, number);
+          if (::write(pipe[1], &number, sizeof number) != ssize_t{sizeof number}) return;
+        }
+      });
       close(pipe[1]);
       // Now and then enough of them for the log to be taken into the file.
-      for (auto left = random() % (round % 8 == 0 ? 600 : 20) + 1; left > 0; --left)
-        ASSERT_EQ(read(pipe[0], &told, sizeof told), ssize_t{sizeof told});
+      const auto heard = random_() % (random_() % 8 == 0 ? 600 : 20) + 1;
+      for (unsigned i = 0; i < heard; ++i)
+        EXPECT_TRUE(hear());
       writer.kill();
     }
-    while (read(pipe[0], &told, sizeof told) == ssize_t{sizeof told}) {
+    while (hear()) {
     }
     close(pipe[0]);
+    return told;
+  }
 
+ private:
+  std::mt19937 random_{1};
+};
+
+TEST_F(KilledWriter, LeavesTheLastOrTheLastButOneValueOfEveryKey) {
+  std::int64_t last = 0;
+  for (int round = 0; round < 200; ++round) {
+    SCOPED_TRACE(round);
+    last = lastBeforeKill(last + 1, [](DefaultsStore& store, std::int64_t number) {
+      for (const char* key : kKeys)
+        store.setValue(key, number);
+    });
     const auto store = open();
     for (const char* key : kKeys) {
       const auto number = store->integer(key).value_or(0);
-      EXPECT_TRUE(number == told || number == told + 1) << number << " after " << told;
+      ASSERT_TRUE(number == last || number == last + 1) << number << " after " << last;
     }
-    const auto note = store->dictionary("notes").value_or(TextDictionary())["note"];
-    const auto number = std::stoll(note);
-    EXPECT_TRUE(number == told || number == told + 1) << number << " after " << told;
-    EXPECT_EQ(note,
-              std::to_string(number) + std::string(static_cast<std::size_t>(number % 3000), '.'));
-    highest = told;
+  }
+  EXPECT_EQ(setAsideFiles().size(), 0U);
+}
+
+TEST_F(KilledWriter, LosesAndTearsNoNote) {
+  const SystemTimeZone zone("Asia/Riyadh");
+  std::int64_t last = 0;
+  for (int round = 0; round < 500; ++round) {
+    SCOPED_TRACE(round);
+    last = lastBeforeKill(last + 1, [](DefaultsStore& store, std::int64_t number) {
+      static NotesStore notes(store);
+      notes.setNote(textOf(number), dayOf(number));
+    });
+    const auto store = open();
+    const NotesStore notes(*store);
+    for (auto number = std::max<std::int64_t>(last - kDays + 1, 1); number <= last; ++number) {
+      const auto note = notes.note(dayOf(number));
+      const bool isNewer = number + kDays == last + 1 && note == textOf(last + 1);
+      ASSERT_TRUE(note == textOf(number) || isNewer) << note.substr(0, 20) << " for " << number;
+    }
   }
   EXPECT_EQ(setAsideFiles().size(), 0U);
 }
