@@ -183,9 +183,7 @@ void PrayerNotificationManager::open(const std::filesystem::path& recording,
                                      std::function<void(std::shared_ptr<AudioPlayer>)> then) {
   loop_.inBackground([&sounds = sounds_, recording, weak = std::weak_ptr(self_),
                       then = std::move(then)]() -> RunLoop::Task {
-    auto player = sounds.player(recording);
-    if (player) player->prepareToPlay();
-    return [weak, then, player = std::move(player)] {
+    return [weak, then, player = sounds.player(recording)] {
       if (!weak.expired()) then(player);
     };
   });

@@ -9,8 +9,8 @@
 
 namespace Hilalor {
 
-/// Plays one recording. May be made and prepared on another thread; everything else happens on the
-/// main thread. A player that is dropped falls silent.
+/// Plays one recording once. Main thread, but may be made on another. A player that is dropped falls
+/// silent.
 class AudioPlayer {
  public:
   /// Hears that a recording was played to its end, on the main thread and never from inside `play`
@@ -28,9 +28,6 @@ class AudioPlayer {
 
   /// Null for none; the delegate must outlive the player or be taken back.
   virtual void setDelegate(Delegate* delegate) = 0;
-
-  /// Reads the beginning of the recording, so that it sounds as soon as it is played.
-  virtual void prepareToPlay() = 0;
 
   virtual void play() = 0;
   virtual void stop() = 0;
@@ -62,8 +59,8 @@ class SoundService {
   [[nodiscard]] virtual std::optional<std::filesystem::path> resource(
       std::string_view name, std::string_view extension) const = 0;
 
-  /// A player of the recording; null when the file is not there or holds no recording that can be
-  /// read. Reads the file. Any thread.
+  /// A player of the recording, which has read its beginning and so sounds as soon as it is played;
+  /// null when the file is not there or holds nothing that can be played. Any thread.
   [[nodiscard]] virtual std::shared_ptr<AudioPlayer> player(
       const std::filesystem::path& recording) const = 0;
 

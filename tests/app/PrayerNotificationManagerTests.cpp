@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "tests/fakes/FakeNotificationCenter.hpp"
 #include "tests/fakes/FakeSoundService.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor {
@@ -28,7 +28,6 @@ constexpr Date kNoon{1794819600};
 class PrayerNotificationManagerTest : public testing::Test {
  protected:
   PrayerNotificationManagerTest() {
-    setenv("TZ", "Asia/Riyadh", 1);
     settings.prayerNotificationsEnabled = true;
     settings.notificationBannerEnabled = false;
   }
@@ -75,6 +74,7 @@ class PrayerNotificationManagerTest : public testing::Test {
     return text;
   }
 
+  SystemTimeZone machineZone{"Asia/Riyadh"};
   VirtualLoop loop{kNoon};
   FakeLocationService location;
   FakeGeocoder geocoder;

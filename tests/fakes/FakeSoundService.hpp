@@ -116,8 +116,7 @@ class FakeSoundService final : public SoundService {
     }
 
     void setDelegate(Delegate* hears) override { delegate = hears; }
-    void prepareToPlay() override { prepared = true; }
-    void play() override { air->begin(this, prepared ? name : name + " unprepared", kNever); }
+    void play() override { air->begin(this, name, kNever); }
     void stop() override { air->end(this); }
 
     [[nodiscard]] bool playing() const {
@@ -133,7 +132,6 @@ class FakeSoundService final : public SoundService {
     std::string name;
     std::shared_ptr<Air> air;
     Delegate* delegate = nullptr;
-    bool prepared = false;
   };
 
   struct Sound final : SystemSound {
