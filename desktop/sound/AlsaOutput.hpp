@@ -1,0 +1,14 @@
+#pragma once
+
+#include "desktop/sound/SoundOutput.hpp"
+
+namespace Hilalor {
+
+/// The sound card by ALSA's default device, for machines without a sound server. The card is held
+/// only while something plays.
+class AlsaOutput final : public SoundOutput {
+ public:
+  Outcome play(SoundStream& stream, std::stop_token stop) const override;
+};
+
+}  // namespace Hilalor

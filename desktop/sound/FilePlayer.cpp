@@ -1,0 +1,32 @@
+#include "desktop/sound/FilePlayer.hpp"
+
+#include <utility>
+
+namespace Hilalor {
+
+FilePlayer::FilePlayer(std::weak_ptr<SoundStage> stage, std::shared_ptr<SoundStream> recording)
+    : stage_(std::move(stage)), recording_(std::move(recording)) {}
+
+FilePlayer::~FilePlayer() {
+  playing_.request_stop();
+}
+
+void FilePlayer::play() {
+  const auto stage = stage_.lock();
+  const auto stream = std::exchange(recording_, nullptr);
+  if (!stage || !stream) return;
+  playing_ = stage->play(stream, [weak = std::weak_ptr(self_), stream] {
+    if (const auto self = weak.lock()) self->finish(!stream->isBroken());
+  });
+}
+
+void FilePlayer::stop() {
+  playing_.request_stop();
+  self_.reset();
+}
+
+void FilePlayer::finish(bool successfully) {
+  if (delegate_ != nullptr) delegate_->audioPlayerDidFinishPlaying(*this, successfully);
+}
+
+}  // namespace Hilalor

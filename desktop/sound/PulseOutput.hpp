@@ -1,0 +1,14 @@
+#pragma once
+
+#include "desktop/sound/SoundOutput.hpp"
+
+namespace Hilalor {
+
+/// The user's sound server, PulseAudio or PipeWire. Connected only while something plays; without
+/// a thread of its own.
+class PulseOutput final : public SoundOutput {
+ public:
+  Outcome play(SoundStream& stream, std::stop_token stop) const override;
+};
+
+}  // namespace Hilalor
