@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QStringList>
+#include <chrono>
+#include <functional>
+#include <optional>
+
+#include "platform/NotificationCenter.hpp"
+#include "platform/RunLoop.hpp"
+
+namespace Hilalor {
+
+/// Banners by the desktop's notification service, org.freedesktop.Notifications. Banners are
+/// allowed while a service answers: the desktop's own switches decide what it does with them. The
+/// bus starts a service that is installed but not running. Main thread.
+class LinuxNotificationCenter final : public NotificationCenter {
+ public:
+  /// The user's bus as it is now; none while there is no bus.
+  using Bus = std::function<std::optional<QDBusConnection>()>;
+
+  /// A service that does not answer in time counts as none.
+  LinuxNotificationCenter(RunLoop& loop, Bus bus,
+                          std::chrono::milliseconds answersWithin = std::chrono::seconds(5));
+
+  void setDelegate(Delegate* delegate) override { delegate_ = delegate; }
+  void requestAuthorization(NotificationOptions options,
+                            std::function<void(bool granted)> answer) override;
+  void authorizationStatus(std::function<void(NotificationAuthorization)> answer) override;
+  void add(const NotificationRequest& request) override;
+
+ private:
+  RunLoop& loop_;
+  Bus bus_;
+  std::chrono::milliseconds answersWithin_;
+  Delegate* delegate_ = nullptr;
+  QStringList capabilities_;  // of the service that answered last
+  QObject calls_;             // those on their way end with it
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,199 @@
+#include "desktop/notifications/LinuxNotificationCenter.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QProcess>
+#include <QVariantMap>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "desktop/QtRunLoop.hpp"
+
+namespace Hilalor {
+
+/// A notification service as the test wants it, which keeps what it was asked to show.
+class NotificationService : public QObject, protected QDBusContext {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+ public:
+  struct Banner {
+    QString program;
+    QString icon;
+    QString title;
+    QString body;
+    QVariantMap hints;
+    int milliseconds;
+  };
+  QStringList capabilities{"body", "actions"};
+  bool answers = true;
+  std::vector<Banner> banners;
+
+ public Q_SLOTS:
+  QStringList GetCapabilities() {
+    if (!answers) setDelayedReply(true);
+    return capabilities;
+  }
+
+  uint Notify(const QString& program, uint, const QString& icon, const QString& title,
+              const QString& body, const QStringList&, const QVariantMap& hints, int milliseconds) {
+    banners.push_back({program, icon, title, body, hints, milliseconds});
+    return 1;
+  }
+};
+
+namespace {
+
+using Status = NotificationAuthorization;
+
+/// A message bus of the test's own.
+class PrivateBus {
+ public:
+  PrivateBus() {
+    daemon_.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+    if (daemon_.waitForReadyRead()) address_ = QString::fromUtf8(daemon_.readLine().trimmed());
+  }
+  ~PrivateBus() {
+    daemon_.kill();
+    daemon_.waitForFinished();
+  }
+
+  [[nodiscard]] bool isThere() const { return !address_.isEmpty(); }
+
+  [[nodiscard]] QDBusConnection connection(const QString& name) const {
+    return QDBusConnection::connectToBus(address_, name);
+  }
+
+ private:
+  QProcess daemon_;
+  QString address_;
+};
+
+struct Presentation final : NotificationCenter::Delegate {
+  NotificationOptions options = NotificationOptions::banner | NotificationOptions::sound;
+  NotificationOptions willPresent(const NotificationRequest&) override { return options; }
+};
+
+class LinuxNotificationCenterTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!bus.isThere()) GTEST_SKIP() << "no dbus-daemon here";
+    center.setDelegate(&presentation);
+  }
+  ~LinuxNotificationCenterTest() override {
+    QDBusConnection::disconnectFromBus("program");
+    QDBusConnection::disconnectFromBus("service");
+  }
+
+  void startService() {
+    serviceSide.registerObject("/org/freedesktop/Notifications", &service,
+                               QDBusConnection::ExportAllSlots);
+    ASSERT_TRUE(serviceSide.registerService("org.freedesktop.Notifications"));
+  }
+
+  void endService() { serviceSide.unregisterService("org.freedesktop.Notifications"); }
+
+  Status status() {
+    std::optional<Status> answer;
+    center.authorizationStatus([&](Status status) { answer = status; });
+    EXPECT_EQ(answer, std::nullopt) << "answered within the call";
+    while (!answer)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return *answer;
+  }
+
+  /// What the service is asked to show.
+  NotificationService::Banner shown(const NotificationRequest& request) {
+    const auto before = service.banners.size();
+    center.add(request);
+    while (service.banners.size() == before)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return service.banners.back();
+  }
+
+  PrivateBus bus;
+  QDBusConnection programSide = bus.connection("program");
+  QDBusConnection serviceSide = bus.connection("service");
+  NotificationService service;
+  QtRunLoop loop;
+  Presentation presentation;
+  LinuxNotificationCenter center{loop, [this] { return std::optional(programSide); },
+                                 std::chrono::milliseconds(200)};
+};
+
+const NotificationRequest kFajr{"1b4e28ba-2fa1-41d2-883f-0016d3cca427", "\U0001F54C Fajr",
+                                "It's time for Fajr prayer"};
+
+TEST_F(LinuxNotificationCenterTest, IsAuthorisedWhileAServiceAnswers) {
+  EXPECT_EQ(status(), Status::denied) << "none yet";
+  startService();
+  EXPECT_EQ(status(), Status::authorized);
+  endService();
+  EXPECT_EQ(status(), Status::denied) << "gone";
+  startService();
+  EXPECT_EQ(status(), Status::authorized) << "back";
+  service.answers = false;
+  EXPECT_EQ(status(), Status::denied) << "hangs";
+}
+
+TEST_F(LinuxNotificationCenterTest, WithoutABusIsDenied) {
+  LinuxNotificationCenter alone(loop, [] { return std::nullopt; });
+  std::optional<bool> granted;
+  alone.requestAuthorization(NotificationOptions::alert, [&](bool answer) { granted = answer; });
+  alone.add(kFajr);
+  while (!granted)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_EQ(granted, false);
+}
+
+TEST_F(LinuxNotificationCenterTest, ShowsTheBannerInTheProgramsName) {
+  startService();
+  EXPECT_EQ(status(), Status::authorized);
+  const auto banner = shown(kFajr);
+  EXPECT_EQ(banner.program.toStdString(), "Hilalor");
+  EXPECT_EQ(banner.icon.toStdString(), "hilalor");
+  EXPECT_EQ(banner.title.toStdString(), kFajr.title);
+  EXPECT_EQ(banner.body.toStdString(), kFajr.body);
+  EXPECT_EQ(banner.hints.value("desktop-entry").toString().toStdString(), "hilalor");
+  EXPECT_EQ(banner.hints.value("sound-name").toString().toStdString(), "message-new-instant");
+  EXPECT_EQ(banner.milliseconds, -1);
+}
+
+TEST_F(LinuxNotificationCenterTest, KeepsTheTextPlainWhereTheServiceReadsMarkup) {
+  startService();
+  const NotificationRequest request{"", "a < b", "<b>R&B</b>"};
+  EXPECT_EQ(status(), Status::authorized);
+  EXPECT_EQ(shown(request).body.toStdString(), "<b>R&B</b>");
+  service.capabilities.append("body-markup");
+  EXPECT_EQ(status(), Status::authorized);
+  const auto banner = shown(request);
+  EXPECT_EQ(banner.body.toStdString(), "&lt;b&gt;R&amp;B&lt;/b&gt;");
+  EXPECT_EQ(banner.title.toStdString(), "a < b") << "titles have no markup";
+}
+
+TEST_F(LinuxNotificationCenterTest, AsksHowToShowIt) {
+  startService();
+  presentation.options = NotificationOptions::none;
+  center.add(kFajr);
+  presentation.options = NotificationOptions::banner;
+  const auto banner = shown({"", "Dhuhr", ""});
+  ASSERT_EQ(service.banners.size(), 1U);
+  EXPECT_EQ(banner.hints.value("suppress-sound").toBool(), true);
+  EXPECT_FALSE(banner.hints.contains("sound-name"));
+}
+
+}  // namespace
+}  // namespace Hilalor
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
+
+#include "LinuxNotificationCenterTests.moc"
