@@ -1,10 +1,11 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <cstdlib>
+#include <filesystem>
+#include <vector>
 
 #include "app/AppDelegate.hpp"
 #include "app/SharedObjects.hpp"
-#include "desktop/AbsentServices.hpp"
 #include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
 #include "desktop/OfflineGeocoder.hpp"
@@ -13,6 +14,8 @@
 #include "desktop/SessionBus.hpp"
 #include "desktop/SystemClock.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
+#include "desktop/notifications/LinuxNotificationCenter.hpp"
+#include "desktop/sound/LinuxSoundService.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "platform/Platform.hpp"
 
@@ -24,6 +27,11 @@ using namespace Hilalor;
 GeoClueLocationService::Contact firstContact(const DefaultsStore& defaults) {
   return AppDelegate::didRequestLocation(defaults) ? GeoClueLocationService::Contact::atStart
                                                    : GeoClueLocationService::Contact::whenAsked;
+}
+
+// The user's own recordings and beeps go before the program's.
+std::vector<std::filesystem::path> soundFolders() {
+  return {userDataFolder() / "hilalor/sounds", resourceFolder() / "sounds"};
 }
 
 // How this desktop answers everything that is asked of it. The shared objects go before it does.
@@ -40,7 +48,7 @@ class LinuxDesktop {
                   .notifications = notifications_,
                   .sounds = sounds_,
                   .updater = nullptr,
-                  .soundFolders = {}} {
+                  .soundFolders = soundFolders()} {
     Platform::install(&platform_);
   }
   LinuxDesktop(const LinuxDesktop&) = delete;
@@ -58,8 +66,8 @@ class LinuxDesktop {
   LinuxStatusBar statusBar_{loop_, sessionBus_, resourceFolder() / "item"};
   GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
-  AbsentNotificationCenter notifications_{loop_};
-  AbsentSoundService sounds_;
+  LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
+  LinuxSoundService sounds_{loop_, soundFolders()};
   Platform platform_;
 };
 

@@ -1,5 +1,7 @@
 #include "desktop/Resources.hpp"
 
+#include <cstdlib>
+
 namespace Hilalor {
 
 std::filesystem::path resourceFolder() {
@@ -10,6 +12,13 @@ std::filesystem::path resourceFolder() {
     if (std::filesystem::is_directory(installed, error)) return installed;
   }
   return HILALOR_SOURCE_RESOURCES;
+}
+
+std::filesystem::path userDataFolder() {
+  const char* data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && *data == '/') return data;
+  const char* home = std::getenv("HOME");
+  return std::filesystem::path(home != nullptr ? home : "/") / ".local/share";
 }
 
 }  // namespace Hilalor
