@@ -8,8 +8,8 @@
 
 namespace Adhan {
 
-/// The six instants of a day as the sky and the rules for long twilights give them, to the second:
-/// `PrayerTimes` before the minutes are added and the seconds rounded.
+/// The six instants of a day as the sky and the rules for long twilights give them: `PrayerTimes`
+/// before the minutes are added and the seconds rounded.
 struct ExactTimes {
   Date fajr;
   Date sunrise;

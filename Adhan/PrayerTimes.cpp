@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <ostream>
-#include <ranges>
 
 #include "Adhan/ExactTimes.hpp"
 #include "Adhan/Extensions/DateUtilities.hpp"
@@ -15,17 +14,17 @@ std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
                                              const CalculationParameters& calculationParameters) {
   const auto exact = ExactTimes::make(coordinates, date, calculationParameters);
   if (!exact) return std::nullopt;
-  const auto final = [&](Date time, int PrayerAdjustments::*prayer) {
+  const auto adjusted = [&](Date time, int PrayerAdjustments::*prayer) {
     const std::chrono::minutes own(calculationParameters.adjustments.*prayer);
     const std::chrono::minutes methods(calculationParameters.methodAdjustments.*prayer);
     return roundedMinute(time + own + methods, calculationParameters.rounding);
   };
-  const PrayerTimes times{final(exact->fajr, &PrayerAdjustments::fajr),
-                          final(exact->sunrise, &PrayerAdjustments::sunrise),
-                          final(exact->dhuhr, &PrayerAdjustments::dhuhr),
-                          final(exact->asr, &PrayerAdjustments::asr),
-                          final(exact->maghrib, &PrayerAdjustments::maghrib),
-                          final(exact->isha, &PrayerAdjustments::isha),
+  const PrayerTimes times{adjusted(exact->fajr, &PrayerAdjustments::fajr),
+                          adjusted(exact->sunrise, &PrayerAdjustments::sunrise),
+                          adjusted(exact->dhuhr, &PrayerAdjustments::dhuhr),
+                          adjusted(exact->asr, &PrayerAdjustments::asr),
+                          adjusted(exact->maghrib, &PrayerAdjustments::maghrib),
+                          adjusted(exact->isha, &PrayerAdjustments::isha),
                           coordinates,
                           date,
                           calculationParameters};
@@ -37,10 +36,11 @@ std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
 }
 
 std::optional<Prayer> PrayerTimes::currentPrayer(Date at) const {
-  for (const Prayer prayer : allCases<Prayer>() | std::views::reverse) {
-    if (time(prayer) <= at) return prayer;
+  std::optional<Prayer> current;
+  for (const Prayer prayer : allCases<Prayer>()) {
+    if (time(prayer) <= at) current = prayer;
   }
-  return std::nullopt;
+  return current;
 }
 
 std::optional<Prayer> PrayerTimes::nextPrayer(Date at) const {

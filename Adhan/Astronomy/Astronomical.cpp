@@ -18,6 +18,12 @@ Angle arcSeconds(double seconds) {
   return {seconds / 3600};
 }
 
+// Of the sun above the horizon, negative below (ch. 13).
+Angle altitudeAt(const Passage& passage, Angle declination, Angle hourAngle) {
+  return arcsin(passage.sinLatitude * sin(declination) +
+                passage.cosLatitude * cos(declination) * cos(hourAngle));
+}
+
 }  // namespace
 
 double julianDay(const Hilalor::DateComponents& dateComponents) {
@@ -84,20 +90,41 @@ Angle meanSiderealTime(double T) {
       .unwound();
 }
 
-Angle nutationInLongitude(Angle solarLongitude, Angle lunarLongitude, Angle ascendingNode) {
-  return arcSeconds(-17.2) * sin(ascendingNode) - arcSeconds(1.32) * sin(2 * solarLongitude) -
-         arcSeconds(0.23) * sin(2 * lunarLongitude) + arcSeconds(0.21) * sin(2 * ascendingNode);
+Nutation nutation(Angle solarLongitude, Angle lunarLongitude, Angle ascendingNode) {
+  const Angle inLongitude =
+      arcSeconds(-17.2) * sin(ascendingNode) - arcSeconds(1.32) * sin(2 * solarLongitude) -
+      arcSeconds(0.23) * sin(2 * lunarLongitude) + arcSeconds(0.21) * sin(2 * ascendingNode);
+  const Angle inObliquity =
+      arcSeconds(9.2) * cos(ascendingNode) + arcSeconds(0.57) * cos(2 * solarLongitude) +
+      arcSeconds(0.10) * cos(2 * lunarLongitude) - arcSeconds(0.09) * cos(2 * ascendingNode);
+  return {inLongitude, inObliquity};
 }
 
-Angle nutationInObliquity(Angle solarLongitude, Angle lunarLongitude, Angle ascendingNode) {
-  return arcSeconds(9.2) * cos(ascendingNode) + arcSeconds(0.57) * cos(2 * solarLongitude) +
-         arcSeconds(0.10) * cos(2 * lunarLongitude) - arcSeconds(0.09) * cos(2 * ascendingNode);
+Interpolation Interpolation::of(Angle previous, Angle value, Angle next) {
+  const Angle before = value - previous;
+  const Angle after = next - value;
+  return {value, before + after, after - before};
 }
 
-Angle altitudeOfCelestialBody(Angle latitude, Angle declination, Angle localHourAngle) {
-  return arcsin(sin(latitude) * sin(declination) +
-                cos(latitude) * cos(declination) * cos(localHourAngle));
+Interpolation Interpolation::ofTurning(Angle previous, Angle value, Angle next) {
+  const Angle before = (value - previous).unwound();
+  const Angle after = (next - value).unwound();
+  return {value, before + after, after - before};
 }
+
+Passage::Passage(const Coordinates& observer, const SolarCoordinates& previousDay,
+                 const SolarCoordinates& day, const SolarCoordinates& nextDay)
+    : west{-observer.longitude},
+      siderealTime(day.apparentSiderealTime),
+      rightAscension(Interpolation::ofTurning(previousDay.rightAscension, day.rightAscension,
+                                              nextDay.rightAscension)),
+      declination(Interpolation::of(previousDay.declination, day.declination, nextDay.declination)),
+      approximateTransit(
+          Astronomical::approximateTransit({observer.longitude}, siderealTime, day.rightAscension)),
+      sinLatitude(sin(Angle{observer.latitude})),
+      cosLatitude(cos(Angle{observer.latitude})),
+      sinDeclination(sin(day.declination)),
+      cosDeclination(cos(day.declination)) {}
 
 double approximateTransit(Angle longitude, Angle siderealTime, Angle rightAscension) {
   const Angle west = -longitude;
@@ -105,47 +132,28 @@ double approximateTransit(Angle longitude, Angle siderealTime, Angle rightAscens
   return turns - std::floor(turns);
 }
 
-double correctedTransit(double approximateTransit, Angle longitude, Angle siderealTime,
-                        const ThreeDays& rightAscension) {
-  const Angle west = -longitude;
-  const Angle turned =
-      (siderealTime + Angle{kSiderealDegreesPerDay * approximateTransit}).unwound();
-  const Angle ascension = interpolateAngles(rightAscension, approximateTransit).unwound();
-  const Angle hourAngle = (turned - west - ascension).quadrantShifted();
-  return (approximateTransit + hourAngle.degrees / -360) * 24;
+double correctedTransit(const Passage& passage) {
+  const double transit = passage.approximateTransit;
+  const Angle turned = (passage.siderealTime + Angle{kSiderealDegreesPerDay * transit}).unwound();
+  const Angle rightAscension = passage.rightAscension.at(transit).unwound();
+  const Angle hourAngle = (turned - passage.west - rightAscension).quadrantShifted();
+  return (transit + hourAngle.degrees / -360) * 24;
 }
 
-double correctedHourAngle(double approximateTransit, Angle altitude, const Coordinates& observer,
-                          bool afterTransit, Angle siderealTime, const ThreeDays& rightAscension,
-                          const ThreeDays& declination) {
-  const Angle latitude{observer.latitude};
-  const Angle west{-observer.longitude};
-  const Angle halfArc = arccos((sin(altitude) - sin(latitude) * sin(declination.day)) /
-                               (cos(latitude) * cos(declination.day)));
-  const double arcOfDay = halfArc.degrees / 360;
-  const double time = afterTransit ? approximateTransit + arcOfDay : approximateTransit - arcOfDay;
-  const Angle turned = (siderealTime + Angle{kSiderealDegreesPerDay * time}).unwound();
-  const Angle ascension = interpolateAngles(rightAscension, time).unwound();
-  const Angle declinationThen = interpolate(declination, time);
-  const Angle hourAngle = turned - west - ascension;
-  const Angle altitudeThen = altitudeOfCelestialBody(latitude, declinationThen, hourAngle);
+double correctedHourAngle(const Passage& passage, Angle altitude, bool afterTransit) {
+  const Angle halfArc = arccos((sin(altitude) - passage.sinLatitude * passage.sinDeclination) /
+                               (passage.cosLatitude * passage.cosDeclination));
+  const double fromTransit = halfArc.degrees / 360;
+  const double time = afterTransit ? passage.approximateTransit + fromTransit
+                                   : passage.approximateTransit - fromTransit;
+  const Angle turned = (passage.siderealTime + Angle{kSiderealDegreesPerDay * time}).unwound();
+  const Angle rightAscension = passage.rightAscension.at(time).unwound();
+  const Angle declination = passage.declination.at(time);
+  const Angle hourAngle = turned - passage.west - rightAscension;
+  const Angle altitudeThen = altitudeAt(passage, declination, hourAngle);
   const double correction = (altitudeThen - altitude).degrees /
-                            (360 * cos(declinationThen) * cos(latitude) * sin(hourAngle));
+                            (360 * cos(declination) * passage.cosLatitude * sin(hourAngle));
   return (time + correction) * 24;
-}
-
-Angle interpolate(const ThreeDays& values, double factor) {
-  const Angle a = values.day - values.previous;
-  const Angle b = values.next - values.day;
-  const Angle c = b - a;
-  return values.day + factor / 2 * (a + b + factor * c);
-}
-
-Angle interpolateAngles(const ThreeDays& values, double factor) {
-  const Angle a = (values.day - values.previous).unwound();
-  const Angle b = (values.next - values.day).unwound();
-  const Angle c = b - a;
-  return values.day + factor / 2 * (a + b + factor * c);
 }
 
 bool isLeapYear(int year) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Adhan/Astronomy/SolarCoordinates.hpp"
 #include "Adhan/Models/Coordinates.hpp"
 #include "Adhan/Units/Angle.hpp"
 #include "datetime/DateComponents.hpp"
@@ -8,13 +9,6 @@
 /// day between 1950 and 2100. From J. Meeus, "Astronomical Algorithms", 2nd ed.; the chapter stands
 /// with each. T is always the Julian century. Pure functions of their arguments; NaN runs through.
 namespace Adhan::Astronomical {
-
-/// An angle at 0h UTC of three days in a row.
-struct ThreeDays {
-  Angle previous;
-  Angle day;
-  Angle next;
-};
 
 /// Days and their fraction since noon of 1 January 4713 BC (ch. 7). Absent year, month and day
 /// count as 1, absent hour and minute as 0; seconds are not read.
@@ -50,38 +44,57 @@ struct ThreeDays {
 /// At Greenwich, in [0, 360) (ch. 12).
 [[nodiscard]] Angle meanSiderealTime(double T);
 
-/// (ch. 22)
-[[nodiscard]] Angle nutationInLongitude(Angle solarLongitude, Angle lunarLongitude,
-                                        Angle ascendingNode);
+/// How far the moon sways the equinox along the ecliptic and the tilt of the earth's axis.
+struct Nutation {
+  Angle inLongitude;
+  Angle inObliquity;
+};
 
-/// (ch. 22)
-[[nodiscard]] Angle nutationInObliquity(Angle solarLongitude, Angle lunarLongitude,
-                                        Angle ascendingNode);
+/// From the mean longitudes of sun and moon and the moon's ascending node (ch. 22).
+[[nodiscard]] Nutation nutation(Angle solarLongitude, Angle lunarLongitude, Angle ascendingNode);
 
-/// Of a body above the horizon, negative below (ch. 13).
-[[nodiscard]] Angle altitudeOfCelestialBody(Angle latitude, Angle declination,
-                                            Angle localHourAngle);
+/// A parabola through the values of an angle at 0h of three days in a row (ch. 3).
+struct Interpolation {
+  Angle value;  ///< Of the middle day.
+  Angle slope;  ///< Twice the growth a day at the middle.
+  Angle curve;  ///< What the growth gains a day.
+
+  /// Of an angle that swings, such as a declination.
+  [[nodiscard]] static Interpolation of(Angle previous, Angle value, Angle next);
+
+  /// Of one that only grows and begins anew after a full turn, such as a right ascension.
+  [[nodiscard]] static Interpolation ofTurning(Angle previous, Angle value, Angle next);
+
+  /// The value `days` after the middle one; not reduced to [0, 360).
+  [[nodiscard]] Angle at(double days) const { return value + days / 2 * (slope + days * curve); }
+};
+
+/// The sun's passage over an observer on one day: what its transit, rising and setting share.
+struct Passage {
+  Passage(const Coordinates& observer, const SolarCoordinates& previousDay,
+          const SolarCoordinates& day, const SolarCoordinates& nextDay);
+
+  Angle west;  ///< Longitude, west positive.
+  Angle siderealTime;
+  Interpolation rightAscension;
+  Interpolation declination;
+  double approximateTransit = 0;
+  double sinLatitude = 0;
+  double cosLatitude = 0;
+  double sinDeclination = 0;  ///< Of the day's declination.
+  double cosDeclination = 0;
+};
 
 /// The transit over the meridian as a fraction of the day, in [0, 1), good to some minutes (ch.
 /// 15). `longitude` east positive.
 [[nodiscard]] double approximateTransit(Angle longitude, Angle siderealTime, Angle rightAscension);
 
 /// The transit in hours of the day (ch. 15). Near the antimeridian it can lie below 0 or above 24.
-[[nodiscard]] double correctedTransit(double approximateTransit, Angle longitude,
-                                      Angle siderealTime, const ThreeDays& rightAscension);
+[[nodiscard]] double correctedTransit(const Passage& passage);
 
-/// The hours of the day at which a body stands at that altitude, before or after its transit
-/// (ch. 15); any number of hours, not only those of the day. NaN when it never does on that day.
-[[nodiscard]] double correctedHourAngle(double approximateTransit, Angle altitude,
-                                        const Coordinates& observer, bool afterTransit,
-                                        Angle siderealTime, const ThreeDays& rightAscension,
-                                        const ThreeDays& declination);
-
-/// The value at `factor` days after the middle one (ch. 3).
-[[nodiscard]] Angle interpolate(const ThreeDays& values, double factor);
-
-/// The same for an angle that grows through full turns; not reduced to [0, 360).
-[[nodiscard]] Angle interpolateAngles(const ThreeDays& values, double factor);
+/// The hours of the day at which the sun stands at `altitude`, before or after its transit (ch.
+/// 15); below 0 and above 24 on the day before and after. NaN when it never does on that day.
+[[nodiscard]] double correctedHourAngle(const Passage& passage, Angle altitude, bool afterTransit);
 
 [[nodiscard]] bool isLeapYear(int year);
 

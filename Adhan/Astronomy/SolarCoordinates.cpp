@@ -14,14 +14,13 @@ SolarCoordinates::SolarCoordinates(double julianDay) {
   const Angle apparentLongitude = apparentSolarLongitude(T, solarLongitude);
   const Angle obliquity = meanObliquityOfTheEcliptic(T);
   const Angle apparentObliquity = apparentObliquityOfTheEcliptic(T, obliquity);
-  const Angle inLongitude = nutationInLongitude(solarLongitude, lunarLongitude, node);
-  const Angle inObliquity = nutationInObliquity(solarLongitude, lunarLongitude, node);
+  const Nutation sway = nutation(solarLongitude, lunarLongitude, node);
 
   declination = arcsin(sin(apparentObliquity) * sin(apparentLongitude));
   rightAscension =
       arctan(cos(apparentObliquity) * sin(apparentLongitude), cos(apparentLongitude)).unwound();
   apparentSiderealTime =
-      meanSiderealTime(T) + inLongitude * 3600 * cos(obliquity + inObliquity) / 3600;
+      meanSiderealTime(T) + sway.inLongitude * 3600 * cos(obliquity + sway.inObliquity) / 3600;
 }
 
 }  // namespace Adhan

@@ -1,6 +1,5 @@
 #include "Adhan/Astronomy/SolarTime.hpp"
 
-#include "Adhan/Astronomy/Astronomical.hpp"
 #include "Adhan/Extensions/DateUtilities.hpp"
 
 namespace Adhan {
@@ -15,43 +14,26 @@ DateComponents midnight(DateComponents date) {
   return date;
 }
 
-double hoursAt(const SolarTime& day, Angle altitude, bool afterTransit) {
-  return Astronomical::correctedHourAngle(
-      day.approxTransit, altitude, day.observer, afterTransit, day.solar.apparentSiderealTime,
-      {day.prevSolar.rightAscension, day.solar.rightAscension, day.nextSolar.rightAscension},
-      {day.prevSolar.declination, day.solar.declination, day.nextSolar.declination});
-}
-
-double transitHours(const SolarTime& day) {
-  return Astronomical::correctedTransit(
-      day.approxTransit, {day.observer.longitude}, day.solar.apparentSiderealTime,
-      {day.prevSolar.rightAscension, day.solar.rightAscension, day.nextSolar.rightAscension});
-}
-
-std::optional<SolarTime> fromPositions(const DateComponents& date, const Coordinates& observer,
-                                       const SolarCoordinates& previous,
-                                       const SolarCoordinates& solar,
-                                       const SolarCoordinates& next) {
-  const double approxTransit = Astronomical::approximateTransit(
-      {observer.longitude}, solar.apparentSiderealTime, solar.rightAscension);
-  SolarTime day{date, observer, solar, {}, {}, {}, previous, next, approxTransit};
-  const auto transit = settingHour(date, transitHours(day));
-  const auto sunrise = day.timeForSolarAngle(kRisingAltitude, /*afterTransit=*/false);
-  const auto sunset = day.timeForSolarAngle(kRisingAltitude, /*afterTransit=*/true);
-  if (!transit || !sunrise || !sunset) return std::nullopt;
-  day.transit = *transit;
-  day.sunrise = *sunrise;
-  day.sunset = *sunset;
-  return day;
-}
-
 }  // namespace
+
+SolarTime::SolarTime(const DateComponents& midnight, const Coordinates& place,
+                     const SolarCoordinates& previous, const SolarCoordinates& day,
+                     const SolarCoordinates& next)
+    : date(midnight),
+      observer(place),
+      solar(day),
+      prevSolar(previous),
+      nextSolar(next),
+      passage_(place, previous, day, next) {
+  approxTransit = passage_.approximateTransit;
+}
 
 std::optional<SolarTime> SolarTime::make(const DateComponents& date, const Coordinates& observer) {
   const DateComponents start = midnight(date);
   const double julianDay = Astronomical::julianDay(start);
-  return fromPositions(start, observer, SolarCoordinates(julianDay - 1),
-                       SolarCoordinates(julianDay), SolarCoordinates(julianDay + 1));
+  return SolarTime(start, observer, SolarCoordinates(julianDay - 1), SolarCoordinates(julianDay),
+                   SolarCoordinates(julianDay + 1))
+      .withEvents();
 }
 
 std::optional<SolarTime> SolarTime::following(const DateComponents& nextDate) const {
@@ -59,12 +41,23 @@ std::optional<SolarTime> SolarTime::following(const DateComponents& nextDate) co
   const double julianDay = Astronomical::julianDay(start);
   // Julian days at 0h end in .5 exactly, so that the difference is exact too.
   if (julianDay != Astronomical::julianDay(date) + 1) return make(nextDate, observer);
-  return fromPositions(start, observer, solar, nextSolar, SolarCoordinates(julianDay + 1));
+  return SolarTime(start, observer, solar, nextSolar, SolarCoordinates(julianDay + 1)).withEvents();
+}
+
+std::optional<SolarTime> SolarTime::withEvents() && {
+  const auto transitTime = settingHour(date, Astronomical::correctedTransit(passage_));
+  const auto sunriseTime = timeForSolarAngle(kRisingAltitude, /*afterTransit=*/false);
+  const auto sunsetTime = timeForSolarAngle(kRisingAltitude, /*afterTransit=*/true);
+  if (!transitTime || !sunriseTime || !sunsetTime) return std::nullopt;
+  transit = *transitTime;
+  sunrise = *sunriseTime;
+  sunset = *sunsetTime;
+  return *this;
 }
 
 std::optional<DateComponents> SolarTime::timeForSolarAngle(Angle altitude,
                                                            bool afterTransit) const {
-  return settingHour(date, hoursAt(*this, altitude, afterTransit));
+  return settingHour(date, Astronomical::correctedHourAngle(passage_, altitude, afterTransit));
 }
 
 std::optional<DateComponents> SolarTime::afternoon(int shadowLength) const {

@@ -2,9 +2,9 @@
 
 #include <optional>
 
+#include "Adhan/Astronomy/Astronomical.hpp"
 #include "Adhan/Astronomy/SolarCoordinates.hpp"
 #include "Adhan/Models/Coordinates.hpp"
-#include "Adhan/Models/Madhab.hpp"
 #include "datetime/DateComponents.hpp"
 
 namespace Adhan {
@@ -42,6 +42,16 @@ struct SolarTime {
   /// When shadows are longer than at noon by `shadowLength` heights of the object that casts them.
   /// No result when they never are on that day.
   [[nodiscard]] std::optional<DateComponents> afternoon(int shadowLength) const;
+
+ private:
+  SolarTime(const DateComponents& midnight, const Coordinates& place,
+            const SolarCoordinates& previous, const SolarCoordinates& day,
+            const SolarCoordinates& next);
+
+  // The same once transit, sunrise and sunset are found; none when one of them is missing.
+  [[nodiscard]] std::optional<SolarTime> withEvents() &&;
+
+  Astronomical::Passage passage_;
 };
 
 }  // namespace Adhan

@@ -9,7 +9,6 @@ namespace Adhan {
 namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
-constexpr std::int64_t kFarthestSecond = std::int64_t{1} << 53;
 
 constexpr std::int64_t floorDivided(std::int64_t value, std::int64_t divisor) {
   return value / divisor - (value % divisor < 0 ? 1 : 0);
@@ -21,7 +20,7 @@ constexpr std::int64_t floorDivided(std::int64_t value, std::int64_t divisor) {
 constexpr std::int64_t kDaysPerEra = 146097;
 constexpr std::int64_t kDaysFromMarch0To1970 = 719468;
 
-struct Day {
+struct CivilDay {
   std::int64_t year = 1970;
   std::int64_t month = 1;  // 1 to 12
   std::int64_t day = 1;    // 1 to 31
@@ -38,7 +37,7 @@ constexpr std::int64_t daysToMonth(std::int64_t year, std::int64_t month) {
   return era * kDaysPerEra + dayOfEra - kDaysFromMarch0To1970;
 }
 
-constexpr Day dayAfter1970(std::int64_t days) {
+constexpr CivilDay dayAfter1970(std::int64_t days) {
   const std::int64_t shifted = days + kDaysFromMarch0To1970;
   const std::int64_t era = floorDivided(shifted, kDaysPerEra);
   const std::int64_t dayOfEra = shifted - era * kDaysPerEra;
@@ -53,7 +52,7 @@ constexpr Day dayAfter1970(std::int64_t days) {
 
 std::optional<std::int64_t> wholeSeconds(Date date) {
   const double seconds = std::floor(date.secondsSince1970);
-  if (!(std::abs(seconds) <= static_cast<double>(kFarthestSecond))) return std::nullopt;
+  if (!(std::abs(seconds) <= UTCCalendar::kFarthestSecond)) return std::nullopt;
   return static_cast<std::int64_t>(seconds);
 }
 
@@ -79,7 +78,7 @@ DateComponents UTCCalendar::components(Date date) const {
   if (!seconds) return {};
   const std::int64_t days = floorDivided(*seconds, kSecondsPerDay);
   const auto ofDay = static_cast<int>(*seconds - days * kSecondsPerDay);
-  const Day day = dayAfter1970(days);
+  const CivilDay day = dayAfter1970(days);
   return {static_cast<int>(day.year),
           static_cast<int>(day.month),
           static_cast<int>(day.day),
@@ -97,7 +96,8 @@ std::optional<Date> UTCCalendar::date(const DateComponents& components) const {
   const std::int64_t seconds =
       days * kSecondsPerDay + std::int64_t{components.hour.value_or(0)} * 3600 +
       std::int64_t{components.minute.value_or(0)} * 60 + components.second.value_or(0);
-  return inRange({static_cast<double>(seconds)});
+  const Date date{static_cast<double>(seconds)};
+  return std::abs(date.secondsSince1970) <= kFarthestSecond ? std::optional(date) : std::nullopt;
 }
 
 std::optional<DateComponents> UTCCalendar::dayAfter(const DateComponents& components) const {

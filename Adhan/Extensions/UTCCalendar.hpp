@@ -19,6 +19,8 @@ using Hilalor::Seconds;
 /// of 1970 (285 million years). Beyond it, and for NaN, there is no result.
 class UTCCalendar {
  public:
+  static constexpr double kFarthestSecond = 9007199254740992;  ///< 2^53.
+
   /// Stops the program with "Unable to instantiate UTC TimeZone." when the machine has no UTC.
   explicit UTCCalendar(std::optional<Hilalor::TimeZone> utc);
 

@@ -24,7 +24,8 @@ struct NightPortions {
 /// Everything that a calculation of prayer times can be told besides the place and the day.
 /// `params` gives those of a published method.
 struct CalculationParameters {
-  CalculationParameters(double fajr, double isha) : fajrAngle(fajr), ishaAngle(isha) {}
+  CalculationParameters(double fajrDegrees, double ishaDegrees)
+      : fajrAngle(fajrDegrees), ishaAngle(ishaDegrees) {}
 
   CalculationMethod method = CalculationMethod::other;
   double fajrAngle;                    ///< Degrees of the sun below the horizon.

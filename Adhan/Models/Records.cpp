@@ -143,7 +143,7 @@ std::optional<std::string> jsonRecord(const CalculationParameters& parameters) {
   return record.dump();
 }
 
-std::optional<Coordinates> coordinates(std::string_view jsonRecord) {
+std::optional<Coordinates> coordinatesFrom(std::string_view jsonRecord) {
   const Json record = parsed(jsonRecord);
   Reader reader(record);
   Coordinates result;
@@ -152,11 +152,11 @@ std::optional<Coordinates> coordinates(std::string_view jsonRecord) {
   return reader.good() ? std::optional(result) : std::nullopt;
 }
 
-std::optional<PrayerAdjustments> prayerAdjustments(std::string_view jsonRecord) {
+std::optional<PrayerAdjustments> prayerAdjustmentsFrom(std::string_view jsonRecord) {
   return adjustmentsOf(parsed(jsonRecord));
 }
 
-std::optional<CalculationParameters> calculationParameters(std::string_view jsonRecord) {
+std::optional<CalculationParameters> calculationParametersFrom(std::string_view jsonRecord) {
   const Json record = parsed(jsonRecord);
   Reader reader(record);
   CalculationParameters result(0, 0);

@@ -18,10 +18,10 @@ namespace Adhan {
 
 /// No result when the text is no JSON record, a required key is missing, a value has the wrong type
 /// or does not fit, or a raw value is unknown. Keys not listed are passed over.
-[[nodiscard]] std::optional<Coordinates> coordinates(std::string_view jsonRecord);
-[[nodiscard]] std::optional<PrayerAdjustments> prayerAdjustments(std::string_view jsonRecord);
+[[nodiscard]] std::optional<Coordinates> coordinatesFrom(std::string_view jsonRecord);
+[[nodiscard]] std::optional<PrayerAdjustments> prayerAdjustmentsFrom(std::string_view jsonRecord);
 /// "maghribAngle" and "highLatitudeRule" may be missing or null; all other keys are required.
-[[nodiscard]] std::optional<CalculationParameters> calculationParameters(
+[[nodiscard]] std::optional<CalculationParameters> calculationParametersFrom(
     std::string_view jsonRecord);
 
 }  // namespace Adhan

@@ -11,9 +11,9 @@ struct Angle {
   double degrees = 0;
 
   [[nodiscard]] static constexpr Angle fromRadians(double radians) {
-    return {radians * 180 / std::numbers::pi};
+    return {radians * (180 / std::numbers::pi)};
   }
-  [[nodiscard]] constexpr double radians() const { return degrees * std::numbers::pi / 180; }
+  [[nodiscard]] constexpr double radians() const { return degrees * (std::numbers::pi / 180); }
 
   /// The same direction in [0, 360). Within the last bits below 0 doubles round it to 360 itself.
   [[nodiscard]] Angle unwound() const { return {degrees - 360 * std::floor(degrees / 360)}; }

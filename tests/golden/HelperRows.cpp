@@ -65,20 +65,20 @@ void checkQuadrantShifted(const Json& in, const Json& out, Checks& checks) {
   checks.near("degrees", out, angle.quadrantShifted().degrees, kTolerance);
 }
 
-Astronomical::ThreeDays threeDays(const Json& in) {
-  return {{in.at("previous").get<double>()},
-          {in.at("value").get<double>()},
-          {in.at("next").get<double>()}};
+using Fit = Astronomical::Interpolation (*)(Angle previous, Angle value, Angle next);
+
+void checkFit(Fit fit, const Json& in, const Json& out, Checks& checks) {
+  const auto angle = [&](const char* key) { return Angle{in.at(key).get<double>()}; };
+  const auto interpolation = fit(angle("previous"), angle("value"), angle("next"));
+  checks.near("value", out, interpolation.at(in.at("factor")).degrees, kTolerance);
 }
 
 void checkInterpolate(const Json& in, const Json& out, Checks& checks) {
-  const Angle value = Astronomical::interpolate(threeDays(in), in.at("factor"));
-  checks.near("value", out, value.degrees, kTolerance);
+  checkFit(Astronomical::Interpolation::of, in, out, checks);
 }
 
 void checkInterpolateAngles(const Json& in, const Json& out, Checks& checks) {
-  const Angle value = Astronomical::interpolateAngles(threeDays(in), in.at("factor"));
-  checks.near("value", out, value.degrees, kTolerance);
+  checkFit(Astronomical::Interpolation::ofTurning, in, out, checks);
 }
 
 Season season(const Json& in) {

@@ -13,36 +13,6 @@ constexpr double kAngleTolerance = 1e-8;         // degrees
 constexpr double kSiderealTimeTolerance = 1e-7;  // degrees
 constexpr double kHoursTolerance = 1e-9;
 
-// The three positions and the approximate transit, from which all hours of a day follow.
-struct Sky {
-  Coordinates observer;
-  SolarCoordinates previous;
-  SolarCoordinates day;
-  SolarCoordinates next;
-  double transit;
-
-  Sky(const Coordinates& place, double julianDay)
-      : observer(place),
-        previous(julianDay - 1),
-        day(julianDay),
-        next(julianDay + 1),
-        transit(
-            approximateTransit({place.longitude}, day.apparentSiderealTime, day.rightAscension)) {}
-
-  [[nodiscard]] ThreeDays rightAscension() const {
-    return {previous.rightAscension, day.rightAscension, next.rightAscension};
-  }
-  [[nodiscard]] double transitHours() const {
-    return correctedTransit(transit, {observer.longitude}, day.apparentSiderealTime,
-                            rightAscension());
-  }
-  [[nodiscard]] double hours(Angle altitude, bool afterTransit) const {
-    return correctedHourAngle(transit, altitude, observer, afterTransit, day.apparentSiderealTime,
-                              rightAscension(),
-                              {previous.declination, day.declination, next.declination});
-  }
-};
-
 Json clock(const std::optional<DateComponents>& fields) {
   return fields ? Json{*fields->hour, *fields->minute, *fields->second} : Json();
 }
@@ -66,8 +36,8 @@ void checkElements(const Json& row, Checks& checks) {
   angle("meanObliquity", obliquity);
   angle("apparentObliquity", apparentObliquityOfTheEcliptic(T, obliquity));
   angle("meanSiderealTime", meanSiderealTime(T), kSiderealTimeTolerance);
-  angle("nutationLongitude", nutationInLongitude(sun, moon, node));
-  angle("nutationObliquity", nutationInObliquity(sun, moon, node));
+  angle("nutationLongitude", nutation(sun, moon, node).inLongitude);
+  angle("nutationObliquity", nutation(sun, moon, node).inObliquity);
 }
 
 void checkPosition(const std::string& key, const Json& expected, const SolarCoordinates& actual,
@@ -80,18 +50,19 @@ void checkPosition(const std::string& key, const Json& expected, const SolarCoor
                       number(actual.apparentSiderealTime.degrees), kSiderealTimeTolerance);
 }
 
-void checkHours(const Json& row, const Sky& sky, Checks& checks) {
+void checkHours(const Json& row, const Passage& passage, Checks& checks) {
   const Angle horizon{-50.0 / 60};
-  checks.nearOnCircle("approxTransit", row.at("approxTransit"), number(sky.transit),
+  checks.nearOnCircle("approxTransit", row.at("approxTransit"), number(passage.approximateTransit),
                       kHoursTolerance / 24, 1);
-  checks.near("transitHours", row.at("transitHours"), number(sky.transitHours()), kHoursTolerance);
-  checks.near("sunriseHours", row.at("sunriseHours"), number(sky.hours(horizon, false)),
+  checks.near("transitHours", row.at("transitHours"), number(correctedTransit(passage)),
               kHoursTolerance);
-  checks.near("sunsetHours", row.at("sunsetHours"), number(sky.hours(horizon, true)),
-              kHoursTolerance);
+  checks.near("sunriseHours", row.at("sunriseHours"),
+              number(correctedHourAngle(passage, horizon, false)), kHoursTolerance);
+  checks.near("sunsetHours", row.at("sunsetHours"),
+              number(correctedHourAngle(passage, horizon, true)), kHoursTolerance);
 }
 
-void checkDay(const Json& row, const Sky& sky, const SolarTime& day, Checks& checks) {
+void checkDay(const Json& row, const Passage& passage, const SolarTime& day, Checks& checks) {
   checks.equal("transit", row.at("transit"), clock(day.transit));
   checks.equal("sunrise", row.at("sunrise"), clock(day.sunrise));
   checks.equal("sunset", row.at("sunset"), clock(day.sunset));
@@ -99,13 +70,15 @@ void checkDay(const Json& row, const Sky& sky, const SolarTime& day, Checks& che
     const Angle altitude{entry.at("angle").get<double>()};
     const bool after = entry.at("afterTransit");
     const std::string what = "angle " + entry.at("angle").dump();
-    checks.near(what, entry.at("hours"), number(sky.hours(altitude, after)), kHoursTolerance);
+    checks.near(what, entry.at("hours"), number(correctedHourAngle(passage, altitude, after)),
+                kHoursTolerance);
     checks.equal(what, entry.at("hms"), clock(day.timeForSolarAngle(altitude, after)));
   }
   for (const Json& entry : row.value("afternoon", Json::array())) {
     const Angle altitude{entry.at("angle").get<double>()};
     const std::string what = "shadow " + entry.at("shadow").dump();
-    checks.near(what, entry.at("hours"), number(sky.hours(altitude, true)), kHoursTolerance);
+    checks.near(what, entry.at("hours"), number(correctedHourAngle(passage, altitude, true)),
+                kHoursTolerance);
     checks.equal(what, entry.at("hms"), clock(day.afternoon(entry.at("shadow"))));
   }
 }
@@ -116,14 +89,17 @@ void checkSolar(const Json& row, Checks& checks) {
   const double day = julianDay(date(row));
   checks.equal("julianDay", row.at("julianDay"), day);
   checkElements(row, checks);
-  const Sky sky(coordinates(row), day);
-  checkPosition("solar", row.at("solar"), sky.day, checks);
-  checkPosition("prevSolar", row.at("prevSolar"), sky.previous, checks);
-  checkPosition("nextSolar", row.at("nextSolar"), sky.next, checks);
-  checkHours(row, sky, checks);
+  const SolarCoordinates previous(day - 1);
+  const SolarCoordinates solar(day);
+  const SolarCoordinates next(day + 1);
+  checkPosition("prevSolar", row.at("prevSolar"), previous, checks);
+  checkPosition("solar", row.at("solar"), solar, checks);
+  checkPosition("nextSolar", row.at("nextSolar"), next, checks);
+  const Passage passage(coordinates(row), previous, solar, next);
+  checkHours(row, passage, checks);
   const auto solarTime = SolarTime::make(date(row), coordinates(row));
   checks.equal("result", row.at("result"), solarTime.has_value());
-  if (solarTime) checkDay(row, sky, *solarTime, checks);
+  if (solarTime) checkDay(row, passage, *solarTime, checks);
 }
 
 }  // namespace Golden
