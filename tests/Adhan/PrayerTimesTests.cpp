@@ -1,0 +1,212 @@
+#include "Adhan/PrayerTimes.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "Adhan/Astronomy/SeasonalTwilight.hpp"
+#include "Adhan/ExactTimes.hpp"
+#include "Adhan/Qibla.hpp"
+#include "Adhan/SunnahTimes.hpp"
+#include "tests/Adhan/Days.hpp"
+
+namespace Adhan {
+namespace {
+
+constexpr Coordinates kRiyadh{24.6877, 46.7219};
+constexpr Coordinates kHelsinki{60.1699, 24.9384};
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+// In seconds; the sunrise of the next day differs by some minutes.
+double nightAfter(const ExactTimes& times, const Coordinates& place,
+                  const DateComponents& nextDay) {
+  const auto next = ExactTimes::make(place, nextDay, params(CalculationMethod::muslimWorldLeague));
+  return (next.value().sunrise - times.maghrib).count();
+}
+
+TEST(ExactTimes, BoundTwilightByTheNightWhereItDoesNotEnd) {
+  auto parameters = params(CalculationMethod::muslimWorldLeague);
+  struct Case {
+    std::optional<HighLatitudeRule> rule;
+    double fajr, isha;  // of the night
+  };
+  const Case cases[] = {{std::nullopt, 1.0 / 7, 1.0 / 7},
+                        {HighLatitudeRule::middleOfTheNight, 0.5, 0.5},
+                        {HighLatitudeRule::twilightAngle, 18.0 / 60, 17.0 / 60}};
+  for (const auto& [rule, fajr, isha] : cases) {
+    SCOPED_TRACE(fajr);
+    parameters.highLatitudeRule = rule;
+    const auto times = ExactTimes::make(kHelsinki, day(2026, 6, 21), parameters).value();
+    const double night = nightAfter(times, kHelsinki, day(2026, 6, 22));
+    EXPECT_NEAR((times.sunrise - times.fajr).count(), fajr * night, 1e-6);
+    EXPECT_NEAR((times.isha - times.maghrib).count(), isha * night, 1e-6);
+  }
+}
+
+TEST(ExactTimes, TakeTheAngleWhereTheNightIsLongEnough) {
+  auto parameters = params(CalculationMethod::muslimWorldLeague);
+  const auto bound = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters);
+  parameters.highLatitudeRule = HighLatitudeRule::seventhOfTheNight;
+  parameters.fajrAngle = 30;
+  parameters.ishaAngle = 30;
+  const auto bounded = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters);
+  ASSERT_TRUE(bound && bounded);
+  EXPECT_NEAR((bound->sunrise - bound->fajr).count() / 60, 75.6, 1) << "18 degrees";
+  EXPECT_NEAR((bounded->sunrise - bounded->fajr).count() / 60, 12 * 60 / 7.0, 2);
+  EXPECT_NEAR((bounded->isha - bounded->maghrib).count() / 60, 12 * 60 / 7.0, 2);
+}
+
+TEST(ExactTimes, GiveIshaAtItsIntervalInEveryNight) {
+  for (const auto method : {CalculationMethod::ummAlQura, CalculationMethod::qatar}) {
+    for (const auto& date : {day(2026, 6, 21), day(2026, 12, 21)}) {
+      const auto times = ExactTimes::make(kHelsinki, date, params(method)).value();
+      EXPECT_EQ(times.isha - times.maghrib, std::chrono::minutes(90)) << method << date;
+    }
+  }
+}
+
+TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
+  auto parameters = params(CalculationMethod::tehran);
+  const auto usual = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value();
+  parameters.maghribAngle = std::nullopt;
+  const auto sunset = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value().maghrib;
+  EXPECT_NEAR((usual.maghrib - sunset).count() / 60, 16, 1.5);
+  for (const double angle : {15.0, 0.5, -10.0, 89.0}) {
+    parameters.maghribAngle = angle;
+    EXPECT_EQ(ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value().maghrib, sunset)
+        << angle << " degrees: after isha, before sunset or never";
+  }
+}
+
+TEST(ExactTimes, TakeASeventhOfTheNightByTheSeasonOnlyInTheNorth) {
+  const auto parameters = params(CalculationMethod::moonsightingCommittee);
+  for (const double latitude : {54.9, 55.0, -56.0}) {
+    SCOPED_TRACE(latitude);
+    const Coordinates place{latitude, 0};
+    const auto times = ExactTimes::make(place, day(2026, 1, 15), parameters).value();
+    const double seventh = nightAfter(times, place, day(2026, 1, 16)) / 7;
+    const Seconds bound = seasonalMorningTwilight({latitude, 15, 2026});
+    const double morning = (times.sunrise - times.fajr).count();
+    if (latitude >= 55) {
+      EXPECT_NEAR(morning, std::min(seventh, -bound.count()), 1e-6);
+    } else {
+      EXPECT_GT(std::abs(morning - seventh), 60);
+    }
+  }
+}
+
+TEST(PrayerTimes, AddMinutesThenRound) {
+  auto parameters = params(CalculationMethod::singapore);
+  parameters.adjustments = {.fajr = 10, .sunrise = -10, .dhuhr = 2, .isha = -1440};
+  const auto exact = ExactTimes::make(kRiyadh, day(2026, 11, 16), parameters).value();
+  const auto times = PrayerTimes::make(kRiyadh, day(2026, 11, 16), parameters).value();
+  const auto roundedUp = [](Date date) { return Date{60 * std::ceil(date.secondsSince1970 / 60)}; };
+  EXPECT_EQ(times.fajr, roundedUp(exact.fajr) + std::chrono::minutes(10));
+  EXPECT_EQ(times.sunrise, roundedUp(exact.sunrise) - std::chrono::minutes(10));
+  EXPECT_EQ(times.dhuhr, roundedUp(exact.dhuhr) + std::chrono::minutes(3));
+  EXPECT_EQ(times.asr, roundedUp(exact.asr));
+  EXPECT_EQ(times.isha, roundedUp(exact.isha) - std::chrono::days(1));
+  EXPECT_EQ(times.coordinates, kRiyadh);
+  EXPECT_EQ(times.date, day(2026, 11, 16));
+  EXPECT_EQ(times.calculationParameters, parameters);
+}
+
+TEST(PrayerTimes, TellTheCurrentAndTheNextPrayer) {
+  const auto times =
+      PrayerTimes::make(kRiyadh, day(2026, 11, 16), params(CalculationMethod::ummAlQura)).value();
+  EXPECT_EQ(times.currentPrayer(times.fajr - Seconds(1)), std::nullopt);
+  EXPECT_EQ(times.nextPrayer(times.fajr - Seconds(1)), Prayer::fajr);
+  std::optional<Prayer> before;
+  for (const Prayer prayer : allCases<Prayer>()) {
+    const Date time = times.time(prayer);
+    EXPECT_EQ(times.currentPrayer(time - Seconds(0.001)), before) << prayer;
+    EXPECT_EQ(times.nextPrayer(time - Seconds(0.001)), prayer);
+    EXPECT_EQ(times.currentPrayer(time), prayer);
+    before = prayer;
+  }
+  EXPECT_EQ(times.nextPrayer(times.isha), std::nullopt);
+}
+
+TEST(PrayerTimes, HaveNoResultInPolarDayOrWithoutAYear) {
+  const auto parameters = params(CalculationMethod::muslimWorldLeague);
+  EXPECT_FALSE(PrayerTimes::make({80, 20}, day(2026, 6, 21), parameters));
+  DateComponents yearless = day(2026, 6, 21);
+  yearless.year = std::nullopt;
+  EXPECT_FALSE(PrayerTimes::make(kRiyadh, yearless, parameters));
+}
+
+void expectNoResultOrFinite(const Coordinates& place, const DateComponents& date,
+                            const CalculationParameters& parameters) {
+  SCOPED_TRACE(testing::Message() << place << " on " << date << ' ' << parameters.method);
+  const auto times = PrayerTimes::make(place, date, parameters);
+  if (!times) return;
+  for (const Prayer prayer : allCases<Prayer>()) {
+    EXPECT_TRUE(std::isfinite(times->time(prayer).secondsSince1970)) << prayer;
+  }
+  static_cast<void>(SunnahTimes::make(*times));
+}
+
+TEST(PrayerTimes, SurviveNonsense) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kMost = std::numeric_limits<int>::max();
+  const double numbers[] = {0,         90,        -90,        180,         360,
+                            1e15,      1e300,     -1e300,     1e308,       kLargest,
+                            -kLargest, kInfinity, -kInfinity, std::nan("")};
+  const DateComponents dates[] = {
+      day(2026, 11, 16),    day(kLeast, 1, 1),      day(kMost, 1, 1),
+      day(2026, kMost, 1),  day(2026, kLeast, 1),   day(2026, 1, kMost),
+      day(2026, 1, kLeast), day(280000000, 12, 31), {2026, 1, 1, kMost, kLeast, kMost}};
+  for (const auto method : {CalculationMethod::tehran, CalculationMethod::moonsightingCommittee}) {
+    auto parameters = params(method);
+    for (const double latitude : numbers) {
+      for (const double longitude : numbers) {
+        for (const auto& date : dates)
+          expectNoResultOrFinite({latitude, longitude}, date, parameters);
+      }
+    }
+    for (const double angle : numbers) {
+      parameters.fajrAngle = parameters.ishaAngle = angle;
+      parameters.maghribAngle = angle;
+      parameters.highLatitudeRule = HighLatitudeRule::twilightAngle;
+      parameters.adjustments = {kMost, kLeast, kMost, kLeast, kMost, kLeast};
+      parameters.methodAdjustments = parameters.adjustments;
+      expectNoResultOrFinite(kRiyadh, dates[0], parameters);
+      parameters.ishaInterval = kMost;
+      expectNoResultOrFinite(kHelsinki, dates[0], parameters);
+    }
+  }
+}
+
+TEST(SunnahTimes, DivideTheNightFromMaghribToFajr) {
+  const Date maghrib = at(2026, 11, 16, 18);
+  const auto night = SunnahTimes::ofNight(maghrib, at(2026, 11, 17, 4, 30));
+  EXPECT_EQ(night.middleOfTheNight, at(2026, 11, 16, 23, 15));
+  EXPECT_EQ(night.lastThirdOfTheNight, at(2026, 11, 17, 1, 0));
+  EXPECT_EQ(SunnahTimes::ofNight(maghrib, at(2026, 11, 17, 4, 1)).middleOfTheNight,
+            at(2026, 11, 16, 23, 1))
+      << "23:00:30 goes up";
+}
+
+TEST(SunnahTimes, HaveNoResultBeforeADayWithoutTimes) {
+  const auto parameters = params(CalculationMethod::muslimWorldLeague);
+  constexpr Coordinates kLongyearbyen{78.2232, 15.6267};
+  const auto lastDay = PrayerTimes::make(kLongyearbyen, day(2025, 4, 17), parameters);
+  ASSERT_TRUE(lastDay);
+  EXPECT_FALSE(SunnahTimes::make(*lastDay));
+}
+
+TEST(Qibla, PointsAlongTheGreatCircle) {
+  EXPECT_NEAR(Qibla({60, 39.8261818}).direction, 180, 1e-9) << "north on the meridian";
+  EXPECT_NEAR(std::remainder(Qibla({-60, 39.8261818}).direction, 360), 0, 1e-9);
+  const double fromWest = Qibla({21.4225241, -30}).direction;
+  EXPECT_GT(fromWest, 0);
+  EXPECT_LT(fromWest, 90);
+  // Published bearings to whole degrees.
+  EXPECT_NEAR(Qibla({40.7128, -74.0059}).direction, 58, 1) << "New York";
+  EXPECT_NEAR(Qibla({-33.8688, 151.2093}).direction, 277, 1) << "Sydney";
+}
+
+}  // namespace
+}  // namespace Adhan
