@@ -24,7 +24,10 @@ constexpr Seconds kPositionPatience{60};
 // The user may take their time to answer; where the service dies the bus answers in its place.
 constexpr int kNoTimeout = std::numeric_limits<int>::max();
 
-constexpr unsigned kAccuracyLevel = 4;
+// The service starts only sources no better than the level that is asked for. Below this one, a
+// satellite receiver or the wireless networks around are left out, and what remains is where the
+// network address is registered, which can be another town.
+constexpr unsigned kAccuracyLevel = 8;
 
 QDBusMessage managerCall(const QString& method) {
   return QDBusMessage::createMethodCall(kService, kManagerPath, kManager, method);
