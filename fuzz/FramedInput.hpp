@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -48,6 +49,14 @@ class FramedInput {
 inline void setNumber(FuzzBytes& bytes, std::size_t offset, std::size_t value) {
   for (std::size_t i = 0; i < 4; ++i)
     bytes[offset + i] = static_cast<std::uint8_t>(value >> (8 * i));
+}
+
+/// Little-endian numbers of 32 bits, as a data file has them.
+inline FuzzBytes numbers(const std::vector<std::uint32_t>& values) {
+  static_assert(std::endian::native == std::endian::little);
+  FuzzBytes bytes(4 * values.size());
+  std::memcpy(bytes.data(), values.data(), bytes.size());
+  return bytes;
 }
 
 /// A data file of those sections.

@@ -1,7 +1,10 @@
 // Places, areas, names and searches from a file with any content behind a sound frame.
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "desktop/geodata/PlaceDatabase.hpp"
 #include "desktop/geodata/PlaceFile.hpp"
@@ -21,6 +24,30 @@ FuzzBytes wholeEntries(FuzzBytes bytes, std::size_t entrySize) {
   return bytes;
 }
 
+// All places stand in the cell that is looked at, but for what the fuzzer says of the cells before.
+FuzzBytes cellSection(FramedInput& input, LocationCoordinate coordinate, std::uint32_t places) {
+  const auto cell = static_cast<std::ptrdiff_t>(coordinate.latitude + 90) * 360 +
+                    static_cast<std::ptrdiff_t>(coordinate.longitude + 180);
+  std::vector<std::uint32_t> cells(kCells);
+  std::fill(cells.begin() + cell + 1, cells.end(), places);
+  for (std::ptrdiff_t before = 0; before < 4; ++before)
+    cells[static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, cell - before))] = input.number();
+  cells.back() = places;
+  return numbers(cells);
+}
+
+// Land everywhere in every other row, and what the fuzzer says in those between.
+FuzzBytes landRowSection(FramedInput& input, std::uint32_t columns) {
+  std::vector<std::uint32_t> rows(kLandRows);
+  for (std::size_t i = 1; i < kLandRows; i += 2)
+    rows[i] = columns;
+  const std::uint32_t strayed = input.number();
+  for (std::size_t i = 0; i < kLandRows; i += 6)
+    rows[i] = strayed;
+  rows.back() = columns;
+  return numbers(rows);
+}
+
 FuzzBytes fileOf(FramedInput& input, LocationCoordinate coordinate) {
   std::vector<FuzzBytes> sections(PlaceFile::kSectionCount);
   sections[PlaceFile::kCountries] = wholeEntries(input.section(64), 8);
@@ -29,32 +56,18 @@ FuzzBytes fileOf(FramedInput& input, LocationCoordinate coordinate) {
   sections[PlaceFile::kTexts] = input.section(256);
   sections[PlaceFile::kRecords] = wholeEntries(input.section(512), kRecordSize);
   const std::size_t places = sections[PlaceFile::kRecords].size() / kRecordSize;
-  // All places stand in the cell that is looked at, or where the fuzzer has them.
-  auto& cells = sections[PlaceFile::kCells];
-  cells.resize(4 * kCells);
-  const auto cell = static_cast<std::size_t>(coordinate.latitude + 90) * 360 +
-                    static_cast<std::size_t>(coordinate.longitude + 180);
-  for (std::size_t i = cell + 1; i < kCells; ++i)
-    setNumber(cells, 4 * i, places);
-  const auto strayed = input.section(64);
-  std::copy(strayed.begin(), strayed.end(),
-            cells.begin() + static_cast<std::ptrdiff_t>(4 * (cell / 2)));
-  setNumber(cells, 4 * (kCells - 1), places);
+  sections[PlaceFile::kCells] = cellSection(input, coordinate, static_cast<std::uint32_t>(places));
   sections[PlaceFile::kOtherNames] = wholeEntries(input.section(48), 3);
-  sections[PlaceFile::kNameSteps] = input.section(256);
   const std::size_t names = places + sections[PlaceFile::kOtherNames].size() / 3;
+  sections[PlaceFile::kNameSteps] = input.section(256);
   sections[PlaceFile::kNameSteps].resize(4 * ((names + 15) / 16));
   sections[PlaceFile::kSearch] = wholeEntries(input.section(256), 3);
   sections[PlaceFile::kFolding] = input.section(512);
-  // Land everywhere, but for what the fuzzer says.
-  sections[PlaceFile::kLandColumns] = wholeEntries(input.section(64), 2);
-  sections[PlaceFile::kLandColumns].resize(sections[PlaceFile::kLandColumns].size() + 2);
-  sections[PlaceFile::kLandRows] = input.section(256);
-  sections[PlaceFile::kLandRows].resize(4 * kLandRows);
-  const std::size_t columns = sections[PlaceFile::kLandColumns].size() / 2;
-  for (std::size_t i = 1; i < kLandRows; i += 2)
-    setNumber(sections[PlaceFile::kLandRows], 4 * i, columns);
-  setNumber(sections[PlaceFile::kLandRows], 4 * (kLandRows - 1), columns);
+  auto columns = wholeEntries(input.section(64), 2);
+  columns.resize(columns.size() + 2);
+  sections[PlaceFile::kLandRows] =
+      landRowSection(input, static_cast<std::uint32_t>(columns.size() / 2));
+  sections[PlaceFile::kLandColumns] = std::move(columns);
   sections[PlaceFile::kNames] = input.rest();
   return framed("HILP", 1, sections);
 }

@@ -1,8 +1,6 @@
 // The zones of the world from a file with any content behind a sound frame.
 
-#include <array>
 #include <cstdint>
-#include <vector>
 
 #include "desktop/geodata/ZoneDatabase.hpp"
 #include "fuzz/FramedInput.hpp"
