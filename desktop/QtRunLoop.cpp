@@ -10,6 +10,8 @@
 namespace Hilalor {
 namespace {
 
+constexpr int kIdleMilliseconds = 1000;
+
 enum class Firing { once, repeatedly };
 
 std::chrono::milliseconds qtInterval(Seconds span) {
@@ -44,6 +46,8 @@ class QtTimer : public Timer {
 
 QtRunLoop::QtRunLoop() {
   background_.setMaxThreadCount(2);
+  // An idle thread is memory.
+  background_.setExpiryTimeout(kIdleMilliseconds);
 }
 
 QtRunLoop::~QtRunLoop() {

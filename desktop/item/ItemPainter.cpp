@@ -23,6 +23,9 @@ constexpr double kTallestText = 0.66;   // of the bar's height
 constexpr double kGlyphOfText = 1.3;    // of the text's pixel size
 constexpr double kAirAtEnds = 0.45;     // of the text's pixel size
 constexpr double kAirAfterGlyph = 0.4;  // of the text's pixel size
+/// The lightness from which a ground takes dark letters.
+constexpr double kLightGround = 140;
+
 constexpr double kHaloWidth = 2.5;
 constexpr int kNarrowest = 75;  // percent
 
@@ -122,10 +125,12 @@ QImage transparentImage(int width, int height) {
 
 }  // namespace
 
+double lightness(const QColor& colour) {
+  return 0.299 * colour.red() + 0.587 * colour.green() + 0.114 * colour.blue();
+}
+
 Ink Ink::on(const QColor& ground) {
-  // Perceived lightness after ITU-R BT.601, 0 to 255.
-  const double lightness = 0.299 * ground.red() + 0.587 * ground.green() + 0.114 * ground.blue();
-  return {lightness > 140 ? kPrint : kPaper, std::nullopt};
+  return {lightness(ground) > kLightGround ? kPrint : kPaper, std::nullopt};
 }
 
 int ItemPainter::naturalWidth(const QString& title, int barHeight) const {

@@ -12,6 +12,9 @@ class QPainter;
 
 namespace Hilalor {
 
+/// As the eye has it (luma of ITU-R BT.601), from 0, black, to 255, white.
+[[nodiscard]] double lightness(const QColor& colour);
+
 /// The colours of a text on a bar.
 struct Ink {
   QColor text;

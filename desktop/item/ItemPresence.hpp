@@ -26,6 +26,9 @@ class ItemPresence {
 
   /// The content's title has become another.
   virtual void titleChanged() = 0;
+
+  /// The occasion, now and then, to see whether the bar has come to look different.
+  virtual void lookAround() {}
 };
 
 }  // namespace Hilalor

@@ -16,7 +16,7 @@ namespace {
 /// A bar that is starting, or starting again, has this long before the strip shows.
 constexpr std::chrono::seconds kWaitForBar{3};
 
-/// Desktops that draw an item's label, or make shrunken pictures of the windows in their tray.
+/// Known by the desktop's name before the bus has told which bar there is.
 bool desktopPrefersNotifier() {
   static constexpr std::array kDesktops = {"GNOME", "Unity", "KDE", "LXQt", "X-Cinnamon"};
   const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
@@ -52,7 +52,10 @@ LinuxStatusItem::~LinuxStatusItem() = default;
 
 void LinuxStatusItem::setTitle(const std::string& title) {
   auto text = QString::fromStdString(title);
-  if (text == content_.title) return;
+  if (text == content_.title) {
+    if (presence_) presence_->lookAround();
+    return;
+  }
   content_.title = std::move(text);
   if (presence_) presence_->titleChanged();
 }
@@ -66,10 +69,11 @@ void LinuxStatusItem::setContextMenu(Menu menu) {
 }
 
 BarHosts LinuxStatusItem::hosts() const {
-  static const bool prefersNotifier = desktopPrefersNotifier();
+  static const bool desktopPrefers = desktopPrefersNotifier();
+  const bool isThere = notifier_.state() == NotifierHost::State::present;
   return {.systemTray = tray_ != nullptr && tray_->isThere() && !trayRefuses_,
           .notifier = notifierOf(notifier_.state()),
-          .prefersNotifier = prefersNotifier,
+          .prefersNotifier = desktopPrefers || (isThere && notifier_.traits().outdoesTray),
           .stripIsDue = stripIsDue_};
 }
 

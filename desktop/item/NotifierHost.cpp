@@ -41,15 +41,6 @@ void whenAnswered(const QDBusPendingCall& call, QObject* receiver,
 
 }  // namespace
 
-NotifierDrawing notifierDrawing(const QString& processName) {
-  // Ayatana's and Ubuntu's indicators, GNOME's extension, Cinnamon's and MATE's XApp icons.
-  for (const auto* prefix :
-       {"ayatana-indica", "indicator-appl", "gnome-shell", "cinnamon", "xapp-sn-watcher"}) {
-    if (processName.startsWith(QLatin1String(prefix))) return NotifierDrawing::label;
-  }
-  return processName == QStringLiteral("waybar") ? NotifierDrawing::wide : NotifierDrawing::square;
-}
-
 NotifierHost::NotifierHost(SessionBus& bus) : bus_(bus) {
   busChanged_ = bus_.changed.subscribe([this] { begin(); });
   if (bus_.isSettled()) begin();
@@ -84,7 +75,7 @@ void NotifierHost::find(const QString& owner) {
   whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
     if (generation != generation_) return;
     const QDBusPendingReply<uint> process = answer;
-    drawing_ = notifierDrawing(process.isError() ? QString() : processName(process.value()));
+    traits_ = NotifierTraits::of(process.isError() ? QString() : processName(process.value()));
     askIfItShows();
   });
 }

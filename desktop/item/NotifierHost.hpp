@@ -6,18 +6,9 @@
 #include <memory>
 
 #include "desktop/SessionBus.hpp"
+#include "desktop/item/NotifierTraits.hpp"
 
 namespace Hilalor {
-
-/// What a bar makes of an item on D-Bus.
-enum class NotifierDrawing {
-  square,  ///< Squeezes every picture into a square.
-  wide,    ///< Keeps a picture's width.
-  label,   ///< Draws the item's label as text.
-};
-
-/// By the name of the process that runs the bar, as the kernel keeps it (15 bytes at most).
-[[nodiscard]] NotifierDrawing notifierDrawing(const QString& processName);
 
 /// The bar that shows items on D-Bus (StatusNotifierItem), one at a time, as it comes and goes.
 class NotifierHost : public QObject {
@@ -33,7 +24,7 @@ class NotifierHost : public QObject {
   [[nodiscard]] State state() const { return state_; }
 
   /// Of the bar that is present.
-  [[nodiscard]] NotifierDrawing drawing() const { return drawing_; }
+  [[nodiscard]] const NotifierTraits& traits() const { return traits_; }
 
   [[nodiscard]] SessionBus& bus() { return bus_; }
 
@@ -57,7 +48,7 @@ class NotifierHost : public QObject {
   /// Counts the watchers seen, so that an answer that is late is not taken for the present one's.
   int generation_ = 0;
   State state_ = State::unknown;
-  NotifierDrawing drawing_ = NotifierDrawing::square;
+  NotifierTraits traits_;
 };
 
 }  // namespace Hilalor

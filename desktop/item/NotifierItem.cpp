@@ -49,7 +49,7 @@ NotifierItem::NotifierItem(NotifierHost& host, const ItemContent& content,
                            const ItemPainter& painter, const GlyphPictures& pictures)
     : host_(host),
       connection_(*host.bus().connection()),
-      drawing_(host.drawing()),
+      drawing_(host.traits().drawing),
       content_(content),
       painter_(painter),
       pictures_(pictures),

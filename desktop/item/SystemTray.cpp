@@ -11,7 +11,9 @@ namespace {
 
 constexpr std::uint32_t kRequestDock = 0;
 constexpr std::uint32_t kXembedVersion = 0;
-constexpr std::uint32_t kXembedMapped = 1;
+/// Flags of the XEmbed information.
+constexpr std::uint32_t kHidden = 0;
+constexpr std::uint32_t kMapped = 1;
 /// A property longer than this many 32-bit values is not one of ours.
 constexpr std::uint32_t kLongestProperty = 64;
 
@@ -41,6 +43,10 @@ int defaultScreenNumber() {
 /// Sends the request without hearing of its failure: windows of other programs go at any time.
 void ignoreFailure(xcb_connection_t* connection, xcb_void_cookie_t request) {
   xcb_discard_reply(connection, request.sequence);
+}
+
+QColor meanColour(const QImage& image) {
+  return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
 }
 
 std::uint8_t depthOf(const xcb_screen_t& screen, xcb_visualid_t visual) {
@@ -122,9 +128,7 @@ std::optional<QColor> SystemTray::textColour() const {
 
 void SystemTray::dock(xcb_window_t window) {
   docked_ = window;
-  const std::array<std::uint32_t, 2> info = {kXembedVersion, kXembedMapped};
-  xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atoms_.xembedInfo,
-                      atoms_.xembedInfo, 32, info.size(), info.data());
+  tellEmbedder(kHidden);
   const std::uint32_t background = XCB_BACK_PIXMAP_PARENT_RELATIVE;
   ignoreFailure(connection_, xcb_change_window_attributes_checked(connection_, window,
                                                                   XCB_CW_BACK_PIXMAP, &background));
@@ -141,6 +145,18 @@ void SystemTray::dock(xcb_window_t window) {
   std::memcpy(bytes.data(), &request, sizeof(request));
   ignoreFailure(connection_, xcb_send_event_checked(connection_, 0, manager_,
                                                     XCB_EVENT_MASK_NO_EVENT, bytes.data()));
+  xcb_flush(connection_);
+}
+
+void SystemTray::tellShown() const {
+  tellEmbedder(kMapped);
+}
+
+void SystemTray::tellEmbedder(std::uint32_t flags) const {
+  const std::array<std::uint32_t, 2> info = {kXembedVersion, flags};
+  ignoreFailure(connection_, xcb_change_property_checked(
+                                 connection_, XCB_PROP_MODE_REPLACE, docked_, atoms_.xembedInfo,
+                                 atoms_.xembedInfo, 32, info.size(), info.data()));
   xcb_flush(connection_);
 }
 
@@ -166,14 +182,30 @@ void SystemTray::askForSize(const QSize& size) const {
 }
 
 std::optional<QImage> SystemTray::backdrop(const QSize& size) const {
-  const auto width = static_cast<std::uint16_t>(size.width());
-  const auto height = static_cast<std::uint16_t>(size.height());
-  ignoreFailure(connection_, xcb_clear_area_checked(connection_, 0, docked_, 0, 0, width, height));
+  ignoreFailure(connection_, xcb_clear_area_checked(connection_, 0, docked_, 0, 0,
+                                                    static_cast<std::uint16_t>(size.width()),
+                                                    static_cast<std::uint16_t>(size.height())));
+  return image(docked_, {QPoint(), size});
+}
+
+std::optional<QColor> SystemTray::ground(const QSize& size) const {
+  const auto place = dockedPlace();
+  if (!place || !isDockedOnScreen()) return std::nullopt;
+  // Two columns that a title leaves free.
+  const auto edge = image(screen_.root, {*place, QSize(2, size.height())});
+  return edge ? std::optional(meanColour(*edge)) : std::nullopt;
+}
+
+std::optional<QImage> SystemTray::image(xcb_window_t window, const QRect& part) const {
+  const auto width = static_cast<std::uint16_t>(part.width());
+  const auto height = static_cast<std::uint16_t>(part.height());
   xcb_generic_error_t* error = nullptr;
-  const Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
-      connection_,
-      xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, docked_, 0, 0, width, height, ~0U),
-      &error));
+  const Owned<xcb_get_image_reply_t> reply(
+      xcb_get_image_reply(connection_,
+                          xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window,
+                                        static_cast<std::int16_t>(part.x()),
+                                        static_cast<std::int16_t>(part.y()), width, height, ~0U),
+                          &error));
   const Owned<xcb_generic_error_t> failure(error);
   const auto bytes = static_cast<std::size_t>(width) * height * sizeof(QRgb);
   if (!reply || reply->depth != 24 ||

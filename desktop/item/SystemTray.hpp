@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QObject>
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <memory>
 #include <optional>
@@ -38,12 +39,19 @@ class SystemTray : public QAbstractNativeEventFilter {
   /// Asks the tray to take the window in. Only the window docked last is watched.
   void dock(xcb_window_t window);
 
+  /// Lets the tray know that the docked window is to be seen.
+  void tellShown() const;
+
   /// Asks the tray for that much room for the docked window, in device pixels.
   void askForSize(const QSize& size) const;
 
   /// What the tray paints behind the docked window, if that is opaque, in device pixels; none while
   /// the window is not on the screen. Clears the window.
   [[nodiscard]] std::optional<QImage> backdrop(const QSize& size) const;
+
+  /// The colour of the bar at the left end of the docked window, as the eye sees it; none while the
+  /// window is not on the screen.
+  [[nodiscard]] std::optional<QColor> ground(const QSize& size) const;
 
   [[nodiscard]] bool isDockedOnScreen() const;
 
@@ -67,7 +75,9 @@ class SystemTray : public QAbstractNativeEventFilter {
 
   [[nodiscard]] static Atoms internAtoms(xcb_connection_t* connection, int screenNumber);
   void findManager();
+  void tellEmbedder(std::uint32_t flags) const;
   [[nodiscard]] const Signal<>* signalOf(const xcb_generic_event_t& event) const;
+  [[nodiscard]] std::optional<QImage> image(xcb_window_t window, const QRect& part) const;
   [[nodiscard]] std::vector<std::uint32_t> managerProperty(xcb_atom_t name) const;
 
   xcb_connection_t* connection_;

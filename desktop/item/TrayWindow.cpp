@@ -13,7 +13,13 @@ namespace {
 /// The height of icons in common trays; the tray makes of it what its bar has.
 constexpr int kAskedHeight = 22;
 constexpr std::chrono::seconds kPatience{1};
+/// Between a text and its ground, of the 255 between white and black.
+constexpr double kLeastContrast = 100;
 const Ink kInkOnUnknown{Qt::white, QColor(0, 0, 0, 150)};
+
+double contrast(const QColor& one, const QColor& other) {
+  return std::abs(lightness(one) - lightness(other));
+}
 
 }  // namespace
 
@@ -32,7 +38,8 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
   expelled_ = tray_.expelled.subscribe([this] { refuse(); });
   coloursChanged_ = tray_.coloursChanged.subscribe([this] { matchBar(); });
   patience_ = loop.once(kPatience, [this] {
-    if (!tray_.isDockedOnScreen()) refuse();
+    // By now the bar is painted too.
+    tray_.isDockedOnScreen() ? matchBar() : refuse();
   });
 }
 
@@ -42,6 +49,10 @@ void TrayWindow::titleChanged() {
   face_.titleChanged();
   matchBar();
   askForRoom();
+}
+
+void TrayWindow::lookAround() {
+  matchBar();
 }
 
 bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -55,6 +66,7 @@ bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
 void TrayWindow::show() {
   // Only now: a window shown before the tray has it is a stray window on the screen.
   face_.show();
+  tray_.tellShown();
   askForRoom();
 }
 
@@ -76,17 +88,20 @@ void TrayWindow::useRoomGiven() {
 
 void TrayWindow::matchBar() {
   const double scale = face_.devicePixelRatioF();
-  auto behind = tray_.isTransparent() ? std::nullopt : tray_.backdrop(face_.size() * scale);
-  if (behind) {
-    behind->setDevicePixelRatio(scale);
-    face_.setBackdrop(*behind);
-    face_.setInk(Ink::on(
-        behind->scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0)));
+  const QSize size = face_.size() * scale;
+  if (!tray_.isTransparent()) {
+    auto behind = tray_.backdrop(size).value_or(QImage());
+    behind.setDevicePixelRatio(scale);
+    face_.setBackdrop(std::move(behind));
   }
-  if (const auto colour = tray_.textColour()) {
-    face_.setInk({*colour, std::nullopt});
-  } else if (!behind) {
-    face_.setInk(kInkOnUnknown);
+  const auto ground = tray_.ground(size);
+  const auto text = tray_.textColour();
+  if (ground) {
+    // Trays are known to tell a colour of another theme than their bar's.
+    face_.setInk(text && contrast(*text, *ground) >= kLeastContrast ? Ink{*text, std::nullopt}
+                                                                    : Ink::on(*ground));
+  } else {
+    face_.setInk(text ? Ink{*text, std::nullopt} : kInkOnUnknown);
   }
 }
 

@@ -22,6 +22,7 @@ class TrayWindow : public QObject, public ItemPresence {
   ~TrayWindow() override;
 
   void titleChanged() override;
+  void lookAround() override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,0 +1,158 @@
+#!/usr/bin/env python3
+"""The item on real bars: there with the right text, back after the bar's end, ended by its menu.
+
+    item_on_bars.py BAR PROGRAM PICTURES
+
+BAR is a key of CASES; the pictures taken are left in the folder PICTURES.
+"""
+
+import collections
+import datetime
+import os
+import re
+import sys
+
+from session.bars import (NoBar, XfcePanel, XfcePanelWithIndicators, XfcePanelWithSquareIcons,
+                          XfcePanelWithoutSystemTray)
+from session.program import Program
+from session.screen import Rect, Screen, centre
+from session.session import Session, wait_until
+
+COUNTDOWN = re.compile(r"(Fajr|Dhuhr|Asr|Maghrib|Isha) (\d+h )?\d+m")
+LEAST_CONTRAST = 90
+LEFT_BUTTON, RIGHT_BUTTON = 1, 3
+
+
+class ItemWindow:
+    """The item as a window of the program's own: in a tray, or alone at the screen's edge."""
+
+    def __init__(self, screen, bar, program):
+        self.screen = screen
+        self.window_name = os.path.basename(program.executable)
+
+    def title(self):
+        window = self._window()
+        return window.title if window else ""
+
+    def place(self):
+        window = self._window()
+        return window.rect if window else None
+
+    def _window(self):
+        return next((window for window in self.screen.windows()
+                     if window.name == self.window_name and self.screen.is_shown(window)), None)
+
+
+class ItemOnBus:
+    """The item as the bar draws it: what is new on the bar since it had none."""
+
+    def __init__(self, screen, bar, program):
+        self.screen = screen
+        self.bar_rect = Rect(0, 0, screen.rect.width, bar.height)
+        self.empty_bar = screen.settled_picture(self.bar_rect)
+
+    def title(self):
+        told = {self._property("Title").strip("'"), self._property("XAyatanaLabel").strip("'"),
+                self._tool_tip()}
+        return told.pop() if len(told) == 1 else ""
+
+    def place(self):
+        return self.screen.picture(self.bar_rect).difference(self.empty_bar)
+
+    def _property(self, key):
+        session = self.screen.session
+        name = re.search(r"org\.kde\.StatusNotifierItem-\d+-\d+", session.bus_names())
+        return session.bus_property(name[0], "/StatusNotifierItem", "org.kde.StatusNotifierItem",
+                                    key) if name else ""
+
+    def _tool_tip(self):
+        texts = re.findall(r"'(.*?)'", self._property("ToolTip"))
+        return texts[1] if len(texts) > 1 else ""
+
+
+Case = collections.namedtuple("Case", "bar item is_wide menu_button", defaults=[RIGHT_BUTTON])
+
+CASES = {
+    "tray": Case(XfcePanel, ItemWindow, True),
+    "square-tray": Case(XfcePanelWithSquareIcons, ItemWindow, False),
+    "notifier": Case(XfcePanelWithoutSystemTray, ItemOnBus, False),
+    # Which keep the right button to themselves.
+    "indicator": Case(XfcePanelWithIndicators, ItemOnBus, True, LEFT_BUTTON),
+    "no-bar": Case(NoBar, ItemWindow, True),
+}
+
+
+class Check:
+    def __init__(self, name, session, executable, pictures):
+        self.name = name
+        self.case = CASES[name]
+        self.pictures = pictures
+        self.screen = Screen(session)
+        self.bar = self.case.bar(session)
+        self.program = Program(session, executable)
+        self.item = None
+
+    def run(self):
+        self.bar.start()
+        self.start_program("nextPrayer")
+        self.see(COUNTDOWN.fullmatch, "countdown")
+        if self.bar.height:
+            self.bar.restart()
+            self.see(COUNTDOWN.fullmatch, "countdown-after-restart")
+            self.program.end()
+            self.bar.darken()
+        self.start_program("date")
+        place = self.see(lambda title: title == today(), "date")
+        self.quit_by_menu(place)
+
+    def start_program(self, style):
+        self.item = self.case.item(self.screen, self.bar, self.program)
+        self.program.start(menuBarStyle=style)
+
+    def see(self, is_right, picture):
+        """Waits for the item with the right title; its place."""
+        wait_until(lambda: is_right(self.item.title()), f"the item has its title ({picture})")
+        place = wait_until(self.settled_place, f"the item keeps its place ({picture})")
+        is_wide = place.width > 1.5 * place.height
+        wanted = self.case.is_wide
+        assert is_wide == wanted, f"{picture}: {place} should be {'wide' if wanted else 'square'}"
+        self.look_at(place, picture)
+        return place
+
+    def settled_place(self):
+        place = self.item.place()
+        return place if place and place == self.item.place() else None
+
+    def look_at(self, place, picture):
+        wait_until(lambda: self.screen.picture(place).contrast() >= LEAST_CONTRAST,
+                   f"the item can be read ({picture})")
+        file = os.path.join(self.pictures, f"item-{self.name}-{picture}.png")
+        self.screen.save(file, Rect(self.screen.rect.width - 240, 0, 240, 60))
+
+    def quit_by_menu(self, place):
+        below = Rect(0, place.y + place.height + 8, self.screen.rect.width, 120)
+        without_menu = self.screen.settled_picture(below)
+        self.screen.click(centre(place), self.case.menu_button)
+        wait_until(lambda: self.screen.picture(below).difference(without_menu), "the menu opens")
+        menu = self.screen.settled_picture(below).difference(without_menu)
+        self.screen.save(os.path.join(self.pictures, f"item-{self.name}-menu.png"),
+                         Rect(self.screen.rect.width - 240, 0, 240, 120))
+        self.screen.click(centre(menu))
+        assert self.program.status() == 0, f"ended with status {self.program.status()}"
+
+
+def today():
+    """As the date style has it, in the sessions' time zone."""
+    riyadh = datetime.timezone(datetime.timedelta(hours=3))
+    return datetime.datetime.now(riyadh).strftime("%-d %b")
+
+
+def main():
+    name, executable, pictures = sys.argv[1:]
+    os.makedirs(pictures, exist_ok=True)
+    with Session(name) as session:
+        Check(name, session, os.path.abspath(executable), os.path.abspath(pictures)).run()
+
+
+if __name__ == "__main__":
+    main()

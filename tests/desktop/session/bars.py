@@ -1,0 +1,120 @@
+"""The bars that desktops have, as they come from Debian's packages."""
+
+import os
+
+from session.screen import Rect, Screen
+from session.session import wait_until
+
+PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="dark-mode" type="bool" value="false"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="30"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/><value type="int" value="2"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+    <property name="plugin-2" type="string" value="{plugin}">
+      <property name="square-icons" type="bool" value="{square}"/>
+    </property>
+  </property>
+</channel>
+"""
+
+WATCHER = "org.kde.StatusNotifierWatcher"
+
+
+class NoBar:
+    """A bare X server: no window manager, no bar, no tray."""
+
+    height = 0
+
+    def __init__(self, session):
+        self.session = session
+
+    def start(self):
+        pass
+
+
+class XfcePanel:
+    """xfce4-panel with nothing but a tray at its right end, so that only the item can change."""
+
+    height = 30
+    plugin = "systray"
+    keeps_width = True
+
+    def __init__(self, session):
+        self.session = session
+        self.process = None
+
+    def start(self):
+        self._configure()
+        self.session.start("openbox")
+        self._start_panel()
+
+    def restart(self):
+        """Kills the panel and starts it again."""
+        self.session.end(self.process)
+        wait_until(lambda: WATCHER not in self.session.bus_names(), "the panel is gone")
+        self._start_panel()
+
+    def darken(self):
+        self.session.ask("xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-s",
+                         "true")
+        screen = Screen(self.session)
+        bar = Rect(0, 0, screen.rect.width, self.height)
+        wait_until(lambda: screen.picture(bar).is_dark(), "the bar is dark")
+
+    def _configure(self):
+        folder = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "xfce4", "xfconf",
+                              "xfce-perchannel-xml")
+        os.makedirs(folder)
+        with open(os.path.join(folder, "xfce4-panel.xml"), "w", encoding="utf-8") as file:
+            file.write(PANEL_CONFIGURATION.format(
+                plugin=self.plugin, square="false" if self.keeps_width else "true"))
+
+    def _start_panel(self):
+        self.process = self.session.start("xfce4-panel")
+        wait_until(lambda: WATCHER in self.session.bus_names(), "the panel's tray is there")
+
+
+class XfcePanelWithSquareIcons(XfcePanel):
+    """As the panel is when it starts for the first time: every icon a square."""
+
+    keeps_width = False
+
+
+class XfcePanelWithoutSystemTray(XfcePanel):
+    """Only the StatusNotifier half of the tray is of use."""
+
+    def start(self):
+        super().start()
+        self.session.start("python3", os.path.join(os.path.dirname(__file__), "unhelpful_tray.py"))
+
+
+class XfcePanelWithIndicators(XfcePanel):
+    """The Ayatana indicators, which draw labels."""
+
+    plugin = "indicator"
+    service = "/usr/libexec/ayatana-indicator-application/ayatana-indicator-application-service"
+
+    def _start_panel(self):
+        # A program of its own, which in a whole desktop the session starts.
+        self.indicator = self.session.start(self.service)
+        super()._start_panel()
+
+    def restart(self):
+        self.session.end(self.indicator)
+        super().restart()
