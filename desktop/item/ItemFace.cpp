@@ -29,7 +29,6 @@ ItemFace::ItemFace(const ItemContent& content, const ItemPainter& painter, Groun
   setAttribute(Qt::WA_QuitOnClose, false);
   setAttribute(ground == Ground::transparent ? Qt::WA_TranslucentBackground
                                              : Qt::WA_OpaquePaintEvent);
-  titleChanged();
 }
 
 void ItemFace::setPlaceFinder(std::function<std::optional<QRect>()> finder) {

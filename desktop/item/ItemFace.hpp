@@ -32,7 +32,8 @@ class ItemFace : public QWidget {
   /// What the whole title takes at the given height, in logical pixels.
   [[nodiscard]] int naturalWidth(int barHeight) const;
 
-  /// Takes the title from the content.
+  /// Takes the title from the content for the eye, the tooltip, the accessible name and the
+  /// window's name. To be called once to begin with.
   void titleChanged();
 
  protected:

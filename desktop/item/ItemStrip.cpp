@@ -31,6 +31,7 @@ ItemStrip::ItemStrip(const ItemContent& content, const ItemPainter& painter)
     : face_(content, painter, ItemFace::Ground::opaque) {
   face_.setPalette(QPalette(kGround));
   face_.setInk(Ink::on(kGround));
+  face_.titleChanged();
   connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] {
     watchScreen();
     place();

@@ -1,6 +1,7 @@
 #include "desktop/item/TrayWindow.hpp"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -30,6 +31,8 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
       face_(content, painter,
             tray.isTransparent() ? ItemFace::Ground::transparent : ItemFace::Ground::opaque) {
   face_.setPlaceFinder([this] { return place(); });
+  // Trays remember the items they took in by this name, which must not be another every time.
+  face_.setWindowTitle(QGuiApplication::applicationDisplayName());
   askedWidth_ = face_.naturalWidth(kAskedHeight);
   face_.resize(askedWidth_, kAskedHeight);
   tray_.dock(static_cast<xcb_window_t>(face_.winId()));
@@ -65,6 +68,7 @@ bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void TrayWindow::show() {
   // Only now: a window shown before the tray has it is a stray window on the screen.
+  face_.titleChanged();
   face_.show();
   tray_.tellShown();
   askForRoom();

@@ -32,7 +32,8 @@ class ItemWindow:
 
     def title(self):
         window = self._window()
-        return window.title if window else ""
+        # Qt adds the program's name to that of its windows.
+        return window.title.removesuffix(" \u2014 Hilalor") if window else ""
 
     def place(self):
         window = self._window()
@@ -87,6 +88,7 @@ class Check:
         self.name = name
         self.case = CASES[name]
         self.pictures = pictures
+        os.makedirs(pictures, exist_ok=True)
         self.screen = Screen(session)
         self.bar = self.case.bar(session)
         self.program = Program(session, executable)
@@ -96,11 +98,11 @@ class Check:
         self.bar.start()
         self.start_program("nextPrayer")
         self.see(COUNTDOWN.fullmatch, "countdown")
-        if self.bar.height:
-            self.bar.restart()
-            self.see(COUNTDOWN.fullmatch, "countdown-after-restart")
-            self.program.end()
-            self.bar.darken()
+        self.bar.restart()
+        self.see(COUNTDOWN.fullmatch, "countdown-after-restart")
+        self.program.end()
+
+        self.bar.darken()
         self.start_program("date")
         place = self.see(lambda title: title == today(), "date")
         self.quit_by_menu(place)
@@ -149,7 +151,6 @@ def today():
 
 def main():
     name, executable, pictures = sys.argv[1:]
-    os.makedirs(pictures, exist_ok=True)
     with Session(name) as session:
         Check(name, session, os.path.abspath(executable), os.path.abspath(pictures)).run()
 

@@ -47,6 +47,12 @@ class NoBar:
     def start(self):
         pass
 
+    def restart(self):
+        pass
+
+    def darken(self):
+        pass
+
 
 class XfcePanel:
     """xfce4-panel with nothing but a tray at its right end, so that only the item can change."""
