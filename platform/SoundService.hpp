@@ -9,8 +9,8 @@
 
 namespace Hilalor {
 
-/// Plays one recording once. Main thread, but may be made on another. A player that is dropped falls
-/// silent.
+/// Plays one recording once. Main thread, but may be made on another. A player that is dropped
+/// falls silent.
 class AudioPlayer {
  public:
   /// Hears that a recording was played to its end, on the main thread and never from inside `play`

@@ -114,16 +114,18 @@ class Check:
     def see(self, is_right, picture):
         """Waits for the item with the right title; its place."""
         wait_until(lambda: is_right(self.item.title()), f"the item has its title ({picture})")
-        place = wait_until(self.settled_place, f"the item keeps its place ({picture})")
-        is_wide = place.width > 1.5 * place.height
-        wanted = self.case.is_wide
-        assert is_wide == wanted, f"{picture}: {place} should be {'wide' if wanted else 'square'}"
+        shape = "wide" if self.case.is_wide else "square"
+        place = wait_until(self.settled_place, f"the item keeps its place and is {shape} ({picture})")
         self.look_at(place, picture)
         return place
 
     def settled_place(self):
+        """Where the item is, once it keeps still there and the bar has given it its shape."""
         place = self.item.place()
-        return place if place and place == self.item.place() else None
+        if not place or place != self.item.place():
+            return None
+        is_wide = place.width > 1.5 * place.height
+        return place if is_wide == self.case.is_wide else None
 
     def look_at(self, place, picture):
         wait_until(lambda: self.screen.picture(place).contrast() >= LEAST_CONTRAST,

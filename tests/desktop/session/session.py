@@ -11,7 +11,7 @@ import time
 PR_SET_CHILD_SUBREAPER = 36
 
 
-def wait_until(condition, what, timeout=8.0):
+def wait_until(condition, what, timeout=20.0):
     """The condition's first true answer, asked for over and over; fails when it stays away."""
     end = time.monotonic() + timeout
     while True:
