@@ -1,6 +1,6 @@
 // Starts the program again and again on this display and prints, in milliseconds, how long each run
 // took from the start of the process to its item's window on the screen; ends each run by SIGTERM.
-// Usage: start_to_title PROGRAM RUNS, on a display without a window manager or tray.
+// Usage: start_to_title PROGRAM RUNS, on a display with a tray and no window manager.
 
 #include <signal.h>
 #include <sys/wait.h>
@@ -20,10 +20,11 @@ struct Free {
   void operator()(void* memory) const { std::free(memory); }
 };
 
-// Blocks until some window of another client is mapped.
+// Blocks until some window of another client is mapped or taken in by a tray.
 bool waitForWindow(xcb_connection_t* display) {
   while (const std::unique_ptr<xcb_generic_event_t, Free> event{xcb_wait_for_event(display)}) {
-    if ((event->response_type & 0x7f) == XCB_MAP_NOTIFY) return true;
+    const int kind = event->response_type & 0x7f;
+    if (kind == XCB_MAP_NOTIFY || kind == XCB_REPARENT_NOTIFY) return true;
   }
   return false;
 }
