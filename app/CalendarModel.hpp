@@ -4,38 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "app/MonthPage.hpp"
 #include "app/SettingsValues.hpp"
 #include "datetime/Calendar.hpp"
 #include "datetime/Date.hpp"
 
 namespace Hilalor {
-
-/// Whether the cells of a month name their holidays.
-enum class HolidayLabels { shown, hidden };
-
-/// A day of the month grid with all that is drawn of it.
-struct DayCell {
-  int day = 1;                     ///< In the primary calendar.
-  Date date;                       ///< The day's start.
-  std::string secondaryDay;        ///< As in `CalendarModel::secondaryDay`.
-  std::string secondaryMonthName;  ///< As in `CalendarModel::secondaryMonthName`.
-  std::string holidayLabel;        ///< Empty where there is none or labels are hidden.
-  bool isNewSecondary = false;     ///< A month of the secondary calendar begins.
-  bool isToday = false;
-  bool isWeekend = false;  ///< In the user's region.
-
-  friend bool operator==(const DayCell&, const DayCell&) = default;
-};
-
-/// The month grid with all that is drawn of it.
-struct MonthPage {
-  std::string monthName;
-  int year = 0;  ///< In the primary calendar.
-  std::string secondaryMonthHeader;
-  std::vector<std::optional<DayCell>> cells;  ///< As in `CalendarModel::days`.
-
-  friend bool operator==(const MonthPage&, const MonthPage&) = default;
-};
 
 /// A month as the panel shows it: laid out in the primary calendar, with the other of the two
 /// calendars beside it. Days of the month count from 1. Calendars work in the machine's time zone,
@@ -77,7 +51,7 @@ class CalendarModel {
   /// "Feb – Mar 2025".
   [[nodiscard]] std::string secondaryMonthHeader() const;
 
-  /// All that is drawn of the month, in one pass: each day is asked once of each calendar.
+  /// All that is drawn of the month, in one pass over its days.
   [[nodiscard]] MonthPage page(Date now, HolidayLabels labels) const;
 
   /// The neighbouring months and years of the primary calendar; the same month where it ends.

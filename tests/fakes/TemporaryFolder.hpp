@@ -9,14 +9,10 @@
 
 namespace Hilalor {
 
-/// An empty folder of a test's own, gone with all its content at the end. In memory where the
-/// machine has room for files there: a disk's syncs take longer than the tests.
+/// An empty folder of a test's own, gone with all its content at the end.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    const std::filesystem::path inMemory = "/dev/shm";
-    const auto parent =
-        access(inMemory.c_str(), W_OK) == 0 ? inMemory : std::filesystem::temp_directory_path();
+  explicit TemporaryFolder(const std::filesystem::path& parent = fastest()) {
     std::string name = parent / "hilalor-XXXXXX";
     path_ = mkdtemp(name.data());
   }
@@ -30,6 +26,13 @@ class TemporaryFolder {
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
  private:
+  // In memory where the machine has room for files there: a disk's syncs take longer than the
+  // tests.
+  static std::filesystem::path fastest() {
+    const std::filesystem::path inMemory = "/dev/shm";
+    return access(inMemory.c_str(), W_OK) == 0 ? inMemory : std::filesystem::temp_directory_path();
+  }
+
   std::filesystem::path path_;
 };
 
