@@ -28,6 +28,13 @@ Animation::Animation(double value, std::function<void()> step)
   });
 }
 
+void Animation::jump(double goal) {
+  animation_.stop();
+  arrived_ = nullptr;
+  goal_ = goal;
+  set(goal);
+}
+
 void Animation::to(double goal, std::chrono::milliseconds duration, std::function<void()> arrived) {
   if (goal == goal_) return;
   goal_ = goal;

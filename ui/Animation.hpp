@@ -15,6 +15,9 @@ class Animation {
 
   [[nodiscard]] double value() const { return value_; }
 
+  /// Is there at once.
+  void jump(double goal);
+
   /// Begins where the value is now. `arrived` is called at the goal, unless another goal is set
   /// before.
   void to(double goal, std::chrono::milliseconds duration, std::function<void()> arrived = {});

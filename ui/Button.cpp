@@ -1,6 +1,6 @@
 #include "ui/Button.hpp"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -48,6 +48,10 @@ void Button::setHelp(const QString& help) {
 }
 
 void Button::appear(bool shown, std::chrono::milliseconds duration) {
+  if (!window()->isVisible()) {
+    presence_.jump(shown ? 1 : 0);
+    return setVisible(shown);
+  }
   if (shown) setVisible(true);
   presence_.to(shown ? 1 : 0, duration, [this, shown] { setVisible(shown); });
 }
@@ -114,6 +118,12 @@ void Button::paintLabel(QPainter& painter) const {
   }
   painter.setPen(ink());
   painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, label_.text);
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+  // Arrow keys are the screen's.
+  if (event->key() == Qt::Key_Space) return QAbstractButton::keyPressEvent(event);
+  event->ignore();
 }
 
 void Button::changeEvent(QEvent* event) {

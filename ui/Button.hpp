@@ -36,13 +36,15 @@ class Button final : public QAbstractButton {
   /// What the pointer resting on the button and a screen reader are told.
   void setHelp(const QString& help);
 
-  /// Comes and goes by growing from nine tenths of its size and fading; hidden when it has gone.
+  /// Comes and goes by growing from nine tenths of its size and fading; hidden when it has gone. At
+  /// once while its window is not shown.
   void appear(bool shown, std::chrono::milliseconds duration);
 
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:

@@ -60,7 +60,7 @@ QPalette windowPalette(ColorScheme scheme) {
   const Colors& colors = Colors::of(scheme);
   // Controls that the desktop's style draws want opaque colours.
   const QColor text = scheme == ColorScheme::dark ? QColor(228, 228, 228) : QColor(38, 38, 38);
-  QPalette palette(text, colors.windowBackground);
+  QPalette palette(colors.controlBackground, colors.windowBackground);
   palette.setColor(QPalette::WindowText, text);
   palette.setColor(QPalette::Text, text);
   palette.setColor(QPalette::ButtonText, text);

@@ -7,7 +7,7 @@
 namespace Hilalor {
 namespace {
 
-constexpr double kRingWidth = 2;
+constexpr double kRingWidth = 1.5;
 
 }  // namespace
 
@@ -15,8 +15,8 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, double radius, const 
   const double inset = kRingWidth / 2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(colors.secondary, kRingWidth, Qt::DotLine));
+  painter.setBrush(colors.separator);
+  painter.setPen(QPen(colors.secondary, kRingWidth));
   painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
   painter.restore();
 }

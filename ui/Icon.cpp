@@ -4,6 +4,7 @@
 #include <QPainterPathStroker>
 #include <QTransform>
 #include <algorithm>
+#include <map>
 
 namespace Hilalor {
 namespace {
@@ -137,8 +138,12 @@ QPainterPath drawn(Icon icon) {
 
 }  // namespace
 
-QPainterPath iconPath(Icon icon) {
-  return QTransform::fromScale(1 / kSide, 1 / kSide).map(drawn(icon));
+const QPainterPath& iconPath(Icon icon) {
+  // Joining shapes takes longer than filling them.
+  static std::map<Icon, QPainterPath> paths;
+  const auto [place, isNew] = paths.try_emplace(icon);
+  if (isNew) place->second = QTransform::fromScale(1 / kSide, 1 / kSide).map(drawn(icon));
+  return place->second;
 }
 
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color) {

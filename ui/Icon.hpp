@@ -23,7 +23,7 @@ enum class Icon {
 };
 
 /// The outline to be filled, in a square of side 1.
-[[nodiscard]] QPainterPath iconPath(Icon icon);
+[[nodiscard]] const QPainterPath& iconPath(Icon icon);
 
 /// Fills the icon in the largest square at the middle of the rectangle.
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color);

@@ -74,7 +74,11 @@ void Popover::place() {
   if (testAttribute(Qt::WA_TranslucentBackground)) return;
   QBitmap shape(size());
   shape.clear();
-  QPainter(&shape).fillPath(outline(), Qt::color1);
+  QPainter painter(&shape);
+  painter.setPen(Qt::color1);
+  painter.setBrush(Qt::color1);
+  painter.drawPath(outline());
+  painter.end();
   setMask(shape);
 }
 

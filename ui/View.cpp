@@ -65,7 +65,7 @@ void View::reportSize() {
   const QSize size = sizeHint();
   if (size.isEmpty() || size == reportedSize_) return;
   reportedSize_ = size;
-  if (onSizeChange) onSizeChange(size);
+  if (onWantedSize) onWantedSize(size);
 }
 
 }  // namespace Hilalor

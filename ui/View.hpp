@@ -26,7 +26,7 @@ class View : public QWidget {
   [[nodiscard]] QSize sizeHint() const override;
 
   /// Told the size that the view wants whenever it has changed, never one without width or height.
-  std::function<void(QSize)> onSizeChange;
+  std::function<void(QSize)> onWantedSize;
 
  protected:
   /// The view's content, which fills it. Once, in the constructor.

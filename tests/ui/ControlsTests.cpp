@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QTest>
 
+#include "tests/fakes/Parts.hpp"
 #include "ui/Picker.hpp"
 #include "ui/Stepper.hpp"
 #include "ui/TextEditor.hpp"
@@ -58,7 +59,7 @@ TEST(Stepper, StaysInItsRange) {
   std::vector<int> changes;
   Stepper stepper(kRange, QStringLiteral(" sec"), [&](int value) { changes.push_back(value); });
   stepper.setValue(120);
-  const auto buttons = stepper.findChildren<Button*>();
+  const auto buttons = parts<Button>(stepper);
   EXPECT_FALSE(buttons[1]->isEnabled());
   QTest::mouseClick(buttons[0], Qt::LeftButton);
   EXPECT_EQ(changes, std::vector({115}));
@@ -84,7 +85,7 @@ TEST(MenuPicker, OffersEveryOptionAndChecksTheCurrentOne) {
       [&](int index) { chosen = index; });
   picker.setCurrent(0, QStringLiteral("Glass"));
   picker.show();
-  QTest::mouseClick(picker.findChild<Button*>(), Qt::LeftButton);
+  QTest::mouseClick(part<Button>(picker), Qt::LeftButton);
   const auto* menu = picker.findChild<QMenu*>();
   ASSERT_NE(menu, nullptr);
   ASSERT_EQ(menu->actions().size(), 2);

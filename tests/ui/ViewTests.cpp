@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
+#include "tests/fakes/Parts.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor {
@@ -36,13 +37,13 @@ TEST(View, ManyRequestsOfOnePassMakeOneRedraw) {
   EXPECT_EQ(view.redraws, 1);
   QCoreApplication::sendPostedEvents();
   EXPECT_EQ(view.redraws, 2);
-  EXPECT_EQ(view.findChild<Text*>()->text(), view.title);
+  EXPECT_EQ(part<Text>(view)->text(), view.title);
 }
 
 TEST(View, ReportsItsSizeOnlyWhenItChanged) {
   TwoLines view;
   std::vector<QSize> sizes;
-  view.onSizeChange = [&](QSize size) { sizes.push_back(size); };
+  view.onWantedSize = [&](QSize size) { sizes.push_back(size); };
   view.show();
   QCoreApplication::processEvents();
   EXPECT_EQ(sizes, std::vector({QSize(100, 4 + kLineHeight)}));
