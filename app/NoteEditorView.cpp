@@ -1,0 +1,45 @@
+#include "app/NoteEditorView.hpp"
+
+#include "datetime/DateFormatter.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr int kWidth = 264;
+constexpr int kPadding = 12;
+constexpr int kSpacing = 8;
+constexpr TextStyle kHeadingStyle{
+    .size = 12, .weight = QFont::DemiBold, .color = &Colors::secondary};
+constexpr int kEditorTypeSize = 13;
+constexpr QSize kEditorSize{240, 120};
+
+}  // namespace
+
+NoteEditorView::NoteEditorView(Date date, NotesStore& store)
+    : date_(date), store_(store), editor_(new TextEditor(kEditorTypeSize)) {
+  setFixedWidth(kWidth);
+  setFocusProxy(editor_);
+  editor_->setAccessibleName(dateLabel());
+  setBody(
+      column({.spacing = kSpacing, .padding = Insets::all(kPadding), .alignment = Qt::AlignLeft},
+             {liveText(kHeadingStyle, [this] { return dateLabel(); }),
+              framed(editor_, kEditorSize.width(), kEditorSize.height())}));
+  editor_->onEdit = [this](const QString& text) { store_.setNote(text.toStdString(), date_); };
+  redraw();
+}
+
+QString NoteEditorView::dateLabel() const {
+  const bool isHijri = settings_.primaryCalendar == PrimaryCalendar::hijri;
+  const Calendar hijri(CalendarIdentifier::islamicUmmAlQura);
+  const DateFormatter formatter =
+      isHijri ? DateFormatter("d MMMM yyyy", hijri) : DateFormatter::longStyle();
+  return QString::fromStdString(formatter.string(date_));
+}
+
+void NoteEditorView::showEvent(QShowEvent* event) {
+  View::showEvent(event);
+  editor_->setText(QString::fromStdString(store_.note(date_)));
+  editor_->setFocus();
+}
+
+}  // namespace Hilalor

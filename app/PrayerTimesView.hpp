@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "app/AppSettings.hpp"
+#include "app/LocationManager.hpp"
+#include "app/PrayerList.hpp"
+#include "datetime/Date.hpp"
+#include "platform/Clock.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/Signal.hpp"
+#include "ui/View.hpp"
+
+namespace Hilalor {
+
+/// The prayer times of a day, the next one to come highlighted. Looks at the clock every minute, so
+/// that the highlight moves on while the list is shown.
+class PrayerTimesView final : public View {
+ public:
+  /// Any moment of the day to show.
+  explicit PrayerTimesView(Date displayDate);
+  ~PrayerTimesView() override;
+
+  void setDisplayDate(Date displayDate);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  [[nodiscard]] QWidget* header();
+  [[nodiscard]] QWidget* prayerRows();
+  [[nodiscard]] QWidget* prayerRow(std::size_t index);
+  void refreshNow();
+
+  AppSettings& settings_ = AppSettings::shared();
+  LocationManager& locationManager_ = LocationManager::shared();
+  Date displayDate_;
+  Date now_;
+  PrayerList prayers_;
+  std::unique_ptr<Timer> minuteTimer_;
+  std::vector<Subscription> changes_;
+};
+
+}  // namespace Hilalor
