@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "app/MenuBarTitle.hpp"
+#include "app/PanelPlacement.hpp"
 #include "platform/Delivery.hpp"
 
 namespace Hilalor {
@@ -11,6 +13,23 @@ namespace {
 
 // Every minute gets a tick, so that no prayer minute is missed.
 constexpr Seconds kTickPeriod{30};
+constexpr Seconds kReopeningDelay{0.05};
+// How far the pointer may move between the press and the release of a click.
+constexpr double kClickReach = 8;
+// Bars report a click over D-Bus, a moment after the release.
+constexpr Seconds kClickReportDelay{0.3};
+
+Appearance appearance(AppTheme theme) {
+  switch (theme) {
+    case AppTheme::system:
+      return Appearance::system;
+    case AppTheme::light:
+      return Appearance::light;
+    case AppTheme::dark:
+      return Appearance::dark;
+  }
+  return Appearance::system;
+}
 
 }  // namespace
 
@@ -22,8 +41,12 @@ StatusBarController::StatusBarController(Updater* updater)
       updater_(updater) {
   if (auto* button = statusItem_->button()) {
     button->setTitle(menuBarTitle(settings_, platform_.clock.now()));
+    button->setAction([this](const StatusItemClick& click) { handleClick(click); });
     button->setContextMenu({{"Quit Hilalor", 'q', [this] { platform_.application.terminate(); }}});
   }
+  platform_.application.setReopenHandler([this] {
+    if (!panel_) openCalendar(KeyboardAtOpening::taken);
+  });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
 }
@@ -35,7 +58,14 @@ void StatusBarController::subscribe() {
                         FirstPair::told, retitle);
   subscriptions_.push_back(std::move(style));
   subscriptions_.push_back(std::move(calendar));
+  subscriptions_.push_back(settings_.theme.publisher().subscribe(
+      onNextPass(platform_.loop, [this](AppTheme theme) { applyTheme(theme); })));
   subscriptions_.push_back(alerts_.activeAthanTitle.subscribe(retitle));
+  auto [showCalendar, showPrayerTimes] = subscribeToLatest(
+      settings_.showCalendar.publisher(), settings_.showPrayerTimes.publisher(), FirstPair::dropped,
+      onNextPass(platform_.loop, [this](bool, bool) { reopenPanelIfVisible(); }));
+  subscriptions_.push_back(std::move(showCalendar));
+  subscriptions_.push_back(std::move(showPrayerTimes));
 }
 
 void StatusBarController::tick() {
@@ -49,6 +79,93 @@ void StatusBarController::updateTitle() {
   const auto& announced = alerts_.activeAthanTitle.value();
   button->setTitle(announced ? athanTitle(*announced)
                              : menuBarTitle(settings_, platform_.clock.now()));
+}
+
+void StatusBarController::handleClick(const StatusItemClick& click) {
+  itemPlace_ = itemPlace(click);
+  reopening_.reset();
+  const bool closedThePanel = isOfClosingPress(click);
+  closingPress_.reset();
+  if (click.button == StatusItemClick::Button::right) return close();
+  if (closedThePanel) return;
+  if (panel_ && panel_->isVisible()) return close();
+  // A click without a pointer came from the keyboard, which then belongs to the panel.
+  openCalendar(click.pointer ? KeyboardAtOpening::leftWhereItIs : KeyboardAtOpening::taken);
+}
+
+void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
+  panel_ = platform_.surfaces.makeCalendarPanel({
+      .onSizeChange = [this](Size size) { resize(size); },
+      .onOpenSettings = [this] { openSettings(); },
+      .onDismiss = [this] { closeForDismissal(); },
+  });
+  panel_->setAppearance(appearance(settings_.theme));
+  position(panel_->fittingSize());
+  panel_->orderFront(keyboard);
+  eventMonitor_ = platform_.mouse.addGlobalMonitor(
+      {.onPress = [this](Point place) { closeForPress(place); }, .onRelease = {}});
+}
+
+void StatusBarController::close() {
+  panel_.reset();
+  eventMonitor_.reset();
+}
+
+void StatusBarController::position(Size size) {
+  const auto origin = panelOrigin(size, itemPlace_, platform_.screens.all());
+  panel_->setFrame({origin.value_or(Point{}), size});
+}
+
+void StatusBarController::resize(Size size) {
+  if (panel_ && statusItem_->button() != nullptr) position(size);
+}
+
+void StatusBarController::reopenPanelIfVisible() {
+  if (!panel_ || !panel_->isVisible() || statusItem_->button() == nullptr) return;
+  close();
+  reopening_ = platform_.loop.once(kReopeningDelay,
+                                   [this] { openCalendar(KeyboardAtOpening::leftWhereItIs); });
+}
+
+void StatusBarController::closeForPress(Point place) {
+  // The item's own click closes the panel.
+  if (itemPlace_ && itemPlace_->size.width > 0 && isWithin(0, *itemPlace_, place)) return;
+  closingPress_ = ClosingPress{.place = place, .monitor = nullptr, .forgetting = nullptr};
+  closingPress_->monitor = platform_.mouse.addGlobalMonitor(
+      {.onPress = {}, .onRelease = [this] { forgetClosingPressSoon(); }});
+  close();
+}
+
+void StatusBarController::closeForDismissal() {
+  closingPress_ = ClosingPress{};
+  forgetClosingPressSoon();
+  close();
+}
+
+void StatusBarController::forgetClosingPressSoon() {
+  closingPress_->forgetting =
+      platform_.loop.once(kClickReportDelay, [this] { closingPress_.reset(); });
+}
+
+bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
+  if (!closingPress_) return false;
+  if (!closingPress_->place || !itemPlace_) return click.pointer.has_value();
+  return isWithin(kClickReach, *itemPlace_, *closingPress_->place);
+}
+
+void StatusBarController::openSettings() {
+  if (!settingsWindow_) {
+    settingsWindow_ =
+        platform_.surfaces.makeSettingsWindow(updater_, [this] { settingsWindow_.reset(); });
+    if (!settingsWindow_) return;
+    settingsWindow_->setAppearance(appearance(settings_.theme));
+  }
+  settingsWindow_->makeKeyAndOrderFront();
+}
+
+void StatusBarController::applyTheme(AppTheme theme) {
+  if (panel_) panel_->setAppearance(appearance(theme));
+  if (settingsWindow_) settingsWindow_->setAppearance(appearance(theme));
 }
 
 }  // namespace Hilalor

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/AppSettings.hpp"
 #include "app/PrayerNotificationManager.hpp"
+#include "platform/MouseMonitor.hpp"
+#include "platform/Panel.hpp"
 #include "platform/Platform.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
@@ -21,15 +24,46 @@ class StatusBarController {
   /// Puts the item with its first text into the bar. `updater` is null in a build without updates.
   explicit StatusBarController(Updater* updater);
 
+  /// Shows the settings window, or brings the one that is open to the front. The panel stays.
+  void openSettings();
+
  private:
+  /// A press outside the panel that closed it. If it was on the item, the click that the bar
+  /// reports for it must not open the panel again.
+  struct ClosingPress {
+    std::optional<Point> place;             // Absent where the desktop does not tell.
+    std::unique_ptr<EventMonitor> monitor;  // Waits for the release.
+    std::unique_ptr<Timer> forgetting;
+  };
+
+  // The item and its text.
   void subscribe();
   void tick();
   void updateTitle();
+
+  // The panel.
+  void handleClick(const StatusItemClick& click);
+  void openCalendar(KeyboardAtOpening keyboard);
+  void close();
+  void position(Size size);
+  void resize(Size size);
+  void reopenPanelIfVisible();
+  void closeForPress(Point place);
+  void closeForDismissal();
+  void forgetClosingPressSoon();
+  [[nodiscard]] bool isOfClosingPress(const StatusItemClick& click) const;
+  void applyTheme(AppTheme theme);
 
   Platform& platform_;
   AppSettings& settings_;
   PrayerNotificationManager& alerts_;
   std::unique_ptr<StatusItem> statusItem_;
+  std::optional<Rect> itemPlace_;  // As of the last click.
+  std::unique_ptr<Panel> panel_;
+  std::unique_ptr<EventMonitor> eventMonitor_;
+  std::optional<ClosingPress> closingPress_;
+  std::unique_ptr<Timer> reopening_;
+  std::unique_ptr<Window> settingsWindow_;
   Updater* updater_;
   std::unique_ptr<Timer> timer_;
   std::vector<Subscription> subscriptions_;

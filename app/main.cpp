@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/AppDelegate.hpp"
+#include "app/ScreenSurfaces.hpp"
 #include "app/SharedObjects.hpp"
 #include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
@@ -15,6 +16,9 @@
 #include "desktop/SystemClock.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
+#include "desktop/panel/ColorSchemeSetting.hpp"
+#include "desktop/panel/LinuxMouseMonitor.hpp"
+#include "desktop/panel/LinuxScreens.hpp"
 #include "desktop/sound/LinuxSoundService.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "platform/Platform.hpp"
@@ -43,6 +47,9 @@ class LinuxDesktop {
                   .loop = loop_,
                   .defaults = defaults_,
                   .statusBar = statusBar_,
+                  .surfaces = surfaces_,
+                  .screens = screens_,
+                  .mouse = mouse_,
                   .location = location_,
                   .geocoder = geocoder_,
                   .notifications = notifications_,
@@ -64,6 +71,10 @@ class LinuxDesktop {
   SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
   SessionBus sessionBus_{loop_};
   LinuxStatusBar statusBar_{loop_, sessionBus_, resourceFolder() / "item"};
+  ScreenSurfaces surfaces_;
+  LinuxScreens screens_;
+  LinuxMouseMonitor mouse_;
+  ColorSchemeSetting colorScheme_;
   GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};

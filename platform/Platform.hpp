@@ -8,10 +8,13 @@
 #include "platform/DefaultsStore.hpp"
 #include "platform/Geocoder.hpp"
 #include "platform/LocationService.hpp"
+#include "platform/MouseMonitor.hpp"
 #include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
+#include "platform/Screens.hpp"
 #include "platform/SoundService.hpp"
 #include "platform/StatusItem.hpp"
+#include "platform/Surfaces.hpp"
 #include "platform/Updater.hpp"
 
 namespace Hilalor {
@@ -24,6 +27,9 @@ struct Platform {
   RunLoop& loop;
   DefaultsStore& defaults;
   StatusBar& statusBar;
+  Surfaces& surfaces;
+  Screens& screens;
+  MouseMonitor& mouse;
   LocationService& location;
   Geocoder& geocoder;
   NotificationCenter& notifications;

@@ -8,6 +8,7 @@
 #include "tests/fakes/FakeLocationService.hpp"
 #include "tests/fakes/FakeNotificationCenter.hpp"
 #include "tests/fakes/FakeSoundService.hpp"
+#include "tests/fakes/FakeSurfaces.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
@@ -28,6 +29,9 @@ class FakePlatform {
   FakeApplication application;
   InMemoryDefaultsStore defaults;
   FakeStatusBar statusBar;
+  FakeSurfaces surfaces;
+  FakeScreens screens;
+  FakeMouse mouse;
   FakeLocationService location;
   FakeGeocoder geocoder;
   FakeNotificationCenter notifications{loop};
@@ -38,6 +42,9 @@ class FakePlatform {
                     .loop = loop,
                     .defaults = defaults,
                     .statusBar = statusBar,
+                    .surfaces = surfaces,
+                    .screens = screens,
+                    .mouse = mouse,
                     .location = location,
                     .geocoder = geocoder,
                     .notifications = notifications,

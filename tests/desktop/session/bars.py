@@ -12,7 +12,7 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
     <value type="int" value="1"/>
     <property name="dark-mode" type="bool" value="false"/>
     <property name="panel-1" type="empty">
-      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="position" type="string" value="p={position};x=0;y=0"/>
       <property name="position-locked" type="bool" value="true"/>
       <property name="length" type="uint" value="100"/>
       <property name="size" type="uint" value="30"/>
@@ -23,7 +23,7 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
   </property>
   <property name="plugins" type="empty">
     <property name="plugin-1" type="string" value="separator">
-      <property name="expand" type="bool" value="true"/>
+      <property name="expand" type="bool" value="{space}"/>
       <property name="style" type="uint" value="0"/>
     </property>
     <property name="plugin-2" type="string" value="{plugin}">
@@ -33,7 +33,14 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 
+# Places of the panel in Xfce's own numbers.
+TOP, BOTTOM = 6, 8
+
 WATCHER = "org.kde.StatusNotifierWatcher"
+
+
+def truth(value):
+    return "true" if value else "false"
 
 
 class NoBar:
@@ -60,6 +67,8 @@ class XfcePanel:
     height = 30
     plugin = "systray"
     keeps_width = True
+    position = TOP
+    starts_with_space = True
 
     def __init__(self, session):
         self.session = session
@@ -69,6 +78,15 @@ class XfcePanel:
         self._configure()
         self.session.start("openbox")
         self._start_panel()
+
+    def screen(self, whole):
+        """The screen that the bar is on."""
+        return whole.rect
+
+    def rect(self, whole):
+        screen = self.screen(whole)
+        y = 0 if self.position == TOP else screen.height - self.height
+        return Rect(screen.x, y, screen.width, self.height)
 
     def restart(self):
         """Kills the panel and starts it again."""
@@ -89,7 +107,8 @@ class XfcePanel:
         os.makedirs(folder)
         with open(os.path.join(folder, "xfce4-panel.xml"), "w", encoding="utf-8") as file:
             file.write(PANEL_CONFIGURATION.format(
-                plugin=self.plugin, square="false" if self.keeps_width else "true"))
+                plugin=self.plugin, square=truth(not self.keeps_width), position=self.position,
+                space=truth(self.starts_with_space)))
 
     def _start_panel(self):
         self.process = self.session.start("xfce4-panel")

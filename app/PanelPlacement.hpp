@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/Geometry.hpp"
+#include "platform/Screens.hpp"
+#include "platform/StatusItem.hpp"
+
+namespace Hilalor {
+
+/// Where the item is, as far as the click tells: its rectangle, else the pointer as an empty one.
+[[nodiscard]] std::optional<Rect> itemPlace(const StatusItemClick& click);
+
+/// Where a panel of that size goes: centred under the item on the item's screen, against its bar,
+/// and within the part of the screen that is free, of which the right edge wins over the left. A
+/// panel stands on a bar at the bottom and beside one at a side. For an item whose place is not
+/// known it is the end of the bar. No result without a screen.
+[[nodiscard]] std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
+                                               const std::vector<Screen>& screens);
+
+/// Whether the point lies in the rectangle or within that distance of it.
+[[nodiscard]] bool isWithin(double distance, const Rect& rect, Point point);
+
+}  // namespace Hilalor

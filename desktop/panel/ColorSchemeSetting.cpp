@@ -1,0 +1,65 @@
+#include "desktop/panel/ColorSchemeSetting.hpp"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include "ui/Colors.hpp"
+
+namespace Hilalor {
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString kGroup = QStringLiteral("org.freedesktop.appearance");
+const QString kKey = QStringLiteral("color-scheme");
+
+// The portal's values; 0 is no preference.
+constexpr uint kPrefersDark = 1;
+constexpr uint kPrefersLight = 2;
+
+}  // namespace
+
+ColorSchemeSetting::ColorSchemeSetting() {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return;
+  bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+              SLOT(settingChanged(QString, QString, QDBusVariant)));
+  QDBusMessage read =
+      QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
+  read << kGroup << kKey;
+  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [](QDBusPendingCallWatcher* call) {
+    const QDBusPendingReply<QDBusVariant> reply = *call;
+    if (!reply.isError()) apply(reply.value().variant());
+    call->deleteLater();
+  });
+}
+
+void ColorSchemeSetting::settingChanged(const QString& group, const QString& key,
+                                        const QDBusVariant& value) {
+  if (group == kGroup && key == kKey) apply(value.variant());
+}
+
+void ColorSchemeSetting::apply(const QVariant& value) {
+  // Some portals wrap the value once more.
+  const QVariant plain = value.canConvert<QDBusVariant>() && !value.canConvert<uint>()
+                             ? value.value<QDBusVariant>().variant()
+                             : value;
+  switch (plain.toUInt()) {
+    case kPrefersDark:
+      QApplication::setPalette(windowPalette(ColorScheme::dark));
+      break;
+    case kPrefersLight:
+      QApplication::setPalette(windowPalette(ColorScheme::light));
+      break;
+    default:
+      QApplication::setPalette(QPalette());
+      break;
+  }
+}
+
+}  // namespace Hilalor

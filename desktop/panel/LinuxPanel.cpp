@@ -1,0 +1,65 @@
+#include "desktop/panel/LinuxPanel.hpp"
+
+#include <QRect>
+#include <cmath>
+
+#include "desktop/panel/PanelWindow.hpp"
+#include "ui/Colors.hpp"
+#include "ui/View.hpp"
+
+namespace Hilalor {
+
+void setWindowAppearance(QWidget& window, Appearance appearance) {
+  switch (appearance) {
+    case Appearance::system:
+      window.setPalette(QPalette());
+      break;
+    case Appearance::light:
+      window.setPalette(windowPalette(ColorScheme::light));
+      break;
+    case Appearance::dark:
+      window.setPalette(windowPalette(ColorScheme::dark));
+      break;
+  }
+}
+
+LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void()> onDismiss)
+    : screen_(screen.get()),
+      onDismiss_(std::move(onDismiss)),
+      window_(new PanelWindow(screen.release(), onDismiss_)) {}
+
+LinuxPanel::~LinuxPanel() {
+  // Nobody is there to be told any more, though the window lives on to the end of this event.
+  window_->disown();
+  screen_->onWantedSize = nullptr;
+  keyboard_.giveBackFrom(*window_);
+  window_->hide();
+  window_->deleteLater();
+}
+
+Size LinuxPanel::fittingSize() const {
+  const QSize size = screen_->sizeHint();
+  return {static_cast<double>(size.width()), static_cast<double>(size.height())};
+}
+
+bool LinuxPanel::isVisible() const {
+  return window_->isVisible();
+}
+
+void LinuxPanel::setAppearance(Appearance appearance) {
+  setWindowAppearance(*window_, appearance);
+}
+
+void LinuxPanel::setFrame(const Rect& frame) {
+  window_->setFrame(
+      QRectF(frame.origin.x, frame.origin.y, frame.size.width, frame.size.height).toAlignedRect());
+}
+
+void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
+  window_->show();
+  window_->raise();
+  if (keyboard == KeyboardAtOpening::taken) window_->activateWindow();
+  escape_ = std::make_unique<EscapeKey>(onDismiss_);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "desktop/panel/EscapeKey.hpp"
+#include "desktop/panel/KeyboardFocus.hpp"
+#include "platform/Panel.hpp"
+
+class QWidget;
+
+namespace Hilalor {
+
+class PanelWindow;
+class View;
+
+/// A panel of our own window.
+class LinuxPanel final : public Panel {
+ public:
+  /// Takes the screen over. `onDismiss` may destroy the panel.
+  LinuxPanel(std::unique_ptr<View> screen, std::function<void()> onDismiss);
+  ~LinuxPanel() override;
+
+  // Panel
+  [[nodiscard]] Size fittingSize() const override;
+  [[nodiscard]] bool isVisible() const override;
+  void setAppearance(Appearance appearance) override;
+  void setFrame(const Rect& frame) override;
+  void orderFront(KeyboardAtOpening keyboard) override;
+
+ private:
+  View* screen_;
+  std::function<void()> onDismiss_;
+  // Qt's own, deleted by it when it is done with the event that ends the panel.
+  PanelWindow* window_;
+  KeyboardFocus keyboard_;
+  std::unique_ptr<EscapeKey> escape_;
+};
+
+/// Puts the window and all in it into light or dark, or leaves it to the application.
+void setWindowAppearance(QWidget& window, Appearance appearance);
+
+}  // namespace Hilalor

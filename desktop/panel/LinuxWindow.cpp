@@ -1,0 +1,70 @@
+#include "desktop/panel/LinuxWindow.hpp"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <utility>
+
+#include "desktop/panel/LinuxPanel.hpp"
+
+namespace Hilalor {
+namespace {
+
+QSize whole(Size size) {
+  return QSizeF(size.width, size.height).toSize();
+}
+
+}  // namespace
+
+class LinuxWindow::Frame final : public QWidget {
+ public:
+  Frame(QWidget* screen, const WindowProperties& properties, std::function<void()> onWillClose)
+      : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                             Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                             Qt::WindowStaysOnTopHint),
+        onWillClose_(std::move(onWillClose)) {
+    setWindowTitle(QString::fromUtf8(properties.title));
+    setMinimumSize(whole(properties.minimumSize));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(screen);
+    resize(whole(properties.contentSize));
+    QRect place(QPoint(0, 0), size());
+    place.moveCenter(this->screen()->availableGeometry().center());
+    move(place.topLeft());
+  }
+
+  void disown() { onWillClose_ = nullptr; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->accept();
+    if (const auto told = std::exchange(onWillClose_, nullptr)) told();
+  }
+
+ private:
+  std::function<void()> onWillClose_;
+};
+
+LinuxWindow::LinuxWindow(std::unique_ptr<QWidget> screen, const WindowProperties& properties,
+                         std::function<void()> onWillClose)
+    : frame_(new Frame(screen.release(), properties, std::move(onWillClose))) {}
+
+LinuxWindow::~LinuxWindow() {
+  frame_->disown();
+  frame_->hide();
+  frame_->deleteLater();
+}
+
+void LinuxWindow::setAppearance(Appearance appearance) {
+  setWindowAppearance(*frame_, appearance);
+}
+
+void LinuxWindow::makeKeyAndOrderFront() {
+  frame_->show();
+  frame_->raise();
+  frame_->activateWindow();
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace Hilalor {
+
+/// A window without a frame that floats above others with rounded corners, and a content that fills
+/// it. It does not take the keyboard when it is shown or clicked. Where a compositor mixes windows
+/// it has a shadow and smooth corners; elsewhere it is cut to shape.
+class PanelWindow final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Takes the content over. `onDismiss` is told when the user presses Escape or when the desktop
+  /// closes the window.
+  PanelWindow(QWidget* content, std::function<void()> onDismiss);
+
+  /// The rectangle of what is seen, without the shadow.
+  void setFrame(const QRect& frame);
+
+  /// Forgets whom to tell.
+  void disown() { onDismiss_ = nullptr; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void dismiss() const;
+  [[nodiscard]] QRect body() const;
+  void cutToShape();
+
+  QWidget* content_;
+  std::function<void()> onDismiss_;
+  int shadow_;  // Its width around the body, 0 without a compositor.
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/Panel.hpp"
+#include "platform/Updater.hpp"
+
+namespace Hilalor {
+
+/// What a calendar panel reports.
+struct CalendarPanelEvents {
+  std::function<void(Size)> onSizeChange;  ///< Its screen wants that size now.
+  std::function<void()> onOpenSettings;
+  /// The user wants it gone by Escape, or the desktop has closed it for a press elsewhere.
+  std::function<void()> onDismiss;
+};
+
+/// Makes the surfaces that the item in the bar opens, each with its screen built afresh, not shown
+/// yet. Main thread.
+class Surfaces {
+ public:
+  virtual ~Surfaces() = default;
+
+  [[nodiscard]] virtual std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events) = 0;
+
+  /// Centred on the screen. `updater` is null in a build without updates; `onWillClose` is told
+  /// when the user closes the window. Null where there is no such window.
+  [[nodiscard]] virtual std::unique_ptr<Window> makeSettingsWindow(
+      Updater* updater, std::function<void()> onWillClose) = 0;
+};
+
+}  // namespace Hilalor

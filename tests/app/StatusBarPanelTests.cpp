@@ -1,0 +1,195 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "app/StatusBarController.hpp"
+#include "tests/fakes/FakePlatform.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr Rect kItem{{600, 0}, {80, 24}};
+constexpr Point kOnItem{640, 12};
+constexpr Point kElsewhere{300, 400};
+
+class StatusBarPanelTest : public testing::Test {
+ protected:
+  StatusBarPanelTest() { loop().runPosted(); }
+
+  [[nodiscard]] VirtualLoop& loop() { return desktop.loop; }
+  [[nodiscard]] FakeSurfaces::FakePanel* panel() { return desktop.surfaces.panel; }
+
+  void click(std::optional<Rect> item = kItem) {
+    desktop.statusBar.action(
+        {.button = StatusItemClick::Button::left, .item = item, .pointer = kOnItem});
+  }
+
+  void rightClick() {
+    desktop.statusBar.action(
+        {.button = StatusItemClick::Button::right, .item = kItem, .pointer = kOnItem});
+  }
+
+  FakePlatform desktop;
+  StatusBarController controller{nullptr};
+};
+
+TEST_F(StatusBarPanelTest, ALeftClickOpensThePanelUnderTheItemAndTheNextClosesIt) {
+  click();
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 500}}));
+  EXPECT_TRUE(panel()->isInFront);
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::leftWhereItIs);
+  EXPECT_TRUE(desktop.mouse.isWatched());
+  click();
+  EXPECT_FALSE(panel());
+  EXPECT_FALSE(desktop.mouse.isWatched());
+}
+
+TEST_F(StatusBarPanelTest, ARightClickClosesThePanel) {
+  click();
+  rightClick();
+  EXPECT_FALSE(panel());
+  rightClick();
+  EXPECT_EQ(desktop.surfaces.panelsMade, 1);
+}
+
+TEST_F(StatusBarPanelTest, APressElsewhereClosesIt) {
+  click();
+  desktop.mouse.press(kElsewhere);
+  EXPECT_FALSE(panel());
+  desktop.mouse.release();
+  loop().advance(Seconds(1));
+  EXPECT_FALSE(desktop.mouse.isWatched());
+  click();
+  EXPECT_TRUE(panel());
+}
+
+TEST_F(StatusBarPanelTest, APressOnTheItemIsLeftToItsClick) {
+  click();
+  desktop.mouse.press(kOnItem);
+  EXPECT_TRUE(panel());
+  click();
+  EXPECT_FALSE(panel());
+}
+
+TEST_F(StatusBarPanelTest, WhereTheItemsPlaceIsUnknownThePressThatClosedDoesNotReopen) {
+  click(std::nullopt);
+  desktop.mouse.press(kOnItem);
+  loop().advance(Seconds(5));  // Held down for a while.
+  desktop.mouse.release();
+  loop().advance(Seconds(0.1));
+  click(std::nullopt);
+  EXPECT_FALSE(panel());
+  click(std::nullopt);
+  EXPECT_TRUE(panel());
+}
+
+TEST_F(StatusBarPanelTest, AClickLongAfterThePressThatClosedOpens) {
+  click(std::nullopt);
+  desktop.mouse.press(kOnItem);
+  desktop.mouse.release();
+  loop().advance(Seconds(1));
+  click(std::nullopt);
+  EXPECT_TRUE(panel());
+}
+
+TEST_F(StatusBarPanelTest, AQuickClickAfterAPressElsewhereOpens) {
+  click(std::nullopt);
+  desktop.mouse.press(kElsewhere);
+  desktop.mouse.release();
+  click(std::nullopt);
+  EXPECT_TRUE(panel());
+}
+
+TEST_F(StatusBarPanelTest, ADismissalClosesItAndItsOwnClickDoesNotReopen) {
+  click();
+  panel()->events.onDismiss();
+  EXPECT_FALSE(panel());
+  click();
+  EXPECT_FALSE(panel());
+  loop().advance(Seconds(1));
+  click();
+  EXPECT_TRUE(panel());
+}
+
+TEST_F(StatusBarPanelTest, OpensAllTheSameWhereTheMouseCannotBeWatched) {
+  desktop.mouse.isAllowed = false;
+  click();
+  EXPECT_TRUE(panel());
+  click();
+  EXPECT_FALSE(panel());
+}
+
+TEST_F(StatusBarPanelTest, TakesTheKeyboardWhenItIsOpenedByKeyboard) {
+  desktop.statusBar.action({.button = StatusItemClick::Button::left, .item = kItem, .pointer = {}});
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+  click();
+  desktop.application.reopen();
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+}
+
+TEST_F(StatusBarPanelTest, FollowsTheSizeOfItsScreenWithItsTopEdgeAtTheBar) {
+  click();
+  panel()->events.onSizeChange({300, 640});
+  EXPECT_EQ(panel()->frame, (Rect{{490, 24}, {300, 640}}));
+}
+
+TEST_F(StatusBarPanelTest, IsBuiltAgainWhenTheShownSectionsChange) {
+  AppSettings::shared().showPrayerTimes = false;
+  loop().advance(Seconds(1));
+  EXPECT_EQ(desktop.surfaces.panelsMade, 0);
+
+  click();
+  desktop.surfaces.panelSize = {260, 300};
+  AppSettings::shared().showPrayerTimes = true;
+  EXPECT_TRUE(panel());
+  loop().runPosted();
+  EXPECT_FALSE(panel());
+  loop().advance(Seconds(0.05));
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 300}}));
+}
+
+TEST_F(StatusBarPanelTest, AClickDuringTheRebuildStandsInForIt) {
+  click();
+  AppSettings::shared().showCalendar = false;
+  loop().runPosted();
+  click();
+  click();
+  loop().advance(Seconds(1));
+  EXPECT_FALSE(panel());
+}
+
+TEST_F(StatusBarPanelTest, PanelAndSettingsFollowTheTheme) {
+  AppSettings::shared().theme = AppTheme::light;
+  click();
+  EXPECT_EQ(panel()->appearance, Appearance::light);
+  controller.openSettings();
+  AppSettings::shared().theme = AppTheme::dark;
+  loop().runPosted();
+  EXPECT_EQ(panel()->appearance, Appearance::dark);
+  EXPECT_EQ(desktop.surfaces.settings->appearance, Appearance::dark);
+  AppSettings::shared().theme = AppTheme::system;
+  loop().runPosted();
+  EXPECT_EQ(panel()->appearance, Appearance::system);
+  EXPECT_EQ(desktop.surfaces.settings->appearance, Appearance::system);
+}
+
+TEST_F(StatusBarPanelTest, TheSettingsWindowIsOneUntilItIsClosed) {
+  click();
+  panel()->events.onOpenSettings();
+  panel()->events.onOpenSettings();
+  EXPECT_EQ(desktop.surfaces.windowsMade, 1);
+  EXPECT_EQ(desktop.surfaces.settings->timesInFront, 2);
+  EXPECT_TRUE(panel());
+  desktop.surfaces.settings->onWillClose();
+  EXPECT_FALSE(desktop.surfaces.settings);
+  controller.openSettings();
+  EXPECT_EQ(desktop.surfaces.windowsMade, 2);
+}
+
+}  // namespace
+}  // namespace Hilalor

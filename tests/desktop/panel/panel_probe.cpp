@@ -1,0 +1,152 @@
+// The item in the bar with its panel over the real desktop, with services that a test sets by
+// lines on the input:
+//   theme system|light|dark      calendar gregorian|hijri     sunnah|times|month on|off
+//   voice on|off                 dua on|off                   measure N
+// "measure" opens the panel N times and prints the milliseconds until it is painted.
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QSocketNotifier>
+#include <iostream>
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "app/AppSettings.hpp"
+#include "app/PrayerNotificationManager.hpp"
+#include "app/ScreenSurfaces.hpp"
+#include "app/SharedObjects.hpp"
+#include "app/StatusBarController.hpp"
+#include "desktop/QtRunLoop.hpp"
+#include "desktop/item/LinuxStatusBar.hpp"
+#include "desktop/panel/ColorSchemeSetting.hpp"
+#include "desktop/panel/LinuxMouseMonitor.hpp"
+#include "desktop/panel/LinuxScreens.hpp"
+#include "desktop/store/SqliteDefaultsStore.hpp"
+#include "tests/fakes/FakeDesktop.hpp"
+#include "tests/fakes/FakeGeocoder.hpp"
+#include "tests/fakes/FakeLocationService.hpp"
+#include "tests/fakes/FakeNotificationCenter.hpp"
+#include "tests/fakes/FakeSoundService.hpp"
+#include "tests/fakes/VirtualLoop.hpp"
+
+namespace {
+
+using namespace Hilalor;
+
+/// A Sunday in Ramadan, 13:00 in Riyadh, a national day; it stands still.
+class StoppedClock final : public Clock {
+ public:
+  [[nodiscard]] Date now() const override { return {1771754400}; }
+};
+
+class QtApplication final : public Application {
+ public:
+  void terminate() override { QApplication::quit(); }
+  void setReopenHandler(std::function<void()>) override {}
+};
+
+/// Tells when the first window of a panel has been painted.
+class FirstPaint final : public QObject {
+ public:
+  FirstPaint() { qApp->installEventFilter(this); }
+  bool wasPainted = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::UpdateRequest || event->type() == QEvent::Expose)
+      wasPainted = wasPainted || (watched->isWindowType() || watched->isWidgetType());
+    return false;
+  }
+};
+
+double millisecondsToOpen() {
+  QElapsedTimer watch;
+  watch.start();
+  ScreenSurfaces surfaces;
+  const auto panel = surfaces.makeCalendarPanel({});
+  panel->setAppearance(Appearance::system);
+  const Size size = panel->fittingSize();
+  panel->setFrame({{200, 30}, size});
+  const FirstPaint paint;
+  panel->orderFront(KeyboardAtOpening::leftWhereItIs);
+  while (!paint.wasPainted)
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QApplication::sync();
+  return static_cast<double>(watch.nsecsElapsed()) / 1e6;
+}
+
+void obey(const std::string& line) {
+  std::istringstream words(line);
+  std::string what;
+  std::string value;
+  words >> what >> value;
+  const bool isOn = value == "on";
+  auto& settings = AppSettings::shared();
+  auto& alerts = PrayerNotificationManager::shared();
+  if (what == "theme") settings.theme = *fromRawValue<AppTheme>(value);
+  if (what == "calendar") settings.primaryCalendar = *fromRawValue<PrimaryCalendar>(value);
+  if (what == "sunnah") settings.showSunnahTimes = isOn;
+  if (what == "times") settings.showPrayerTimes = isOn;
+  if (what == "month") settings.showCalendar = isOn;
+  if (what == "dua") alerts.playingDua.assign(isOn);
+  if (what == "voice")
+    alerts.playingVoice.assign(isOn ? std::optional(AthanVoice::vemran) : std::nullopt);
+  for (int left = what == "measure" ? std::stoi(value) : 0; left > 0; --left) {
+    std::cout << millisecondsToOpen() << std::endl;
+    QApplication::processEvents();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QtRunLoop loop;
+  SessionBus bus(loop);
+  LinuxStatusBar bar(loop, bus, HILALOR_ITEM_PICTURES);
+  QtApplication qtApplication;
+  StoppedClock clock;
+  SqliteDefaultsStore store(SqliteDefaultsStore::userFile(), loop);
+  ScreenSurfaces surfaces;
+  LinuxScreens screens;
+  LinuxMouseMonitor mouse;
+  FakeLocationService location;
+  FakeGeocoder geocoder;
+  VirtualLoop silence;
+  FakeNotificationCenter notifications(silence);
+  FakeSoundService sounds(silence);
+  Platform platform{.application = qtApplication,
+                    .clock = clock,
+                    .loop = loop,
+                    .defaults = store,
+                    .statusBar = bar,
+                    .surfaces = surfaces,
+                    .screens = screens,
+                    .mouse = mouse,
+                    .location = location,
+                    .geocoder = geocoder,
+                    .notifications = notifications,
+                    .sounds = sounds,
+                    .updater = nullptr,
+                    .soundFolders = {}};
+  Platform::install(&platform);
+  const ColorSchemeSetting colorScheme;
+  {
+    StatusBarController controller(nullptr);
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, [&] {
+      std::string line;
+      do {
+        if (!std::getline(std::cin, line)) return input.setEnabled(false);
+        obey(line);
+      } while (std::cin.rdbuf()->in_avail() > 0);
+    });
+    QApplication::exec();
+  }
+  resetSharedObjects();
+  return 0;
+}

@@ -1,0 +1,252 @@
+#!/usr/bin/env python3
+"""The panel under the item: opened, used and closed as a hand and a keyboard do it.
+
+    panel_on_bars.py CASE PROGRAM PICTURES
+
+CASE is a key of CASES; the pictures taken are left in the folder PICTURES.
+"""
+
+import os
+import sqlite3
+import sys
+import time
+
+from session.bars import BOTTOM, XfcePanel, XfcePanelWithoutSystemTray
+from session.program import Program
+from session.screen import Rect, Screen, centre
+from session.session import Session, wait_until
+
+WIDTH = 260
+RIGHT_BUTTON = 3
+LONGER_THAN_A_DOUBLE_CLICK = 0.6
+
+# Within the panel, as it is laid out.
+PREVIOUS, NEXT, TITLE = (21, 28), (239, 28), (130, 28)
+
+
+def cell(row, column):
+    """The middle of a place of the month grid in a panel with the secondary calendar."""
+    return 12 + 34 * column + 16, 90 + 42 * row + 20
+
+
+class BarAtBottom(XfcePanel):
+    position = BOTTOM
+
+
+class ItemAtLeftEnd(XfcePanel):
+    starts_with_space = False
+
+
+class Panel:
+    """The program's windows: the item, the panel, the note."""
+
+    def __init__(self, session, program):
+        self.session = session
+        self.screen = Screen(session)
+        self.name = os.path.basename(program.executable)
+
+    def _windows(self):
+        return [window for window in self.screen.windows()
+                if window.name == self.name and self.screen.is_shown(window)]
+
+    def rect(self):
+        """The panel's frame; none while it is closed."""
+        return next((window.rect for window in self._windows() if window.rect.width == WIDTH), None)
+
+    def note(self):
+        return next((window.rect for window in self._windows() if window.rect.width == 264), None)
+
+    def item(self):
+        """A tray window of ours; on D-Bus the item is the bar's to draw."""
+        return next((window.rect for window in self._windows() if window.rect.height < 40), None)
+
+    def wait_for(self):
+        return wait_until(self.rect, "the panel is open")
+
+    def wait_for_closed(self):
+        wait_until(lambda: self.rect() is None, "the panel is closed")
+
+    def point_at(self, place):
+        frame = self.rect()
+        self.screen.point((frame.x + place[0], frame.y + place[1]))
+
+    def click(self, place, times=1):
+        self.point_at(place)
+        self.session.ask("xdotool", "click", "--repeat", str(times), "--delay", "60", "1")
+
+    def picture(self):
+        return self.screen.settled_picture(self.rect())
+
+
+class Check:
+    def __init__(self, name, session, executable, pictures):
+        self.name = name
+        self.bar, self.checks = CASES[name]
+        self.bar = self.bar(session)
+        self.session = session
+        self.pictures = pictures
+        os.makedirs(pictures, exist_ok=True)
+        self.program = Program(session, executable)
+        self.panel = Panel(session, self.program)
+        self.screen = self.panel.screen
+        self.item = None
+
+    def run(self):
+        self.bar.start()
+        self.other_program()
+        self.empty_bar = self.screen.settled_picture(self.bar.rect(self.screen))
+        self.program.start(menuBarStyle="date")
+        self.item = wait_until(self.find_item, "the item is in the bar")
+        for check in self.checks:
+            check(self)
+            self.save(check.__name__)
+            self.close_if_open()
+
+    def find_item(self):
+        bar = self.bar.rect(self.screen)
+        item = self.panel.item() or self.screen.picture(bar).difference(self.empty_bar)
+        return item if item == (self.panel.item() or item) else None
+
+    def other_program(self):
+        """One that has the keyboard, and prints what it is told of it."""
+        self.session.start("xev", "-name", "other", "-geometry", "200x200+100+300")
+        self.other = wait_until(
+            lambda: self.session.ask("xdotool", "search", "--name", "^other$").strip(),
+            "another program is there")
+        self.session.ask("xdotool", "windowfocus", "--sync", self.other)
+
+    def focus(self):
+        return self.session.ask("xdotool", "getwindowfocus").strip()
+
+    def press(self, *keys):
+        self.session.ask("xdotool", "key", *keys)
+
+    def save(self, what):
+        self.screen.save(os.path.join(self.pictures, f"panel-{self.name}-{what}.png"))
+
+    def open(self):
+        self.screen.click(centre(self.item))
+        return self.panel.wait_for()
+
+    def close_if_open(self):
+        if self.panel.rect():
+            self.screen.click(centre(self.item))
+            self.panel.wait_for_closed()
+
+    # What is checked.
+
+    def opens_under_the_item(self):
+        frame = self.open()
+        bar, screen = self.bar.rect(self.screen), self.bar.screen(self.screen)
+        middle = centre(self.item)[0] - WIDTH // 2
+        left = min(screen.x + screen.width - WIDTH, max(screen.x, middle))
+        assert abs(frame.x - left) <= 1, f"{frame} should begin at x {left}"
+        # The bar keeps a pixel more than its height free.
+        if bar.y == 0:
+            assert frame.y - bar.height in (0, 1), f"{frame} should hang from the bar"
+        else:
+            assert bar.y - frame.y - frame.height in (0, 1), f"{frame} should stand on the bar"
+        assert self.focus() == self.other, "the keyboard stays where it was"
+
+    def closes_by_a_second_click(self):
+        self.open()
+        self.screen.click(centre(self.item))
+        self.panel.wait_for_closed()
+        self.open()
+
+    def closes_by_a_press_elsewhere(self):
+        for place in ((150, 350), (500, 500)):
+            self.open()
+            self.panel.click(TITLE)
+            assert self.panel.rect(), "a click inside leaves it open"
+            self.screen.click(place)
+            self.panel.wait_for_closed()
+
+    def closes_by_escape(self):
+        self.open()
+        self.press("Escape")
+        self.panel.wait_for_closed()
+
+    def keeps_a_note(self):
+        before = self.focus()
+        self.open()
+        self.panel.click(cell(1, 3), times=2)
+        wait_until(self.panel.note, "the note is open")
+        wait_until(lambda: self.focus() != before, "the note has the keyboard")
+        self.session.ask("xdotool", "type", "--delay", "20", "call home")
+        wait_until(lambda: self.notes() == ["call home"], "the note is stored")
+        self.save("note")
+        self.press("Escape")
+        wait_until(lambda: not self.panel.note(), "the note is closed")
+        self.press("Escape")
+        self.panel.wait_for_closed()
+        wait_until(lambda: self.focus() == before, "the keyboard is given back")
+        self.program.end()
+        self.program.start()
+        self.item = wait_until(self.find_item, "the item is back")
+        self.open()
+        self.panel.click(cell(1, 3), times=2)
+        wait_until(self.panel.note, "the note is open again")
+        assert self.notes() == ["call home"]
+
+    def shows_other_months_and_years(self):
+        self.open()
+        this_month = self.panel.picture()
+        self.panel.click(NEXT)
+        assert self.panel.picture().difference(this_month)
+        self.panel.click(PREVIOUS)
+        assert self.panel.picture().difference(this_month) is None
+        self.panel.click(TITLE, times=2)
+        wait_until(lambda: self.panel.rect().height > this_month.rect.height, "it grows a line")
+
+    def selects_a_day(self):
+        self.open()
+        before = self.panel.picture()
+        self.panel.click(cell(2, 2))
+        self.screen.point((5, 790))
+        assert self.panel.picture().difference(before)
+        time.sleep(LONGER_THAN_A_DOUBLE_CLICK)
+        self.panel.click(cell(2, 2))
+        self.screen.point((5, 790))
+        wait_until(lambda: self.panel.picture().difference(before) is None, "it is as before")
+
+    def a_right_click_closes_it(self):
+        self.open()
+        self.screen.click(centre(self.item), RIGHT_BUTTON)
+        self.panel.wait_for_closed()
+        self.press("Escape")
+
+    def notes(self):
+        file = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "hilalor",
+                            "defaults.sqlite")
+        store = sqlite3.connect(f"file:{file}?mode=ro", uri=True)
+        try:
+            tables = [name for name, in store.execute(
+                "SELECT name FROM sqlite_master WHERE type = 'table'")]
+            return [value for table in tables for row in store.execute(f"SELECT * FROM {table}")
+                    for value in row if value == "call home"]
+        finally:
+            store.close()
+
+
+USE = [Check.closes_by_a_second_click, Check.closes_by_a_press_elsewhere, Check.closes_by_escape,
+       Check.shows_other_months_and_years, Check.selects_a_day, Check.a_right_click_closes_it,
+       Check.keeps_a_note]
+
+CASES = {
+    "bar-at-top": (XfcePanel, [Check.opens_under_the_item, *USE]),
+    "item-on-bus": (XfcePanelWithoutSystemTray,
+                    [Check.closes_by_a_second_click, Check.closes_by_a_press_elsewhere]),
+    "bar-at-bottom": (BarAtBottom, [Check.opens_under_the_item]),
+    "item-at-left-end": (ItemAtLeftEnd, [Check.opens_under_the_item]),
+}
+
+
+def main():
+    name, executable, pictures = sys.argv[1:]
+    with Session(name) as session:
+        Check(name, session, os.path.abspath(executable), os.path.abspath(pictures)).run()
+
+
+if __name__ == "__main__":
+    main()
