@@ -4,15 +4,13 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QColor>
-#include <QImage>
 #include <QObject>
-#include <QPoint>
-#include <QRect>
-#include <QSize>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
 
+#include "desktop/item/DockedWindow.hpp"
 #include "platform/Signal.hpp"
 
 namespace Hilalor {
@@ -33,30 +31,11 @@ class SystemTray : public QAbstractNativeEventFilter {
   /// Whether windows in it may be transparent.
   [[nodiscard]] bool isTransparent() const;
 
-  /// The colour of its own texts, where it tells.
+  /// The colour of its own texts, where it tells. It may be of another theme than the bar's.
   [[nodiscard]] std::optional<QColor> textColour() const;
 
-  /// Asks the tray to take the window in. Only the window docked last is watched.
-  void dock(xcb_window_t window);
-
-  /// Lets the tray know that the docked window is to be seen.
-  void tellShown() const;
-
-  /// Asks the tray for that much room for the docked window, in device pixels.
-  void askForSize(const QSize& size) const;
-
-  /// What the tray paints behind the docked window, if that is opaque, in device pixels; none while
-  /// the window is not on the screen. Clears the window.
-  [[nodiscard]] std::optional<QImage> backdrop(const QSize& size) const;
-
-  /// The colour of the bar at the left end of the docked window, as the eye sees it; none while the
-  /// window is not on the screen.
-  [[nodiscard]] std::optional<QColor> ground(const QSize& size) const;
-
-  [[nodiscard]] bool isDockedOnScreen() const;
-
-  /// Where the docked window's top left corner is on the screen, in device pixels.
-  [[nodiscard]] std::optional<QPoint> dockedPlace() const;
+  /// Asks the tray to take the window in, hidden at first. Only the window docked last is watched.
+  [[nodiscard]] DockedWindow dock(xcb_window_t window);
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
@@ -75,9 +54,7 @@ class SystemTray : public QAbstractNativeEventFilter {
 
   [[nodiscard]] static Atoms internAtoms(xcb_connection_t* connection, int screenNumber);
   void findManager();
-  void tellEmbedder(std::uint32_t flags) const;
   [[nodiscard]] const Signal<>* signalOf(const xcb_generic_event_t& event) const;
-  [[nodiscard]] std::optional<QImage> image(xcb_window_t window, const QRect& part) const;
   [[nodiscard]] std::vector<std::uint32_t> managerProperty(xcb_atom_t name) const;
 
   xcb_connection_t* connection_;

@@ -29,20 +29,21 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
     : tray_(tray),
       refused_(std::move(refused)),
       face_(content, painter,
-            tray.isTransparent() ? ItemFace::Ground::transparent : ItemFace::Ground::opaque) {
+            tray.isTransparent() ? ItemFace::Ground::transparent : ItemFace::Ground::opaque),
+      askedWidth_(face_.naturalWidth(kAskedHeight)) {
   face_.setPlaceFinder([this] { return place(); });
   // Trays remember the items they took in by this name, which must not be another every time.
   face_.setWindowTitle(QGuiApplication::applicationDisplayName());
-  askedWidth_ = face_.naturalWidth(kAskedHeight);
   face_.resize(askedWidth_, kAskedHeight);
-  tray_.dock(static_cast<xcb_window_t>(face_.winId()));
+  window_ = tray_.dock(static_cast<xcb_window_t>(face_.winId()));
   face_.windowHandle()->installEventFilter(this);
   embedded_ = tray_.embedded.subscribe([this] { show(); });
   expelled_ = tray_.expelled.subscribe([this] { refuse(); });
   coloursChanged_ = tray_.coloursChanged.subscribe([this] { matchBar(); });
   patience_ = loop.once(kPatience, [this] {
+    if (!window_->isOnScreen()) return refuse();
     // By now the bar is painted too.
-    tray_.isDockedOnScreen() ? matchBar() : refuse();
+    matchBar();
   });
 }
 
@@ -70,7 +71,7 @@ void TrayWindow::show() {
   // Only now: a window shown before the tray has it is a stray window on the screen.
   face_.titleChanged();
   face_.show();
-  tray_.tellShown();
+  window_->tell(DockedWindow::Wish::shown);
   askForRoom();
 }
 
@@ -78,7 +79,7 @@ void TrayWindow::askForRoom() {
   const int natural = face_.naturalWidth(face_.height());
   askedWidth_ = static_cast<int>(std::ceil(natural / stretch_));
   const double scale = face_.devicePixelRatioF();
-  tray_.askForSize((QSizeF(askedWidth_, kAskedHeight) * scale).toSize());
+  window_->askForSize((QSizeF(askedWidth_, kAskedHeight) * scale).toSize());
 }
 
 void TrayWindow::useRoomGiven() {
@@ -94,11 +95,11 @@ void TrayWindow::matchBar() {
   const double scale = face_.devicePixelRatioF();
   const QSize size = face_.size() * scale;
   if (!tray_.isTransparent()) {
-    auto behind = tray_.backdrop(size).value_or(QImage());
+    auto behind = window_->backdrop(size).value_or(QImage());
     behind.setDevicePixelRatio(scale);
     face_.setBackdrop(std::move(behind));
   }
-  const auto ground = tray_.ground(size);
+  const auto ground = window_->ground(size);
   const auto text = tray_.textColour();
   if (ground) {
     // Trays are known to tell a colour of another theme than their bar's.
@@ -110,7 +111,7 @@ void TrayWindow::matchBar() {
 }
 
 std::optional<QRect> TrayWindow::place() const {
-  const auto corner = tray_.dockedPlace();
+  const auto corner = window_->place();
   if (!corner) return std::nullopt;
   return QRect((QPointF(*corner) / face_.devicePixelRatioF()).toPoint(), face_.size());
 }

@@ -38,9 +38,10 @@ class TrayWindow : public QObject, public ItemPresence {
   SystemTray& tray_;
   std::function<void()> refused_;
   ItemFace face_;
+  std::optional<DockedWindow> window_;
   /// What the tray gives for each pixel of width asked for; some scale windows to their bar.
   double stretch_ = 1.0;
-  int askedWidth_ = 0;
+  int askedWidth_;
   Subscription embedded_;
   Subscription expelled_;
   Subscription coloursChanged_;

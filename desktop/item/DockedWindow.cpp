@@ -1,0 +1,102 @@
+#include "desktop/item/DockedWindow.hpp"
+
+#include <array>
+#include <cstdint>
+
+#include "desktop/item/Xcb.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr std::uint32_t kXembedVersion = 0;
+constexpr std::uint32_t kXembedMapped = 1;
+
+}  // namespace
+
+DockedWindow::DockedWindow(xcb_connection_t* connection, const xcb_screen_t& screen,
+                           xcb_window_t window, xcb_atom_t xembedInfo)
+    : connection_(connection), screen_(&screen), window_(window), xembedInfo_(xembedInfo) {
+  // What an opaque window does not paint shows the tray.
+  const std::uint32_t background = XCB_BACK_PIXMAP_PARENT_RELATIVE;
+  Xcb::ignoreFailure(connection_, xcb_change_window_attributes_checked(
+                                      connection_, window_, XCB_CW_BACK_PIXMAP, &background));
+}
+
+void DockedWindow::tell(Wish wish) const {
+  const std::array<std::uint32_t, 2> info = {kXembedVersion,
+                                             wish == Wish::shown ? kXembedMapped : 0};
+  Xcb::ignoreFailure(connection_, xcb_change_property_checked(connection_, XCB_PROP_MODE_REPLACE,
+                                                              window_, xembedInfo_, xembedInfo_, 32,
+                                                              info.size(), info.data()));
+  xcb_flush(connection_);
+}
+
+void DockedWindow::askForSize(const QSize& size) const {
+  const auto width = static_cast<std::uint32_t>(size.width());
+  const auto height = static_cast<std::uint32_t>(size.height());
+  // WM_SIZE_HINTS of ICCCM 4.1.2.3: flags, then the smallest size in the sixth and seventh field.
+  std::array<std::uint32_t, 18> hints{};
+  constexpr std::uint32_t kMinimumSize = 1U << 4U;
+  hints[0] = kMinimumSize;
+  hints[5] = width;
+  hints[6] = height;
+  Xcb::ignoreFailure(
+      connection_, xcb_change_property_checked(connection_, XCB_PROP_MODE_REPLACE, window_,
+                                               XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
+                                               hints.size(), hints.data()));
+  const std::array<std::uint32_t, 2> wanted = {width, height};
+  Xcb::ignoreFailure(
+      connection_,
+      xcb_configure_window_checked(
+          connection_, window_, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, wanted.data()));
+  xcb_flush(connection_);
+}
+
+bool DockedWindow::isOnScreen() const {
+  const auto attributes = Xcb::answer(xcb_get_window_attributes_reply, connection_,
+                                      xcb_get_window_attributes(connection_, window_));
+  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::optional<QPoint> DockedWindow::place() const {
+  const auto corner =
+      Xcb::answer(xcb_translate_coordinates_reply, connection_,
+                  xcb_translate_coordinates(connection_, window_, screen_->root, 0, 0));
+  if (!corner) return std::nullopt;
+  return QPoint(corner->dst_x, corner->dst_y);
+}
+
+std::optional<QImage> DockedWindow::backdrop(const QSize& size) const {
+  Xcb::ignoreFailure(connection_,
+                     xcb_clear_area_checked(connection_, 0, window_, 0, 0,
+                                            static_cast<std::uint16_t>(size.width()),
+                                            static_cast<std::uint16_t>(size.height())));
+  return image(window_, {QPoint(), size});
+}
+
+std::optional<QColor> DockedWindow::ground(const QSize& size) const {
+  const auto corner = place();
+  if (!corner || !isOnScreen()) return std::nullopt;
+  // Two columns that a title leaves free.
+  const auto edge = image(screen_->root, {*corner, QSize(2, size.height())});
+  if (!edge) return std::nullopt;
+  return edge->scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
+
+std::optional<QImage> DockedWindow::image(xcb_window_t window, const QRect& part) const {
+  const auto width = static_cast<std::uint16_t>(part.width());
+  const auto height = static_cast<std::uint16_t>(part.height());
+  const auto pixels =
+      Xcb::answer(xcb_get_image_reply, connection_,
+                  xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window,
+                                static_cast<std::int16_t>(part.x()),
+                                static_cast<std::int16_t>(part.y()), width, height, ~0U));
+  const auto bytes = static_cast<std::size_t>(width) * height * sizeof(QRgb);
+  if (!pixels || pixels->depth != 24 ||
+      static_cast<std::size_t>(xcb_get_image_data_length(pixels.get())) != bytes) {
+    return std::nullopt;
+  }
+  return QImage(xcb_get_image_data(pixels.get()), width, height, QImage::Format_RGB32).copy();
+}
+
+}  // namespace Hilalor
