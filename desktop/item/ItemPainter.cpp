@@ -26,6 +26,7 @@ constexpr double kAirAfterGlyph = 0.4;  // of the text's pixel size
 /// The lightness from which a ground takes dark letters.
 constexpr double kLightGround = 140;
 
+constexpr int kWideHeight = 24;
 constexpr double kHaloWidth = 2.5;
 constexpr int kNarrowest = 75;  // percent
 
@@ -72,7 +73,7 @@ void drawText(QPainter& painter, QPointF baseline, const QString& text, const In
 
 void drawPicture(QPainter& painter, const QRectF& square, const QImage& picture) {
   // A painter's own scaling looks at four pixels for each, too few for pictures so much larger.
-  const double side = square.width() * painter.device()->devicePixelRatioF();
+  const double side = painter.deviceTransform().mapRect(square).width();
   const int pixels = static_cast<int>(std::lround(side));
   painter.drawImage(
       square, picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -225,20 +226,17 @@ QImage ItemPainter::compactPicture(const QString& title, int side) const {
   return image;
 }
 
-QImage ItemPainter::widePicture(const QString& title, int height) const {
-  const int textWidth = naturalWidth(title, height);
-  const bool isGlyphAlone = TitleParts::of(title).text.isEmpty();
-  QImage image = transparentImage(isGlyphAlone ? height : textWidth + height / 4, height);
+QImage ItemPainter::widePicture(const QString& title, int scale) const {
+  if (TitleParts::of(title).text.isEmpty()) return compactPicture(title, kWideHeight * scale);
+  const QRect rect(0, 0, naturalWidth(title, kWideHeight) + kWideHeight / 4, kWideHeight);
+  QImage image = transparentImage(rect.width() * scale, rect.height() * scale);
   QPainter painter(&image);
-  if (isGlyphAlone) {
-    drawCompact(painter, image.rect(), title);
-    return image;
-  }
+  painter.scale(scale, scale);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(kGreen);
-  painter.drawRoundedRect(image.rect(), height * 0.25, height * 0.25);
-  drawTitle(painter, image.rect(), title, {kPaper, std::nullopt});
+  painter.drawRoundedRect(rect, kWideHeight * 0.25, kWideHeight * 0.25);
+  drawTitle(painter, rect, title, {kPaper, std::nullopt});
   return image;
 }
 

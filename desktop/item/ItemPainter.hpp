@@ -46,8 +46,9 @@ class ItemPainter {
   /// The square as a picture with a transparent ground.
   [[nodiscard]] QImage compactPicture(const QString& title, int side) const;
 
-  /// The whole title as a picture of that height, readable on any bar.
-  [[nodiscard]] QImage widePicture(const QString& title, int height) const;
+  /// The whole title as a picture for a bar of ordinary height, readable on any; `scale` is how
+  /// many pixels the bar's screen has for one.
+  [[nodiscard]] QImage widePicture(const QString& title, int scale) const;
 
  private:
   void drawPage(QPainter& painter, const QRect& square, const QString& day) const;

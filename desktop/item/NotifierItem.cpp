@@ -20,7 +20,7 @@ constexpr uint kDoNotQueue = 4;
 
 /// The sizes bars draw icons at, ordinary and on dense screens; each is drawn for itself.
 constexpr int kSquareSides[] = {16, 22, 24, 32, 48};
-constexpr int kWideHeights[] = {24, 48};
+constexpr int kWideScales[] = {1, 2};
 
 QDBusMessage busCall(const QString& method) {
   return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
@@ -92,8 +92,8 @@ QList<NotifierPixmap> NotifierItem::iconPixmap() const {
     case NotifierDrawing::label:
       break;
     case NotifierDrawing::wide:
-      for (const int height : kWideHeights) {
-        pixmaps.append(NotifierPixmap::of(painter_.widePicture(content_.title, height)));
+      for (const int scale : kWideScales) {
+        pixmaps.append(NotifierPixmap::of(painter_.widePicture(content_.title, scale)));
       }
       break;
     case NotifierDrawing::square:

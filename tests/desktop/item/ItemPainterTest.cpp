@@ -63,10 +63,22 @@ TEST_F(ItemPainterTest, EveryTitleHasASquareOfItsOwn) {
   }
 }
 
-TEST_F(ItemPainterTest, AWidePictureIsAsWideAsItsText) {
-  EXPECT_GT(painter.widePicture("Maghrib 1h 5m", 24).width(),
-            painter.widePicture("Asr 5m", 24).width());
-  EXPECT_EQ(painter.widePicture(kCalendar, 24).size(), QSize(24, 24));
+TEST_F(ItemPainterTest, AWidePictureIsAsWideAsItsTextAndTheSameAtEveryScale) {
+  const QSize one = painter.widePicture("Maghrib 1h 5m", 1).size();
+  EXPECT_GT(one.width(), painter.widePicture("Asr 5m", 1).width());
+  EXPECT_EQ(painter.widePicture("Maghrib 1h 5m", 2).size(), 2 * one);
+  EXPECT_EQ(painter.widePicture(kCalendar, 2).size(), QSize(2 * one.height(), 2 * one.height()));
+
+  const auto letters = [](const QImage& picture) {
+    int count = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      for (int y = 0; y < picture.height(); ++y)
+        if (lightness(picture.pixelColor(x, y)) > 180) ++count;
+    return count;
+  };
+  const int atOne = letters(painter.widePicture("Maghrib 1h 5m", 1));
+  const int atTwo = letters(painter.widePicture("Maghrib 1h 5m", 2));
+  EXPECT_GT(atTwo, 3 * atOne) << "letters must grow with the picture";
 }
 
 TEST(GlyphPictures, HasOwnPicturesForMachinesWithoutEmoji) {
