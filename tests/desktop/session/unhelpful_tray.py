@@ -5,27 +5,39 @@ Beside it, a bar is left with its StatusNotifier tray alone."""
 
 import ctypes
 
-SELECTION_CLEAR = 29
+CLIENT_MESSAGE, SELECTION_CLEAR = 33, 29
+STRUCTURE_NOTIFY_MASK = 1 << 17
+
+Atom = Window = ctypes.c_ulong
+Display = ctypes.c_void_p
 
 
-class XEvent(ctypes.Union):
-    _fields_ = [("type", ctypes.c_int), ("padding", ctypes.c_long * 24)]
+class ClientMessage(ctypes.Structure):
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
+                ("display", Display), ("window", Window), ("message_type", Atom),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 5)]
+
+
+class Event(ctypes.Union):
+    _fields_ = [("type", ctypes.c_int), ("message", ClientMessage),
+                ("padding", ctypes.c_long * 24)]
 
 
 def load_x11():
     x11 = ctypes.CDLL("libX11.so.6")
-    window, atom, display = ctypes.c_ulong, ctypes.c_ulong, ctypes.c_void_p
-    x11.XOpenDisplay.restype = display
+    x11.XOpenDisplay.restype = Display
     x11.XOpenDisplay.argtypes = [ctypes.c_char_p]
-    x11.XDefaultRootWindow.restype = window
-    x11.XDefaultRootWindow.argtypes = [display]
-    x11.XCreateSimpleWindow.restype = window
-    x11.XCreateSimpleWindow.argtypes = ([display, window] + [ctypes.c_int] * 2 +
+    x11.XDefaultRootWindow.restype = Window
+    x11.XDefaultRootWindow.argtypes = [Display]
+    x11.XCreateSimpleWindow.restype = Window
+    x11.XCreateSimpleWindow.argtypes = ([Display, Window] + [ctypes.c_int] * 2 +
                                         [ctypes.c_uint] * 3 + [ctypes.c_ulong] * 2)
-    x11.XInternAtom.restype = atom
-    x11.XInternAtom.argtypes = [display, ctypes.c_char_p, ctypes.c_int]
-    x11.XSetSelectionOwner.argtypes = [display, atom, window, ctypes.c_ulong]
-    x11.XNextEvent.argtypes = [display, ctypes.POINTER(XEvent)]
+    x11.XInternAtom.restype = Atom
+    x11.XInternAtom.argtypes = [Display, ctypes.c_char_p, ctypes.c_int]
+    x11.XSetSelectionOwner.argtypes = [Display, Atom, Window, ctypes.c_ulong]
+    x11.XSendEvent.argtypes = [Display, Window, ctypes.c_int, ctypes.c_long,
+                               ctypes.POINTER(Event)]
+    x11.XNextEvent.argtypes = [Display, ctypes.POINTER(Event)]
     return x11
 
 
@@ -35,10 +47,15 @@ def main():
     root = x11.XDefaultRootWindow(display)
     window = x11.XCreateSimpleWindow(display, root, 0, 0, 1, 1, 0, 0, 0)
     tray = x11.XInternAtom(display, b"_NET_SYSTEM_TRAY_S0", 0)
-    event = XEvent(type=SELECTION_CLEAR)
+    manager = x11.XInternAtom(display, b"MANAGER", 0)
+    event = Event(type=SELECTION_CLEAR)
     while True:
         if event.type == SELECTION_CLEAR:
             x11.XSetSelectionOwner(display, tray, window, 0)
+            news = Event(message=ClientMessage(type=CLIENT_MESSAGE, window=root, format=32,
+                                               message_type=manager,
+                                               data=(ctypes.c_long * 5)(0, tray, window)))
+            x11.XSendEvent(display, root, 0, STRUCTURE_NOTIFY_MASK, ctypes.byref(news))
         x11.XNextEvent(display, ctypes.byref(event))
 
 
