@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::uint32_t kXembedVersion = 0;
 constexpr std::uint32_t kXembedMapped = 1;
+constexpr int kFreeColumns = 2;
 
 }  // namespace
 
@@ -74,13 +75,10 @@ std::optional<QImage> DockedWindow::backdrop(const QSize& size) const {
   return image(window_, {QPoint(), size});
 }
 
-std::optional<QColor> DockedWindow::ground(const QSize& size) const {
+std::optional<QImage> DockedWindow::leftEnd(int height) const {
   const auto corner = place();
-  if (!corner || !isOnScreen()) return std::nullopt;
-  // Two columns that a title leaves free.
-  const auto edge = image(screen_->root, {*corner, QSize(2, size.height())});
-  if (!edge) return std::nullopt;
-  return edge->scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+  if (!corner) return std::nullopt;
+  return image(screen_->root, {*corner, QSize(kFreeColumns, height)});
 }
 
 std::optional<QImage> DockedWindow::image(xcb_window_t window, const QRect& part) const {

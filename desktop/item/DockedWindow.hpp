@@ -2,7 +2,6 @@
 
 #include <xcb/xcb.h>
 
-#include <QColor>
 #include <QImage>
 #include <QPoint>
 #include <QRect>
@@ -38,9 +37,9 @@ class DockedWindow {
   /// Clears the window.
   [[nodiscard]] std::optional<QImage> backdrop(const QSize& size) const;
 
-  /// The colour of the bar at the window's left end, as the eye sees it; none while the window is
-  /// not on the screen.
-  [[nodiscard]] std::optional<QColor> ground(const QSize& size) const;
+  /// The left end of the window, which a title leaves free, as the eye sees it with the bar through
+  /// a transparent window; none outside the screen.
+  [[nodiscard]] std::optional<QImage> leftEnd(int height) const;
 
  private:
   [[nodiscard]] std::optional<QImage> image(xcb_window_t window, const QRect& part) const;

@@ -130,6 +130,10 @@ double lightness(const QColor& colour) {
   return 0.299 * colour.red() + 0.587 * colour.green() + 0.114 * colour.blue();
 }
 
+QColor meanColour(const QImage& picture) {
+  return picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
+
 Ink Ink::on(const QColor& ground) {
   return {lightness(ground) > kLightGround ? kPrint : kPaper, std::nullopt};
 }

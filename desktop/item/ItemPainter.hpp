@@ -15,6 +15,9 @@ namespace Hilalor {
 /// As the eye has it (luma of ITU-R BT.601), from 0, black, to 255, white.
 [[nodiscard]] double lightness(const QColor& colour);
 
+/// Of an opaque picture.
+[[nodiscard]] QColor meanColour(const QImage& picture);
+
 /// The colours of a text on a bar.
 struct Ink {
   QColor text;

@@ -28,8 +28,10 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
                        const ItemPainter& painter, std::function<void()> refused)
     : tray_(tray),
       refused_(std::move(refused)),
+      isTransparent_(tray.isTransparent()),
+      trayText_(tray.textColour()),
       face_(content, painter,
-            tray.isTransparent() ? ItemFace::Ground::transparent : ItemFace::Ground::opaque),
+            isTransparent_ ? ItemFace::Ground::transparent : ItemFace::Ground::opaque),
       askedWidth_(face_.naturalWidth(kAskedHeight)) {
   face_.setPlaceFinder([this] { return place(); });
   // Trays remember the items they took in by this name, which must not be another every time.
@@ -39,7 +41,10 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
   face_.windowHandle()->installEventFilter(this);
   embedded_ = tray_.embedded.subscribe([this] { show(); });
   expelled_ = tray_.expelled.subscribe([this] { refuse(); });
-  coloursChanged_ = tray_.coloursChanged.subscribe([this] { matchBar(); });
+  coloursChanged_ = tray_.coloursChanged.subscribe([this] {
+    trayText_ = tray_.textColour();
+    matchBar();
+  });
   patience_ = loop.once(kPatience, [this] {
     if (!window_->isOnScreen()) return refuse();
     // By now the bar is painted too.
@@ -92,22 +97,27 @@ void TrayWindow::useRoomGiven() {
 }
 
 void TrayWindow::matchBar() {
+  const auto bar = lookAtBar();
+  if (!bar) {
+    face_.setInk(trayText_ ? Ink{*trayText_, std::nullopt} : kInkOnUnknown);
+    return;
+  }
+  const QColor ground = meanColour(*bar);
+  // Trays are known to tell a colour of another theme than their bar's.
+  const bool canBeRead = trayText_ && contrast(*trayText_, ground) >= kLeastContrast;
+  face_.setInk(canBeRead ? Ink{*trayText_, std::nullopt} : Ink::on(ground));
+}
+
+std::optional<QImage> TrayWindow::lookAtBar() {
   const double scale = face_.devicePixelRatioF();
   const QSize size = face_.size() * scale;
-  if (!tray_.isTransparent()) {
-    auto behind = window_->backdrop(size).value_or(QImage());
-    behind.setDevicePixelRatio(scale);
-    face_.setBackdrop(std::move(behind));
+  if (isTransparent_) return window_->leftEnd(size.height());
+  auto behind = window_->backdrop(size);
+  if (behind) {
+    behind->setDevicePixelRatio(scale);
+    face_.setBackdrop(*behind);
   }
-  const auto ground = window_->ground(size);
-  const auto text = tray_.textColour();
-  if (ground) {
-    // Trays are known to tell a colour of another theme than their bar's.
-    face_.setInk(text && contrast(*text, *ground) >= kLeastContrast ? Ink{*text, std::nullopt}
-                                                                    : Ink::on(*ground));
-  } else {
-    face_.setInk(text ? Ink{*text, std::nullopt} : kInkOnUnknown);
-  }
+  return behind;
 }
 
 std::optional<QRect> TrayWindow::place() const {

@@ -32,11 +32,14 @@ class TrayWindow : public QObject, public ItemPresence {
   void askForRoom();
   void useRoomGiven();
   void matchBar();
+  [[nodiscard]] std::optional<QImage> lookAtBar();
   [[nodiscard]] std::optional<QRect> place() const;
   void refuse();
 
   SystemTray& tray_;
   std::function<void()> refused_;
+  bool isTransparent_;
+  std::optional<QColor> trayText_;
   ItemFace face_;
   std::optional<DockedWindow> window_;
   /// What the tray gives for each pixel of width asked for; some scale windows to their bar.

@@ -104,7 +104,9 @@ class Screen:
         return windows
 
     def is_shown(self, window):
-        return "IsViewable" in self.session.ask("xwininfo", "-id", window.id)
+        """Whether it is there for the eye; bars keep hidden windows outside the screen."""
+        is_within = window.rect.x >= 0 and window.rect.y >= 0
+        return is_within and "IsViewable" in self.session.ask("xwininfo", "-id", window.id)
 
     def point(self, place):
         self.session.ask("xdotool", "mousemove", str(place[0]), str(place[1]))
