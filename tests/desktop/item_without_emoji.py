@@ -25,8 +25,7 @@ class CheckWithoutEmoji(Check):
         self.forget_emoji()
         self.bar.start()
         self.start_program("emoji")
-        place = wait_until(self.item.place, "the item is there")
-        wait_until(lambda: self.has_own_calendar(place), "the item is our own calendar")
+        place = wait_until(self.place_of_own_calendar, "the item is our own calendar")
         self.look_at(place, "without-emoji")
 
     def forget_emoji(self):
@@ -36,9 +35,11 @@ class CheckWithoutEmoji(Check):
             fonts.write(FONTS)
         session.environment["FONTCONFIG_FILE"] = file
 
-    def has_own_calendar(self, place):
-        return any(all(abs(one - other) < 8 for one, other in zip(colour, GREEN))
-                   for colour in self.screen.picture(place).all())
+    def place_of_own_calendar(self):
+        place = self.item.place()
+        is_own = place and any(all(abs(one - other) < 8 for one, other in zip(colour, GREEN))
+                               for colour in self.screen.picture(place).all())
+        return place if is_own else None
 
 
 def main():
