@@ -4,11 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "desktop/sound/AlsaOutput.hpp"
 #include "desktop/sound/FilePlayer.hpp"
 #include "desktop/sound/FileSound.hpp"
-#include "desktop/sound/PulseOutput.hpp"
 #include "desktop/sound/SilentOutput.hpp"
+#include "desktop/sound/SoundModule.hpp"
 #include "desktop/sound/SoundStream.hpp"
 
 namespace Hilalor {
@@ -41,12 +40,27 @@ std::optional<std::filesystem::path> fileIn(const std::filesystem::path& folder,
   return std::nullopt;
 }
 
+/// An output of the module, which is loaded only when something plays.
+class ModuleOutput final : public SoundOutput {
+ public:
+  using Which = const SoundOutput& (SoundModule::*)() const;
+  explicit ModuleOutput(Which which) : which_(which) {}
+
+  Outcome play(SampleSource& source, std::stop_token stop) const override {
+    const auto* module = SoundModule::loaded();
+    return module == nullptr ? Outcome::lost : (module->*which_)().play(source, std::move(stop));
+  }
+
+ private:
+  Which which_;
+};
+
 }  // namespace
 
 SoundStage::Outputs LinuxSoundService::defaultOutputs() {
   SoundStage::Outputs outputs;
-  outputs.push_back(std::make_unique<PulseOutput>());
-  outputs.push_back(std::make_unique<AlsaOutput>());
+  outputs.push_back(std::make_unique<ModuleOutput>(&SoundModule::server));
+  outputs.push_back(std::make_unique<ModuleOutput>(&SoundModule::card));
   outputs.push_back(std::make_unique<SilentOutput>());
   return outputs;
 }

@@ -23,11 +23,11 @@ SilentOutput::SilentOutput() : SilentOutput(waitByTheClock) {}
 
 SilentOutput::SilentOutput(Wait wait) : wait_(std::move(wait)) {}
 
-SoundOutput::Outcome SilentOutput::play(SoundStream& stream, std::stop_token stop) const {
-  const auto [rate, channels] = stream.format();
+SoundOutput::Outcome SilentOutput::play(SampleSource& source, std::stop_token stop) const {
+  const auto [rate, channels] = source.format();
   std::vector<float> second(static_cast<std::size_t>(rate * channels));
   for (int i = 0; i < kSecondsAtOnce && !stop.stop_requested(); ++i) {
-    const auto frames = stream.read(second);
+    const auto frames = source.read(second);
     wait_(Seconds(static_cast<double>(frames) / rate), stop);
     if (frames < static_cast<std::size_t>(rate)) return Outcome::finished;
   }

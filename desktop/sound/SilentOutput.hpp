@@ -17,7 +17,7 @@ class SilentOutput final : public SoundOutput {
   SilentOutput();
   explicit SilentOutput(Wait wait);
 
-  Outcome play(SoundStream& stream, std::stop_token stop) const override;
+  Outcome play(SampleSource& source, std::stop_token stop) const override;
 
  private:
   Wait wait_;

@@ -2,7 +2,7 @@
 
 #include <stop_token>
 
-#include "desktop/sound/SoundStream.hpp"
+#include "desktop/sound/SampleSource.hpp"
 
 namespace Hilalor {
 
@@ -11,14 +11,14 @@ class SoundOutput {
  public:
   enum class Outcome {
     finished,  ///< The last sample was heard, or a stop was asked for.
-    lost,      ///< There is no such output, or it went away; the stream stands where it was left.
+    lost,      ///< There is no such output, or it went away; the source stands where it was left.
   };
 
   virtual ~SoundOutput() = default;
 
-  /// Plays the rest of the stream and returns when it is over. A stop is heard within a tenth of a
+  /// Plays the rest of the source and returns when it is over. A stop is heard within a tenth of a
   /// second. Holds a device only in here. Any thread, and several at once.
-  virtual Outcome play(SoundStream& stream, std::stop_token stop) const = 0;
+  virtual Outcome play(SampleSource& source, std::stop_token stop) const = 0;
 };
 
 }  // namespace Hilalor

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "desktop/sound/SoundModule.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -27,10 +29,12 @@ bool looksLikeMpeg(const std::filesystem::path& file) {
 }
 
 std::unique_ptr<SoundReader> openReader(const std::filesystem::path& file) {
+  const auto* module = SoundModule::loaded();
+  if (module == nullptr) return nullptr;
   if (!looksLikeMpeg(file)) {
-    if (auto reader = openSampled(file)) return reader;
+    if (auto reader = module->openSampled(file)) return reader;
   }
-  return openMpeg(file);
+  return module->openMpeg(file);
 }
 
 // Files of floating-point samples may hold anything.

@@ -12,9 +12,8 @@ namespace Hilalor {
 
 enum class Repeat { no, forever };
 
-/// The samples of a sound file as they are played: once, or over and over without a gap. May be
-/// handed from one thread to another.
-class SoundStream {
+/// The samples of a sound file as they are played: once, or over and over without a gap.
+class SoundStream final : public SampleSource {
  public:
   /// Reads the beginning. Null when the file is not there or holds no sound that can be played.
   [[nodiscard]] static std::unique_ptr<SoundStream> open(const std::filesystem::path& file,
@@ -23,14 +22,13 @@ class SoundStream {
   /// Reads nothing beforehand.
   SoundStream(std::unique_ptr<SoundReader> reader, Repeat repeat);
 
-  [[nodiscard]] SoundFormat format() const { return reader_->format(); }
+  [[nodiscard]] SoundFormat format() const override { return reader_->format(); }
 
   /// How long it plays once, by the file's own account.
   [[nodiscard]] Seconds duration() const { return reader_->duration(); }
 
-  /// Fills the samples with whole frames, in [-1, 1], and returns how many frames those are: fewer
-  /// than there is room for only at the end, then none.
-  [[nodiscard]] std::size_t read(std::span<float> samples);
+  /// All samples are in [-1, 1].
+  [[nodiscard]] std::size_t read(std::span<float> samples) override;
 
   /// Whether the end came because the rest could not be read.
   [[nodiscard]] bool isBroken() const { return reader_->isBroken(); }

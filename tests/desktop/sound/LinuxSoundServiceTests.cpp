@@ -24,9 +24,9 @@ using Outcome = SoundOutput::Outcome;
 /// An output that does what the test says.
 class ScriptedOutput final : public SoundOutput {
  public:
-  using Script = std::function<Outcome(SoundStream&, const std::stop_token&)>;
+  using Script = std::function<Outcome(SampleSource&, const std::stop_token&)>;
   explicit ScriptedOutput(Script script) : script_(std::move(script)) {}
-  Outcome play(SoundStream& stream, std::stop_token stop) const override {
+  Outcome play(SampleSource& stream, std::stop_token stop) const override {
     return script_(stream, stop);
   }
 
@@ -35,7 +35,7 @@ class ScriptedOutput final : public SoundOutput {
 };
 
 /// Plays to the end at once, or until so many frames were taken.
-Outcome take(SoundStream& stream, std::size_t frames, std::vector<float>& heard) {
+Outcome take(SampleSource& stream, std::size_t frames, std::vector<float>& heard) {
   std::vector<float> samples(frames);
   samples.resize(stream.read(samples));
   heard.insert(heard.end(), samples.begin(), samples.end());
@@ -43,7 +43,7 @@ Outcome take(SoundStream& stream, std::size_t frames, std::vector<float>& heard)
 }
 
 /// Holds a sound until it is stopped.
-Outcome hold(SoundStream&, const std::stop_token& stop) {
+Outcome hold(SampleSource&, const std::stop_token& stop) {
   std::promise<void> stopped;
   const std::stop_callback tell(stop, [&] { stopped.set_value(); });
   stopped.get_future().wait();
@@ -170,7 +170,7 @@ TEST_F(LinuxSoundServiceTest, GoesOnThroughTheNextOutputWhereOneWasLost) {
 
 TEST_F(LinuxSoundServiceTest, LoopsABeepUntilItIsStopped) {
   std::promise<void> longEnough;
-  const auto service = serviceOver([&](SoundStream& stream, const std::stop_token& stop) {
+  const auto service = serviceOver([&](SampleSource& stream, const std::stop_token& stop) {
     std::vector<float> samples(2500);
     EXPECT_EQ(stream.read(samples), samples.size());
     longEnough.set_value();

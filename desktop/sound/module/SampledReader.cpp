@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "desktop/sound/SoundReader.hpp"
+#include "desktop/sound/module/SoundReaders.hpp"
 
 namespace Hilalor {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/sound/AlsaOutput.hpp"
+#include "desktop/sound/module/AlsaOutput.hpp"
 
 #include <alsa/asoundlib.h>
 
@@ -87,13 +87,13 @@ void drain(snd_pcm_t* pcm, const std::stop_token& stop) {
 
 }  // namespace
 
-SoundOutput::Outcome AlsaOutput::play(SoundStream& stream, std::stop_token stop) const {
-  const auto pcm = openDefault(stream.format());
+SoundOutput::Outcome AlsaOutput::play(SampleSource& source, std::stop_token stop) const {
+  const auto pcm = openDefault(source.format());
   if (!pcm) return Outcome::lost;
-  const auto channels = static_cast<std::size_t>(stream.format().channels);
-  std::vector<float> samples(static_cast<std::size_t>(stream.format().rate / 20) * channels);
+  const auto channels = static_cast<std::size_t>(source.format().channels);
+  std::vector<float> samples(static_cast<std::size_t>(source.format().rate / 20) * channels);
   while (!stop.stop_requested()) {
-    const auto frames = stream.read(samples);
+    const auto frames = source.read(samples);
     if (frames == 0) break;
     if (!write(pcm.get(), std::span(samples).first(frames * channels), channels, stop)) {
       return Outcome::lost;

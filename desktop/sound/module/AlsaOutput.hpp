@@ -8,7 +8,7 @@ namespace Hilalor {
 /// only while something plays.
 class AlsaOutput final : public SoundOutput {
  public:
-  Outcome play(SoundStream& stream, std::stop_token stop) const override;
+  Outcome play(SampleSource& source, std::stop_token stop) const override;
 };
 
 }  // namespace Hilalor

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "desktop/sound/SoundReader.hpp"
+#include "desktop/sound/module/SoundReaders.hpp"
 
 namespace Hilalor {
 namespace {

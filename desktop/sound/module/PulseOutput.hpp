@@ -8,7 +8,7 @@ namespace Hilalor {
 /// a thread of its own.
 class PulseOutput final : public SoundOutput {
  public:
-  Outcome play(SoundStream& stream, std::stop_token stop) const override;
+  Outcome play(SampleSource& source, std::stop_token stop) const override;
 };
 
 }  // namespace Hilalor

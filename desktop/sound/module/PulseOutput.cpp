@@ -1,4 +1,4 @@
-#include "desktop/sound/PulseOutput.hpp"
+#include "desktop/sound/module/PulseOutput.hpp"
 
 #include <pulse/pulseaudio.h>
 
@@ -66,8 +66,8 @@ class Connection {
     return connected == Progress::made ? openStream(format) : connected;
   }
 
-  /// Sends the whole stream.
-  [[nodiscard]] Progress send(SoundStream& stream) {
+  /// Sends the whole source.
+  [[nodiscard]] Progress send(SampleSource& source) {
     const auto frameBytes = pa_frame_size(pa_stream_get_sample_spec(stream_.get()));
     std::vector<float> samples;
     while (true) {
@@ -76,7 +76,7 @@ class Connection {
       if (room != Progress::made) return room;
       const auto wanted = pa_stream_writable_size(stream_.get()) / frameBytes;
       samples.resize(wanted * frameBytes / sizeof(float));
-      const auto frames = stream.read(samples);
+      const auto frames = source.read(samples);
       if (frames == 0) return Progress::made;
       if (pa_stream_write(stream_.get(), samples.data(), frames * frameBytes, nullptr, 0,
                           PA_SEEK_RELATIVE) < 0) {
@@ -142,10 +142,10 @@ class Connection {
 
 }  // namespace
 
-SoundOutput::Outcome PulseOutput::play(SoundStream& stream, std::stop_token stop) const {
+SoundOutput::Outcome PulseOutput::play(SampleSource& source, std::stop_token stop) const {
   Connection connection(std::move(stop));
-  auto progress = connection.open(stream.format());
-  if (progress == Progress::made) progress = connection.send(stream);
+  auto progress = connection.open(source.format());
+  if (progress == Progress::made) progress = connection.send(source);
   if (progress == Progress::made) progress = connection.drain();
   return progress == Progress::lost ? Outcome::lost : Outcome::finished;
 }

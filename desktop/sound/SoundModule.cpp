@@ -1,0 +1,37 @@
+#include "desktop/sound/SoundModule.hpp"
+
+#include <dlfcn.h>
+
+#include <iostream>
+
+namespace Hilalor {
+namespace {
+
+std::filesystem::path moduleFile() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) {
+    auto installed = (program.parent_path() / HILALOR_INSTALLED_SOUND_MODULE).lexically_normal();
+    if (std::filesystem::exists(installed, error)) return installed;
+  }
+  return HILALOR_BUILT_SOUND_MODULE;
+}
+
+const SoundModule* load() {
+  void* module = dlopen(moduleFile().c_str(), RTLD_NOW | RTLD_LOCAL);
+  auto* factory = module == nullptr
+                      ? nullptr
+                      : reinterpret_cast<SoundModuleFactory*>(dlsym(module, "hilalorSoundModule"));
+  if (factory != nullptr) return factory();
+  std::cerr << "hilalor: no sound: " << dlerror() << '\n';
+  return nullptr;
+}
+
+}  // namespace
+
+const SoundModule* SoundModule::loaded() {
+  static const SoundModule* const module = load();
+  return module;
+}
+
+}  // namespace Hilalor

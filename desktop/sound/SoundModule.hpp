@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "desktop/sound/SoundOutput.hpp"
+#include "desktop/sound/SoundReader.hpp"
+
+namespace Hilalor {
+
+/// All that needs the libraries of sound: decoders, the sound server, the sound card. They are some
+/// twenty shared objects, 1.6 MB that a program which sounds five times a day would hold all day;
+/// therefore they are linked into a module that is loaded by the first sound, and stays.
+class SoundModule {
+ public:
+  /// Loads the module when it is asked for first: `hilalor/hilalor-sound.so` in the folder of
+  /// libraries, found from the running program's own place, or else the build tree's. Null where it
+  /// cannot be loaded; then there is no sound that could be read. Any thread.
+  [[nodiscard]] static const SoundModule* loaded();
+
+  virtual ~SoundModule() = default;
+
+  /// A reader for MPEG audio; null when the file holds none.
+  [[nodiscard]] virtual std::unique_ptr<SoundReader> openMpeg(
+      const std::filesystem::path& file) const = 0;
+
+  /// A reader for AIFF and the other kinds that libsndfile knows; null when the file is none of
+  /// them. Of more than two channels the first two are read.
+  [[nodiscard]] virtual std::unique_ptr<SoundReader> openSampled(
+      const std::filesystem::path& file) const = 0;
+
+  /// The user's sound server.
+  [[nodiscard]] virtual const SoundOutput& server() const = 0;
+
+  /// The sound card.
+  [[nodiscard]] virtual const SoundOutput& card() const = 0;
+};
+
+/// What the module exports, under the name `hilalorSoundModule`. The module is never destroyed.
+using SoundModuleFactory = const SoundModule*();
+
+}  // namespace Hilalor
