@@ -57,8 +57,9 @@ def assert_tones(heard, *expected):
     assert len(heard) == len(expected), f"heard {heard}"
     for tone, (seconds, frequency) in zip(heard, expected):
         assert abs(tone.frequency - frequency) < 60, f"not {frequency} Hz: {tone}"
-        # The fade-out of an MP3 encoder and the recorder's windows blur the edges.
-        assert abs(tone.end - tone.start - seconds) < 0.15, f"not {seconds} s: {tone}"
+        # The fade-out of an MP3 encoder and the recorder's windows blur the edges, and a busy
+        # machine loses some of what it records.
+        assert -0.5 < tone.seconds - seconds < 0.15, f"not {seconds} s: {tone}"
 
 
 def memory(process):
@@ -158,7 +159,7 @@ def whole_announcement(session, build):
     wait_until(lambda: banners(session), "the banner is in the history")
     assert banners(session) == [("\U0001F54C Dhuhr", "It's time for Dhuhr prayer")], banners(session)
     program.end()
-    print("heard", [(round(tone.frequency), round(tone.end - tone.start, 2)) for tone in heard],
+    print("heard", [(round(tone.frequency), round(tone.seconds, 2)) for tone in heard],
           "pauses", [round(pause, 2) for pause in pauses],
           f"title back {ended - heard[-1].end:.2f} s after the last sound")
 

@@ -12,7 +12,14 @@ RATE = 8000
 WINDOW = RATE // 50  # 20 ms
 SILENCE = 300  # of 32767
 
-Tone = collections.namedtuple("Tone", "frequency start end")
+LONGEST_HOLE = 0.5  # Seconds.
+
+# From when to when on the monotonic clock, and for how many seconds of that it was heard.
+Tone = collections.namedtuple("Tone", "frequency start end seconds")
+
+
+def is_like(tone, frequency):
+    return abs(tone.frequency - frequency) < 60
 
 
 class SoundServer:
@@ -75,19 +82,31 @@ class Recorder:
         return all(loudest < SILENCE for _, loudest, _ in recent)
 
     def tones(self):
-        """The tones that were heard, each as long as no silence or other tone came between."""
+        """The tones that were heard, in their order."""
         tones = []
+        for tone in self._runs():
+            last = tones[-1] if tones else None
+            # A busy machine leaves holes in a tone.
+            if last and tone.start - last.end < LONGEST_HOLE and is_like(last, tone.frequency):
+                tones[-1] = last._replace(end=tone.end, seconds=last.seconds + tone.seconds)
+            else:
+                tones.append(tone)
+        return tones
+
+    def _runs(self):
+        """What was heard, each as long as no silence or other tone came between."""
+        length = WINDOW / RATE
+        runs = []
         for end, loudest, frequency in list(self.windows):
             if loudest < SILENCE:
                 continue
-            start = end - WINDOW / RATE
-            last = tones[-1] if tones else None
-            if last and start - last.end < 0.1 and abs(frequency - last.frequency) < 60:
-                tones[-1] = last._replace(end=end)
+            last = runs[-1] if runs else None
+            if last and end - length - last.end < 0.1 and is_like(last, frequency):
+                runs[-1] = last._replace(end=end, seconds=last.seconds + length)
             else:
-                tones.append(Tone(frequency, start, end))
+                runs.append(Tone(frequency, end - length, end, length))
         # Where one tone gives way to another, or begins or ends, a window holds some of each.
-        return [tone for tone in tones if tone.end - tone.start > 3 * WINDOW / RATE]
+        return [run for run in runs if run.seconds > 2.5 * length]
 
     def _listen(self):
         while True:
