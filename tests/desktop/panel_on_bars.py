@@ -12,21 +12,13 @@ import sys
 import time
 
 from session.bars import BOTTOM, XfcePanel, XfcePanelWithoutSystemTray
+from session.panel import NEXT, PREVIOUS, TITLE, WIDTH, Panel, cell
 from session.program import Program
-from session.screen import Rect, Screen, centre
+from session.screen import centre
 from session.session import Session, wait_until
 
-WIDTH = 260
 RIGHT_BUTTON = 3
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
-
-# Within the panel, as it is laid out.
-PREVIOUS, NEXT, TITLE = (21, 28), (239, 28), (130, 28)
-
-
-def cell(row, column):
-    """The middle of a place of the month grid in a panel with the secondary calendar."""
-    return 12 + 34 * column + 16, 90 + 42 * row + 20
 
 
 class BarAtBottom(XfcePanel):
@@ -35,47 +27,6 @@ class BarAtBottom(XfcePanel):
 
 class ItemAtLeftEnd(XfcePanel):
     starts_with_space = False
-
-
-class Panel:
-    """The program's windows: the item, the panel, the note."""
-
-    def __init__(self, session, program):
-        self.session = session
-        self.screen = Screen(session)
-        self.name = os.path.basename(program.executable)
-
-    def _windows(self):
-        return [window for window in self.screen.windows()
-                if window.name == self.name and self.screen.is_shown(window)]
-
-    def rect(self):
-        """The panel's frame; none while it is closed."""
-        return next((window.rect for window in self._windows() if window.rect.width == WIDTH), None)
-
-    def note(self):
-        return next((window.rect for window in self._windows() if window.rect.width == 264), None)
-
-    def item(self):
-        """A tray window of ours; on D-Bus the item is the bar's to draw."""
-        return next((window.rect for window in self._windows() if window.rect.height < 40), None)
-
-    def wait_for(self):
-        return wait_until(self.rect, "the panel is open")
-
-    def wait_for_closed(self):
-        wait_until(lambda: self.rect() is None, "the panel is closed")
-
-    def point_at(self, place):
-        frame = self.rect()
-        self.screen.point((frame.x + place[0], frame.y + place[1]))
-
-    def click(self, place, times=1):
-        self.point_at(place)
-        self.session.ask("xdotool", "click", "--repeat", str(times), "--delay", "60", "1")
-
-    def picture(self):
-        return self.screen.settled_picture(self.rect())
 
 
 class Check:
@@ -87,7 +38,7 @@ class Check:
         self.pictures = pictures
         os.makedirs(pictures, exist_ok=True)
         self.program = Program(session, executable)
-        self.panel = Panel(session, self.program)
+        self.panel = Panel(session, executable)
         self.screen = self.panel.screen
         self.item = None
 

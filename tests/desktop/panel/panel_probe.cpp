@@ -103,6 +103,8 @@ void obey(const std::string& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Lines that come together are then seen to wait.
+  std::ios::sync_with_stdio(false);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QtRunLoop loop;

@@ -9,9 +9,10 @@ from session.session import wait_until
 Rect = collections.namedtuple("Rect", "x y width height")
 
 WINDOW_LINE = re.compile(
-    r'^\s+(0x[0-9a-f]+) "(.*)": \((?:"(.*?)" "(.*?)")?\)\s+'
+    r'^(\s+)(0x[0-9a-f]+) "(.*)": \((?:"(.*?)" "(.*?)")?\)\s+'
     r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$")
-Window = collections.namedtuple("Window", "id title name rect")
+# `depth` is 1 for a window of the root, 2 for a window in that, and so on.
+Window = collections.namedtuple("Window", "id title name rect depth")
 
 
 def centre(rect):
@@ -98,9 +99,10 @@ class Screen:
         for line in self.session.ask("xwininfo", "-root", "-tree").splitlines():
             match = WINDOW_LINE.match(line)
             if match:
-                id, title, name, _, width, height, x, y = match.groups()
+                indent, id, title, name, _, width, height, x, y = match.groups()
                 windows.append(Window(id, title, name or "",
-                                      Rect(int(x), int(y), int(width), int(height))))
+                                      Rect(int(x), int(y), int(width), int(height)),
+                                      (len(indent) - 2) // 3))
         return windows
 
     def is_shown(self, window):
