@@ -14,8 +14,8 @@ import time
 from session.bars import BOTTOM, XfcePanel, XfcePanelWithoutSystemTray
 from session.panel import NEXT, PREVIOUS, TITLE, WIDTH, Panel, cell
 from session.program import Program
-from session.screen import centre
-from session.session import Session, wait_until
+from session.screen import Rect, centre
+from session.session import Session, SessionWithTwoScreens, wait_until
 
 RIGHT_BUTTON = 3
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
@@ -27,6 +27,13 @@ class BarAtBottom(XfcePanel):
 
 class ItemAtLeftEnd(XfcePanel):
     starts_with_space = False
+
+
+class BarOnLeftScreen(XfcePanel):
+    """Of two, so that there is room on the right of the item, but on the other screen."""
+
+    def screen(self, whole):
+        return Rect(0, 0, whole.rect.width // 2, whole.rect.height)
 
 
 class Check:
@@ -190,12 +197,15 @@ CASES = {
                     [Check.closes_by_a_second_click, Check.closes_by_a_press_elsewhere]),
     "bar-at-bottom": (BarAtBottom, [Check.opens_under_the_item]),
     "item-at-left-end": (ItemAtLeftEnd, [Check.opens_under_the_item]),
+    "two-screens": (BarOnLeftScreen,
+                    [Check.opens_under_the_item, Check.closes_by_a_press_elsewhere]),
 }
 
 
 def main():
     name, executable, pictures = sys.argv[1:]
-    with Session(name) as session:
+    session = SessionWithTwoScreens(name) if name == "two-screens" else Session(name)
+    with session:
         Check(name, session, os.path.abspath(executable), os.path.abspath(pictures)).run()
 
 

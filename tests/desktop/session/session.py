@@ -120,10 +120,13 @@ class Session:
             os.mkdir(folders[key], 0o700)
         return {**kept, **folders, "NO_AT_BRIDGE": "1", "GTK_A11Y": "none", "TZ": "Asia/Riyadh"}
 
+    def _x_server(self):
+        return ["Xvfb", "-screen", "0", self.screen]
+
     def _start_x(self):
         read_end, write_end = os.pipe()
         process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen, "-nolisten", "tcp"],
+            [*self._x_server(), "-displayfd", str(write_end), "-nolisten", "tcp"],
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
             start_new_session=True)
         self.processes.append(process)
@@ -156,3 +159,49 @@ class Session:
             if name.endswith(".log"):
                 with open(self.path(name), encoding="utf-8", errors="replace") as log:
                     print(f"--- {name}\n{log.read()}", flush=True)
+
+
+# Xvfb has one screen only.
+TWO_SCREENS = """Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+EndSection
+Section "Device"
+  Identifier "card"
+  Driver "dummy"
+  VideoRam 65536
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5-1000
+  VertRefresh 5-200
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "card"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Virtual 2560 1024
+  EndSubSection
+EndSection
+"""
+
+
+class SessionWithTwoScreens(Session):
+    """Two screens of 1280 by 800 side by side."""
+
+    def __init__(self, name):
+        super().__init__(name, "2560x800x24")
+
+    def _x_server(self):
+        configuration = self.path("xorg.conf")
+        with open(configuration, "w", encoding="ascii") as file:
+            file.write(TWO_SCREENS)
+        return ["Xorg", "-config", configuration, "-logfile", self.path("xorg.txt"), "-noreset",
+                "-novtswitch", "-sharevts"]
+
+    def _start_x(self):
+        super()._start_x()
+        self.ask("xrandr", "--addmode", "DUMMY1", "1280x800")
+        self.ask("xrandr", "--output", "DUMMY0", "--mode", "1280x800", "--pos", "0x0",
+                 "--output", "DUMMY1", "--mode", "1280x800", "--pos", "1280x0")
