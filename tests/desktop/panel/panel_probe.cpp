@@ -1,7 +1,7 @@
 // The item in the bar with its panel over the real desktop, with services that a test sets by
 // lines on the input:
 //   theme system|light|dark      calendar gregorian|hijri     sunnah|times|month on|off
-//   voice on|off                 dua on|off                   measure N
+//   voice on|off                 dua on|off                   measure N      quit
 // "measure" opens the panel N times and prints the milliseconds until it is painted.
 
 #include <unistd.h>
@@ -94,6 +94,7 @@ void obey(const std::string& line) {
   if (what == "dua") alerts.playingDua.assign(isOn);
   if (what == "voice")
     alerts.playingVoice.assign(isOn ? std::optional(AthanVoice::vemran) : std::nullopt);
+  if (what == "quit") QApplication::quit();
   for (int left = what == "measure" ? std::stoi(value) : 0; left > 0; --left) {
     std::cout << millisecondsToOpen() << std::endl;
     QApplication::processEvents();

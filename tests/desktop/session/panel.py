@@ -1,6 +1,7 @@
 """The program's windows: the item, the panel, the note."""
 
 import os
+import time
 
 from session.screen import Screen
 from session.session import wait_until
@@ -32,10 +33,11 @@ class Panel:
         return self._window(lambda window: window.rect.width == NOTE_WIDTH * self.scale)
 
     def item(self):
-        """A tray window of ours in its bar; on D-Bus the item is the bar's to draw."""
-        # On its way there it is a window of the root, then out of sight.
-        return self._window(lambda window: window.rect.height < BAR_HEIGHT * self.scale
-                            and window.depth > 1 and window.rect.x >= 0)
+        """A tray window of ours that rests in its bar; on D-Bus the item is the bar's to draw."""
+        item = self._item()
+        # Trays move it about before it stands where it stays.
+        time.sleep(0.1 if item else 0)
+        return item if item == self._item() else None
 
     def wait_for(self):
         return wait_until(self.rect, "the panel is open")
@@ -53,6 +55,10 @@ class Panel:
 
     def picture(self):
         return self.screen.settled_picture(self.rect())
+
+    def _item(self):
+        return self._window(lambda window: window.rect.height < BAR_HEIGHT * self.scale
+                            and window.depth > 1 and window.rect.x >= 0)
 
     def _window(self, is_it):
         return next((window.rect for window in self.screen.windows()
