@@ -41,7 +41,7 @@ void measure(const char* what, const std::vector<LocationCoordinate>& points, Lo
   std::size_t found = 0;
   for (const auto point : points) {
     const double start = processorMicroseconds();
-    found += lookUp(point) ? 1 : 0;
+    found += lookUp(point) ? 1U : 0U;
     microseconds.push_back(processorMicroseconds() - start);
   }
   std::sort(microseconds.begin(), microseconds.end());
