@@ -3,7 +3,8 @@
 
     show.py PROGRAM PICTURES
 
-Prints the item's text and leaves a picture of the screen for each style in the folder PICTURES.
+Prints the item's text and leaves pictures of the screen in the folder PICTURES: for each style of the
+item, and of the panel in each calendar, light and dark.
 """
 
 import os
@@ -11,17 +12,17 @@ import sys
 
 from item_on_bars import ItemWindow
 from session.bars import XfcePanel
+from session.panel import Panel
 from session.program import Program
-from session.screen import Screen
+from session.screen import Screen, centre
 from session.session import Session, wait_until
 
 STYLES = ["nextPrayer", "date", "emoji"]
+PANELS = {"gregorian": "light", "hijri": "dark"}
 
 
-def show(session, executable, pictures):
+def show_items(session, bar, executable, pictures):
     screen = Screen(session)
-    bar = XfcePanel(session)
-    bar.start()
     for style in STYLES:
         program = Program(session, executable)
         item = ItemWindow(screen, bar, program)
@@ -35,11 +36,28 @@ def show(session, executable, pictures):
         program.end()
 
 
+def show_panels(session, executable, pictures):
+    for calendar, theme in PANELS.items():
+        program = Program(session, executable)
+        program.start(menuBarStyle="nextPrayer", primaryCalendar=calendar, appTheme=theme)
+        panel = Panel(session, executable)
+        panel.screen.click(centre(wait_until(panel.item, "the item is in the bar")))
+        panel.wait_for()
+        panel.screen.settled_picture()
+        picture = os.path.join(pictures, f"show-panel-{calendar}-{theme}.png")
+        panel.screen.save(picture)
+        print(f"panel, {calendar}, {theme}: {picture}")
+        program.end()
+
+
 def main():
     executable, pictures = map(os.path.abspath, sys.argv[1:])
     os.makedirs(pictures, exist_ok=True)
     with Session("show") as session:
-        show(session, executable, pictures)
+        bar = XfcePanel(session)
+        bar.start()
+        show_items(session, bar, executable, pictures)
+        show_panels(session, executable, pictures)
 
 
 if __name__ == "__main__":
