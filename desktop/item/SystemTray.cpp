@@ -131,17 +131,24 @@ DockedWindow SystemTray::dock(xcb_window_t window) {
 bool SystemTray::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
   if (type != "xcb_generic_event_t") return false;
   const auto* signal = signalOf(*static_cast<const xcb_generic_event_t*>(message));
-  if (signal == nullptr) return false;
+  if (signal == &embedded) {
+    // Some trays map the window at once. Qt has to have shown it before it hears of that.
+    embedded.emit();
+  } else if (signal != nullptr) {
+    tellLater(*signal);
+  }
+  return false;
+}
+
+void SystemTray::tellLater(const Signal<>& signal) {
   // Windows must not be made or unmade in the midst of the display's events.
   QMetaObject::invokeMethod(
       &laterPass_,
-      [this, signal, docked = docked_] {
-        if (signal == &changed) findManager();
-        const bool isOfWindow = signal == &embedded || signal == &expelled;
-        if (!isOfWindow || docked == docked_) signal->emit();
+      [this, &signal, docked = docked_] {
+        if (&signal == &changed) findManager();
+        if (&signal != &expelled || docked == docked_) signal.emit();
       },
       Qt::QueuedConnection);
-  return false;
 }
 
 const Signal<>* SystemTray::signalOf(const xcb_generic_event_t& event) const {

@@ -39,11 +39,14 @@ class SystemTray : public QAbstractNativeEventFilter {
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
-  // All told on a later pass of the loop than the display's event.
+  // Told on a later pass of the loop than the display's event.
   Signal<> changed;  ///< A tray came or went.
   Signal<> coloursChanged;
-  Signal<> embedded;  ///< The docked window is now inside the tray.
   Signal<> expelled;  ///< The docked window is out of the tray, or destroyed with it.
+
+  /// The docked window is now inside the tray. Told within the display's event: the receiver may
+  /// show windows, but not make or unmake them.
+  Signal<> embedded;
 
  private:
   struct Atoms {
@@ -54,6 +57,7 @@ class SystemTray : public QAbstractNativeEventFilter {
 
   [[nodiscard]] static Atoms internAtoms(xcb_connection_t* connection, int screenNumber);
   void findManager();
+  void tellLater(const Signal<>& signal);
   [[nodiscard]] const Signal<>* signalOf(const xcb_generic_event_t& event) const;
   [[nodiscard]] std::vector<std::uint32_t> managerProperty(xcb_atom_t name) const;
 
