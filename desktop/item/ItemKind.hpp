@@ -13,7 +13,7 @@ struct BarHosts {
   Notifier notifier = Notifier::unknown;
   /// The desktop's own bar does better by an item on D-Bus than by a window in its tray.
   bool prefersNotifier = false;
-  /// Nothing else has come for a while, and windows can be placed.
+  /// Nothing else has come for a while or is to be expected, and windows can be placed.
   bool stripIsDue = false;
 };
 

@@ -13,7 +13,7 @@
 namespace Hilalor {
 namespace {
 
-/// A bar that is starting, or starting again, has this long before the strip shows.
+/// On a desktop, a bar that is starting, or starting again, has this long before the strip shows.
 constexpr std::chrono::seconds kWaitForBar{3};
 
 /// Known by the desktop's name before the bus has told which bar there is.
@@ -74,7 +74,13 @@ BarHosts LinuxStatusItem::hosts() const {
   return {.systemTray = tray_ != nullptr && tray_->isThere() && !trayRefuses_,
           .notifier = notifierOf(notifier_.state()),
           .prefersNotifier = desktopPrefers || (isThere && notifier_.traits().outdoesTray),
-          .stripIsDue = stripIsDue_};
+          .stripIsDue = stripIsDue_ || isAlone()};
+}
+
+/// Whether the screen is bare: no bar, and no desktop that may be about to start one.
+bool LinuxStatusItem::isAlone() const {
+  return notifier_.state() == NotifierHost::State::absent && tray_ != nullptr &&
+         !tray_->isThere() && !tray_->hasWindowManager();
 }
 
 void LinuxStatusItem::trayChanged() {

@@ -28,6 +28,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
 
  private:
   [[nodiscard]] BarHosts hosts() const;
+  [[nodiscard]] bool isAlone() const;
   void trayChanged();
   void notifierChanged();
   void choose();

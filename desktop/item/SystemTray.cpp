@@ -94,6 +94,13 @@ void SystemTray::findManager() {
   xcb_flush(connection_);
 }
 
+bool SystemTray::hasWindowManager() const {
+  // What one program at a time may ask for.
+  const auto attributes = Xcb::answer(xcb_get_window_attributes_reply, connection_,
+                                      xcb_get_window_attributes(connection_, screen_.root));
+  return attributes && (attributes->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;
+}
+
 bool SystemTray::isTransparent() const {
   const auto visual = managerProperty(atoms_.visual);
   return visual.size() == 1 && depthOf(screen_, visual.front()) == 32;

@@ -28,6 +28,9 @@ class SystemTray : public QAbstractNativeEventFilter {
 
   [[nodiscard]] bool isThere() const { return manager_ != XCB_WINDOW_NONE; }
 
+  /// Whether somebody manages the screen's windows, as on all but the barest desktops.
+  [[nodiscard]] bool hasWindowManager() const;
+
   /// Whether windows in it may be transparent.
   [[nodiscard]] bool isTransparent() const;
 
