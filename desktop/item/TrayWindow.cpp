@@ -14,6 +14,10 @@ namespace {
 /// The height of icons in common trays; the tray makes of it what its bar has.
 constexpr int kAskedHeight = 22;
 constexpr std::chrono::seconds kPatience{1};
+/// A bar that comes to look different tells of its colours or has its windows painted anew. One
+/// that does neither is looked at after five minutes of an unchanged title, told twice a minute: to
+/// look wakes the program and the display two times more than the tick.
+constexpr int kTitlesToALook = 10;
 /// Between a text and its ground, of the 255 between white and black.
 constexpr double kLeastContrast = 100;
 const Ink kInkOnUnknown{Qt::white, QColor(0, 0, 0, 150)};
@@ -27,6 +31,7 @@ double contrast(const QColor& one, const QColor& other) {
 TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& content,
                        const ItemPainter& painter, std::function<void()> refused)
     : tray_(tray),
+      loop_(loop),
       refused_(std::move(refused)),
       isTransparent_(tray.isTransparent()),
       trayText_(tray.textColour()),
@@ -44,8 +49,10 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
   coloursChanged_ = tray_.coloursChanged.subscribe([this] {
     trayText_ = tray_.textColour();
     matchBar();
+    // The bar itself may be painted in its new colours only now.
+    secondLook_ = loop_.once(kPatience, [this] { matchBar(); });
   });
-  patience_ = loop.once(kPatience, [this] {
+  patience_ = loop_.once(kPatience, [this] {
     if (!window_->isOnScreen()) return refuse();
     // By now the bar is painted too.
     matchBar();
@@ -61,7 +68,7 @@ void TrayWindow::titleChanged() {
 }
 
 void TrayWindow::lookAround() {
-  matchBar();
+  if (++titlesUnchanged_ % kTitlesToALook == 0) matchBar();
 }
 
 bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -37,6 +37,7 @@ class TrayWindow : public QObject, public ItemPresence {
   void refuse();
 
   SystemTray& tray_;
+  RunLoop& loop_;
   std::function<void()> refused_;
   bool isTransparent_;
   std::optional<QColor> trayText_;
@@ -45,10 +46,12 @@ class TrayWindow : public QObject, public ItemPresence {
   /// What the tray gives for each pixel of width asked for; some scale windows to their bar.
   double stretch_ = 1.0;
   int askedWidth_;
+  int titlesUnchanged_ = 0;
   Subscription embedded_;
   Subscription expelled_;
   Subscription coloursChanged_;
   std::unique_ptr<Timer> patience_;
+  std::unique_ptr<Timer> secondLook_;
 };
 
 }  // namespace Hilalor

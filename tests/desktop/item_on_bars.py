@@ -99,10 +99,11 @@ class Check:
         self.start_program("nextPrayer")
         self.see(COUNTDOWN.fullmatch, "countdown")
         self.bar.restart()
-        self.see(COUNTDOWN.fullmatch, "countdown-after-restart")
+        place = self.see(COUNTDOWN.fullmatch, "countdown-after-restart")
+        self.bar.darken()
+        self.look_at(place, "countdown-on-darkened-bar")
         self.program.end()
 
-        self.bar.darken()
         self.start_program("date")
         place = self.see(lambda title: title == today(), "date")
         self.quit_by_menu(place)
