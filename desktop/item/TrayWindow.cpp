@@ -15,8 +15,8 @@ namespace {
 constexpr int kAskedHeight = 22;
 constexpr std::chrono::seconds kPatience{1};
 /// A bar that comes to look different tells of its colours or has its windows painted anew. One
-/// that does neither is looked at after five minutes of an unchanged title, told twice a minute: to
-/// look wakes the program and the display two times more than the tick.
+/// that does neither is looked at every five minutes, by the titles that are told twice a minute:
+/// each look waits for the display two times.
 constexpr int kTitlesToALook = 10;
 /// Between a text and its ground, of the 255 between white and black.
 constexpr double kLeastContrast = 100;
@@ -63,12 +63,12 @@ TrayWindow::~TrayWindow() = default;
 
 void TrayWindow::titleChanged() {
   face_.titleChanged();
-  matchBar();
   askForRoom();
+  lookAround();
 }
 
 void TrayWindow::lookAround() {
-  if (++titlesUnchanged_ % kTitlesToALook == 0) matchBar();
+  if (++titlesTold_ % kTitlesToALook == 0) matchBar();
 }
 
 bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {

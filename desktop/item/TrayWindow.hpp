@@ -46,7 +46,7 @@ class TrayWindow : public QObject, public ItemPresence {
   /// What the tray gives for each pixel of width asked for; some scale windows to their bar.
   double stretch_ = 1.0;
   int askedWidth_;
-  int titlesUnchanged_ = 0;
+  int titlesTold_ = 0;
   Subscription embedded_;
   Subscription expelled_;
   Subscription coloursChanged_;

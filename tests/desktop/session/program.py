@@ -21,7 +21,7 @@ class Program:
         self.process = None
 
     def start(self, **settings):
-        self._store({**PLACE, **settings})
+        self.store(**settings)
         self.process = self.session.start(self.executable)
 
     def end(self):
@@ -34,7 +34,8 @@ class Program:
         wait_until(lambda: self.process.poll() is not None, "the program ends")
         return self.process.returncode
 
-    def _store(self, settings):
+    def store(self, **settings):
+        """Puts the settings, and the place, into the store."""
         folder = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "hilalor")
         os.makedirs(folder, exist_ok=True)
         store = sqlite3.connect(os.path.join(folder, "defaults.sqlite"))
@@ -43,5 +44,5 @@ class Program:
                           "defaults(key TEXT NOT NULL UNIQUE, type TEXT NOT NULL, value)")
             store.executemany("REPLACE INTO defaults VALUES (?, ?, ?)",
                               [(key, TYPE_NAMES[type(value)], value)
-                               for key, value in settings.items()])
+                               for key, value in {**PLACE, **settings}.items()])
         store.close()
