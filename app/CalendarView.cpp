@@ -231,6 +231,7 @@ void CalendarView::hover(const QString& text) {
 }
 
 void CalendarView::resetModel() {
+  now_ = Platform::current().clock.now();
   model_ = CalendarModel(now_, settings_.primaryCalendar);
   yearMode_ = false;
   selectedDate_.reset();
@@ -294,6 +295,7 @@ void CalendarView::openNote() {
 }
 
 void CalendarView::keyPressEvent(QKeyEvent* event) {
+  if (!settings_.showCalendar) return View::keyPressEvent(event);
   const bool isShifted = event->modifiers().testFlag(Qt::ShiftModifier);
   const CalendarUnit page = isShifted ? CalendarUnit::year : CalendarUnit::month;
   switch (event->key()) {

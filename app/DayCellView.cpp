@@ -168,7 +168,7 @@ void DayCellView::mouseMoveEvent(QMouseEvent* event) {
 
 void DayCellView::leaveEvent(QEvent* event) {
   QAbstractButton::leaveEvent(event);
-  if (day_) events_.onHolidayHover(QString());
+  events_.onHolidayHover(QString());
 }
 
 void DayCellView::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -38,7 +38,10 @@ QString NoteEditorView::dateLabel() const {
 
 void NoteEditorView::showEvent(QShowEvent* event) {
   View::showEvent(event);
-  editor_->setText(QString::fromStdString(store_.note(date_)));
+  const std::string note = store_.note(date_);
+  editor_->setText(QString::fromStdString(note));
+  // A note of blanks alone, from an older store, goes when it is looked at.
+  if (!note.empty()) store_.setNote(note, date_);
   editor_->setFocus();
 }
 

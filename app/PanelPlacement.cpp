@@ -40,8 +40,8 @@ double panelTop(double height, const Rect& item, const Screen& screen) {
   }
   // A bar that hides itself leaves the whole screen free; the panel keeps clear of the item then.
   const bool isBelow = at.y > middle(screen.frame).y;
-  return isBelow ? std::min(lowest, item.origin.y - height)
-                 : std::max(visible.origin.y, bottom(item));
+  const double top = isBelow ? std::min(lowest, item.origin.y - height) : bottom(item);
+  return std::max(visible.origin.y, top);
 }
 
 }  // namespace

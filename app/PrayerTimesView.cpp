@@ -87,6 +87,8 @@ PrayerTimesView::~PrayerTimesView() = default;
 void PrayerTimesView::setDisplayDate(Date displayDate) {
   if (displayDate == displayDate_) return;
   displayDate_ = displayDate;
+  // Past midnight another day is today.
+  now_ = Platform::current().clock.now();
   redraw();
 }
 

@@ -122,6 +122,7 @@ void Button::paintLabel(QPainter& painter) const {
 
 void Button::keyPressEvent(QKeyEvent* event) {
   // Arrow keys are the screen's.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
   if (event->key() == Qt::Key_Space) return QAbstractButton::keyPressEvent(event);
   event->ignore();
 }

@@ -44,6 +44,8 @@ ScrollColumn::ScrollColumn(QWidget* content) {
 Sheet::Sheet(QWidget& owner, QWidget* content) : QDialog(&owner, Qt::Sheet) {
   setWindowModality(Qt::WindowModal);
   setAttribute(Qt::WA_DeleteOnClose);
+  // Light or dark as its owner is.
+  setAttribute(Qt::WA_WindowPropagation);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->setSizeConstraint(QLayout::SetFixedSize);

@@ -34,6 +34,8 @@ Popover::Popover(QWidget& anchor, QWidget* content)
   // Where the owner's corners can be see-through, so can ours; else the window is cut to shape.
   setAttribute(Qt::WA_TranslucentBackground,
                anchor.window()->testAttribute(Qt::WA_TranslucentBackground));
+  // Light or dark as its owner is.
+  setAttribute(Qt::WA_WindowPropagation);
   content->setParent(this);
 }
 
@@ -107,11 +109,17 @@ void Popover::paintEvent(QPaintEvent*) {
   painter.drawPath(outline());
 }
 
+bool Popover::isOfThis(const QWidget* widget) const {
+  // The menu of a text in it is a window of its own.
+  while (widget != nullptr && widget != this)
+    widget = widget->parentWidget();
+  return widget == this;
+}
+
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == parentWidget()) dismiss();
   if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
-    const auto* pressed = static_cast<QWidget*>(watched);
-    if (pressed != this && !isAncestorOf(pressed) && pressed->window() != this) dismiss();
+    if (!isOfThis(static_cast<QWidget*>(watched))) dismiss();
   }
   return QWidget::eventFilter(watched, event);
 }

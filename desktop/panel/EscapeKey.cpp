@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QWindow>
 #include <array>
-#include <optional>
 #include <utility>
 
 namespace Hilalor {
@@ -37,7 +36,8 @@ std::optional<xcb_keycode_t> escapeKey(const XConnection& server) {
 
 EscapeKey::EscapeKey(std::function<void()> onPress)
     : onPress_(std::move(onPress)), server_(XConnection::open()) {
-  if (!server_) return;
+  if (server_) key_ = escapeKey(*server_);
+  if (!key_) return;
   server_->watch([this](const xcb_generic_event_t& event) {
     constexpr std::uint8_t kSentByServer = 0x7f;
     if ((event.response_type & kSentByServer) != XCB_KEY_PRESS) return;
@@ -50,14 +50,12 @@ EscapeKey::EscapeKey(std::function<void()> onPress)
 }
 
 void EscapeKey::grabUnlessOurs() {
-  const auto key = escapeKey(*server_);
-  if (!key) return;
   const bool isOurs = QGuiApplication::focusWindow() != nullptr;
   for (const std::uint16_t locks : kLocks) {
     if (isOurs) {
-      xcb_ungrab_key(server_->get(), *key, server_->root(), locks);
+      xcb_ungrab_key(server_->get(), *key_, server_->root(), locks);
     } else {
-      xcb_grab_key(server_->get(), 0, server_->root(), locks, *key, XCB_GRAB_MODE_ASYNC,
+      xcb_grab_key(server_->get(), 0, server_->root(), locks, *key_, XCB_GRAB_MODE_ASYNC,
                    XCB_GRAB_MODE_ASYNC);
     }
   }

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "desktop/panel/XConnection.hpp"
 
@@ -19,6 +20,7 @@ class EscapeKey final : public QObject {
 
   std::function<void()> onPress_;
   std::unique_ptr<XConnection> server_;
+  std::optional<xcb_keycode_t> key_;
 };
 
 }  // namespace Hilalor

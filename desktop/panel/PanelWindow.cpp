@@ -80,6 +80,7 @@ PanelWindow::PanelWindow(QWidget* content, std::function<void()> onDismiss)
       shadow_(hasCompositor() ? kShadowWidth : 0) {
   setWindowTitle(QGuiApplication::applicationDisplayName());
   setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_AlwaysShowToolTips);
   setAttribute(Qt::WA_TranslucentBackground, shadow_ > 0);
   content->setParent(this);
 }

@@ -63,7 +63,7 @@ TEST_F(KeyboardTest, ReturnOpensTheNoteAndEscapeClosesIt) {
   EXPECT_TRUE(panel->isVisible());
 }
 
-TEST_F(KeyboardTest, TabGoesThroughButtonsWhichSpacePresses) {
+TEST_F(KeyboardTest, TabGoesThroughButtonsWhichSpaceAndReturnPress) {
   press(Qt::Key_Tab);
   auto* focused = dynamic_cast<Button*>(QApplication::focusWidget());
   ASSERT_NE(focused, nullptr);
@@ -73,7 +73,9 @@ TEST_F(KeyboardTest, TabGoesThroughButtonsWhichSpacePresses) {
     ASSERT_NE(focused, nullptr);
   }
   press(Qt::Key_Space);
-  EXPECT_EQ(settingsOpened, 1);
+  press(Qt::Key_Return);
+  EXPECT_EQ(settingsOpened, 2);
+  EXPECT_FALSE(part<NoteEditorView>(*panel));
 }
 
 TEST_F(KeyboardTest, EveryControlHasAName) {

@@ -62,6 +62,20 @@ TEST_F(NoteEditorViewTest, ShowsWhatIsStoredUnchangedAndStoresNothingUnasked) {
   EXPECT_EQ(NotesStore::shared().notes().size(), 1U);
 }
 
+using StoredNoteTest = ScreenTest;
+
+TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
+  desktop.defaults.setDictionary("dayNotes", {{"2026-02-10", " \n"}, {"2026-02-11", " kept "}});
+  show();
+  EXPECT_TRUE(cell(10).day()->hasNote);
+  for (const int day : {10, 11}) {
+    doubleClick(cell(day));
+    QTest::keyClick(part<NoteEditorView>(*panel)->focusProxy()->focusProxy(), Qt::Key_Escape);
+    settle();
+  }
+  EXPECT_EQ(NotesStore::shared().notes(), (TextDictionary{{"2026-02-11", " kept "}}));
+}
+
 TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendar) {
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");

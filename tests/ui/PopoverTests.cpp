@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QMenu>
 #include <QPointer>
 #include <QScreen>
 #include <QTest>
@@ -49,6 +50,23 @@ TEST_F(PopoverTest, StandsAboveWhereThereIsNoRoomBelow) {
 TEST_F(PopoverTest, StaysOnTheScreen) {
   openAt({-120, 100});
   EXPECT_EQ(popover.x(), 0);
+}
+
+TEST_F(PopoverTest, IsDarkWhereItsOwnerIs) {
+  window.setPalette(QPalette(Qt::black));
+  openAt({200, 100});
+  EXPECT_EQ(content->palette().color(QPalette::Window), QColor(Qt::black));
+  window.setPalette(QPalette(Qt::white));
+  EXPECT_EQ(content->palette().color(QPalette::Window), QColor(Qt::white));
+}
+
+TEST_F(PopoverTest, StaysOpenWhileAMenuOfItsContentIsUsed) {
+  openAt({200, 100});
+  QMenu menu(content);
+  QAction* paste = menu.addAction("Paste");
+  menu.popup(content->mapToGlobal(QPoint(5, 5)));
+  QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(paste).center());
+  EXPECT_TRUE(popover.isVisible());
 }
 
 TEST_F(PopoverTest, ClosesByEscape) {
