@@ -3,9 +3,19 @@
 #include <utility>
 
 #include "app/CalendarView.hpp"
+#include "app/SettingsView.hpp"
 #include "desktop/panel/LinuxPanel.hpp"
+#include "desktop/panel/LinuxWindow.hpp"
 
 namespace Hilalor {
+namespace {
+
+constexpr WindowProperties kSettingsWindow{
+    .title = "Hilalor Settings", .contentSize = {380, 520}, .minimumSize = {380, 400}};
+
+}  // namespace
+
+ScreenSurfaces::ScreenSurfaces(std::filesystem::path appIcon) : appIcon_(std::move(appIcon)) {}
 
 std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents events) {
   auto screen = std::make_unique<CalendarView>(std::move(events.onSizeChange),
@@ -13,8 +23,11 @@ std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents eve
   return std::make_unique<LinuxPanel>(std::move(screen), std::move(events.onDismiss));
 }
 
-std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater*, std::function<void()>) {
-  return nullptr;
+std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
+                                                           std::function<void()> onWillClose) {
+  const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
+  return std::make_unique<LinuxWindow>(std::make_unique<SettingsView>(updater, appIcon),
+                                       kSettingsWindow, std::move(onWillClose));
 }
 
 }  // namespace Hilalor

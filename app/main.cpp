@@ -10,6 +10,7 @@
 #include "desktop/CodePages.hpp"
 #include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
+#include "desktop/LinuxWorkspace.hpp"
 #include "desktop/OfflineGeocoder.hpp"
 #include "desktop/QtRunLoop.hpp"
 #include "desktop/Resources.hpp"
@@ -58,6 +59,7 @@ class LinuxDesktop {
                   .geocoder = geocoder_,
                   .notifications = notifications_,
                   .sounds = sounds_,
+                  .workspace = &workspace_,
                   .updater = nullptr,
                   .soundFolders = soundFolders()} {
     Platform::install(&platform_);
@@ -75,7 +77,7 @@ class LinuxDesktop {
   SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
   SessionBus sessionBus_{loop_};
   LinuxStatusBar statusBar_{loop_, sessionBus_, resourceFolder() / "item"};
-  ScreenSurfaces surfaces_;
+  ScreenSurfaces surfaces_{resourceFolder() / "AppIcon.png"};
   LinuxScreens screens_;
   LinuxMouseMonitor mouse_;
   ColorSchemeSetting colorScheme_;
@@ -83,6 +85,7 @@ class LinuxDesktop {
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
   LinuxSoundService sounds_{loop_, soundFolders()};
+  LinuxWorkspace workspace_;
   Platform platform_;
 };
 

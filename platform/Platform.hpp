@@ -16,6 +16,7 @@
 #include "platform/StatusItem.hpp"
 #include "platform/Surfaces.hpp"
 #include "platform/Updater.hpp"
+#include "platform/Workspace.hpp"
 
 namespace Hilalor {
 
@@ -34,6 +35,8 @@ struct Platform {
   Geocoder& geocoder;
   NotificationCenter& notifications;
   SoundService& sounds;
+  /// Null where nothing of other programs can be opened.
+  Workspace* workspace = nullptr;
   /// Null in a build that was given no place to look for releases.
   Updater* updater = nullptr;
   /// Where the beeps lie, the user's own folder first.

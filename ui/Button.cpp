@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 
 #include "ui/FocusRing.hpp"
 
@@ -11,7 +10,6 @@ namespace Hilalor {
 namespace {
 
 constexpr int kLabelSpacing = 4;
-constexpr double kIconPerType = 1.2;  // An icon stands a little taller than the type beside it.
 constexpr QSize kBoxPadding{12, 4};
 constexpr double kBoxRadius = 6;
 constexpr double kPressedOpacity = 0.5;
@@ -60,17 +58,16 @@ QSize Button::sizeHint() const {
   return isBoxed(look_) ? labelSize() + 2 * kBoxPadding : labelSize();
 }
 
-double Button::iconSide() const {
-  return std::round(kIconPerType * label_.iconSize.value_or(label_.style.size));
+int Button::side() const {
+  return iconSide(label_.iconSize.value_or(label_.style.size));
 }
 
 QSize Button::labelSize() const {
   QSize size(0, 0);
   if (!label_.text.isEmpty()) size = fontMetrics().size(0, label_.text);
   if (!label_.icon) return size;
-  const int side = static_cast<int>(iconSide());
   const int spacing = label_.text.isEmpty() ? 0 : kLabelSpacing;
-  return {size.width() + spacing + side, std::max(size.height(), side)};
+  return {size.width() + spacing + side(), std::max(size.height(), side())};
 }
 
 QColor Button::ink() const {
@@ -111,8 +108,7 @@ void Button::paintLabel(QPainter& painter) const {
   QRectF box(0, 0, size.width(), size.height());
   box.moveCenter(QRectF(rect()).center());
   if (label_.icon) {
-    const double side = iconSide();
-    const QRectF place(box.left(), box.center().y() - side / 2, side, side);
+    const QRectF place(box.left(), box.center().y() - side() / 2.0, side(), side());
     paintIcon(painter, *label_.icon, place, ink());
     box.setLeft(place.right() + kLabelSpacing);
   }

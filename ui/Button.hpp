@@ -49,7 +49,7 @@ class Button final : public QAbstractButton {
 
  private:
   [[nodiscard]] QSize labelSize() const;
-  [[nodiscard]] double iconSide() const;
+  [[nodiscard]] int side() const;
   [[nodiscard]] QColor ink() const;
   void paintBox(QPainter& painter) const;
   void paintLabel(QPainter& painter) const;

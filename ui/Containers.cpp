@@ -1,6 +1,8 @@
 #include "ui/Containers.hpp"
 
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QVBoxLayout>
 
 #include "ui/Colors.hpp"
@@ -12,8 +14,31 @@ namespace {
 constexpr int kCardSpacing = 10;
 constexpr Insets kCardPadding{.top = 12, .leading = 14, .bottom = 12, .trailing = 14};
 constexpr double kCardRadius = 10;
+constexpr int kIndicatorWidth = 10;
+constexpr double kIndicatorInset = 2;
 constexpr int kSpokes = 8;
 constexpr int kTurnMilliseconds = 100;
+
+/// A scroll bar of which only the handle is seen.
+class ScrollIndicator final : public QScrollBar {
+ public:
+  explicit ScrollIndicator(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRectF handle =
+        style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+    const QRectF seen =
+        handle.adjusted(kIndicatorInset, kIndicatorInset, -kIndicatorInset, -kIndicatorInset);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::of(*this).tertiary);
+    painter.drawRoundedRect(seen, seen.width() / 2, seen.width() / 2);
+  }
+};
 
 }  // namespace
 
@@ -32,13 +57,35 @@ void Card::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(rect(), kCardRadius, kCardRadius);
 }
 
-ScrollColumn::ScrollColumn(QWidget* content) {
+ScrollColumn::ScrollColumn(QWidget* content) : indicator_(new ScrollIndicator(this)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  setAlignment(Qt::AlignHCenter);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The style's bar would take its width from the content.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  const QScrollBar* bar = verticalScrollBar();
+  connect(bar, &QScrollBar::rangeChanged, this, [this] { followRange(); });
+  connect(bar, &QScrollBar::valueChanged, indicator_, &QScrollBar::setValue);
+  connect(indicator_, &QScrollBar::valueChanged, bar, &QScrollBar::setValue);
   viewport()->setAutoFillBackground(false);
   setWidget(content);
   content->setAutoFillBackground(false);
+}
+
+void ScrollColumn::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  indicator_->setGeometry(width() - kIndicatorWidth, 0, kIndicatorWidth, height());
+  followRange();
+}
+
+void ScrollColumn::followRange() {
+  const QScrollBar* bar = verticalScrollBar();
+  indicator_->setPageStep(bar->pageStep());
+  indicator_->setSingleStep(bar->singleStep());
+  indicator_->setRange(bar->minimum(), bar->maximum());
+  indicator_->setVisible(bar->maximum() > bar->minimum());
+  indicator_->raise();
 }
 
 Sheet::Sheet(QWidget& owner, QWidget* content) : QDialog(&owner, Qt::Sheet) {

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <initializer_list>
 
@@ -16,14 +17,23 @@ class Card final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A part that is higher than its surroundings, with a scroll bar where needed; as wide as they
-/// are.
+/// A part that is higher than its surroundings, in their middle. Where it does not fit, a thin bar
+/// over its right edge shows how much of it is seen, and scrolls it.
 class ScrollColumn final : public QScrollArea {
  public:
   explicit ScrollColumn(QWidget* content);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void followRange();
+
+  QScrollBar* indicator_;
 };
 
-/// A screen over another window, which waits until it has closed. Deletes itself then.
+/// A screen over another window, which waits until it has closed. Deletes itself then. Light or
+/// dark as that window.
 class Sheet final : public QDialog {
  public:
   Sheet(QWidget& owner, QWidget* content);

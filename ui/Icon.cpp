@@ -146,6 +146,11 @@ const QPainterPath& iconPath(Icon icon) {
   return place->second;
 }
 
+int iconSide(int typeSize) {
+  constexpr double kPerType = 1.2;
+  return qRound(kPerType * typeSize);
+}
+
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color) {
   const double side = std::min(rect.width(), rect.height());
   painter.save();

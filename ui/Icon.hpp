@@ -25,6 +25,10 @@ enum class Icon {
 /// The outline to be filled, in a square of side 1.
 [[nodiscard]] const QPainterPath& iconPath(Icon icon);
 
+/// The side of an icon that stands beside type of that size, a little taller than the type (logical
+/// pixels).
+[[nodiscard]] int iconSide(int typeSize);
+
 /// Fills the icon in the largest square at the middle of the rectangle.
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color);
 

@@ -65,36 +65,39 @@ class Trough final : public QWidget {
 
 }  // namespace
 
-MenuPicker::MenuPicker(std::function<QStringList()> options, std::function<void(int)> onSelect)
-    : options_(std::move(options)),
+GreenPickerButton::GreenPickerButton(std::function<PickerMenu()> menuBuilder,
+                                     std::function<void(int)> onSelect)
+    : menuBuilder_(std::move(menuBuilder)),
       onSelect_(std::move(onSelect)),
-      button_(new Button({}, [this] { openMenu(); })) {
+      button_(new Button({}, [this] { showMenu(); })) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins({});
   layout->addWidget(button_, 0, Qt::AlignLeft);
 }
 
-void MenuPicker::setCurrent(int index, const QString& label) {
-  current_ = index;
+void GreenPickerButton::setText(const QString& text) {
   button_->setLabel(
-      {.text = label + kDownTriangle, .style = {.size = kTypeSize, .color = &Colors::accent}});
+      {.text = text + kDownTriangle, .style = {.size = kTypeSize, .color = &Colors::accent}});
+  // A screen reader has no use for the triangle.
+  button_->setAccessibleName(text);
 }
 
-void MenuPicker::setHelp(const QString& help) {
+void GreenPickerButton::setHelp(const QString& help) {
   button_->setAccessibleDescription(help);
 }
 
-void MenuPicker::openMenu() {
+void GreenPickerButton::showMenu() {
   menu_ = std::make_unique<QMenu>(this);
-  int index = 0;
-  for (const QString& option : options_()) {
+  menu_->setAttribute(Qt::WA_WindowPropagation);
+  const PickerMenu content = menuBuilder_();
+  for (int index = 0; index < content.options.size(); ++index) {
     // An ampersand would make the next letter a shortcut.
-    QAction* action = menu_->addAction(QString(option).replace(u'&', QStringLiteral("&&")));
+    QString option = content.options[index];
+    QAction* action = menu_->addAction(option.replace(u'&', QStringLiteral("&&")));
     action->setCheckable(true);
-    action->setChecked(index == current_);
+    action->setChecked(index == content.current);
     connect(action, &QAction::triggered, this, [this, index] { onSelect_(index); });
-    ++index;
   }
   menu_->popup(button_->mapToGlobal(QPoint(0, button_->height())));
 }

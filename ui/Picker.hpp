@@ -4,31 +4,36 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "ui/Button.hpp"
 
 namespace Hilalor {
 
+/// What a picker offers.
+struct PickerMenu {
+  QStringList options;
+  std::optional<int> current;  ///< The option with the check mark, by its place.
+};
+
 /// A text in the accent colour that opens a menu of options under it.
-class MenuPicker final : public QWidget {
+class GreenPickerButton final : public QWidget {
  public:
-  /// The options are asked for whenever the menu opens. Choosing calls `onSelect` with the option's
-  /// place among them.
-  MenuPicker(std::function<QStringList()> options, std::function<void(int)> onSelect);
+  /// The menu is built whenever it opens. Choosing calls `onSelect` with the option's place in it.
+  GreenPickerButton(std::function<PickerMenu()> menuBuilder, std::function<void(int)> onSelect);
 
-  /// What is chosen now; -1 for none of the options.
-  void setCurrent(int index, const QString& label);
+  /// What is chosen now.
+  void setText(const QString& text);
 
-  /// What a screen reader calls the picker.
+  /// What a screen reader says of the picker.
   void setHelp(const QString& help);
 
  private:
-  void openMenu();
+  void showMenu();
 
-  std::function<QStringList()> options_;
+  std::function<PickerMenu()> menuBuilder_;
   std::function<void(int)> onSelect_;
-  int current_ = -1;
   Button* button_;
   std::unique_ptr<QMenu> menu_;
 };

@@ -9,6 +9,7 @@
 #include "platform/Application.hpp"
 #include "platform/StatusItem.hpp"
 #include "platform/Updater.hpp"
+#include "platform/Workspace.hpp"
 
 namespace Hilalor {
 
@@ -47,6 +48,15 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
     [[nodiscard]] StatusButton* button() override { return shown_; }
     StatusButton* shown_;
   };
+};
+
+class FakeWorkspace final : public Workspace {
+ public:
+  void openSettings(SettingsPane pane) override { panes.push_back(pane); }
+  void openWebPage(const std::string& address) override { pages.push_back(address); }
+
+  std::vector<SettingsPane> panes;
+  std::vector<std::string> pages;
 };
 
 class FakeUpdater final : public Updater {

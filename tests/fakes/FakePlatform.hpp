@@ -36,6 +36,7 @@ class FakePlatform {
   FakeGeocoder geocoder;
   FakeNotificationCenter notifications{loop};
   FakeSoundService sounds{loop};
+  FakeWorkspace workspace;
   FakeUpdater updater;
   Platform platform{.application = application,
                     .clock = loop,
@@ -49,6 +50,7 @@ class FakePlatform {
                     .geocoder = geocoder,
                     .notifications = notifications,
                     .sounds = sounds,
+                    .workspace = &workspace,
                     .updater = &updater,
                     .soundFolders = {}};
 };

@@ -76,14 +76,15 @@ TEST(SegmentedPicker, AsksForTheSegmentThatIsClicked) {
   EXPECT_TRUE(segments[0]->isChecked());
 }
 
-TEST(MenuPicker, OffersEveryOptionAndChecksTheCurrentOne) {
+TEST(GreenPickerButton, OffersEveryOptionAndChecksTheCurrentOne) {
   int chosen = -1;
-  MenuPicker picker(
+  GreenPickerButton picker(
       [] {
-        return QStringList{QStringLiteral("Glass"), QStringLiteral("Ping & Pong")};
+        return PickerMenu{.options = {QStringLiteral("Glass"), QStringLiteral("Ping & Pong")},
+                          .current = 0};
       },
       [&](int index) { chosen = index; });
-  picker.setCurrent(0, QStringLiteral("Glass"));
+  picker.setText(QStringLiteral("Glass"));
   picker.show();
   QTest::mouseClick(part<Button>(picker), Qt::LeftButton);
   const auto* menu = picker.findChild<QMenu*>();

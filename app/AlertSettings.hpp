@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include "app/PrayerNotificationManager.hpp"
+#include "app/SettingsPart.hpp"
+
+namespace Hilalor {
+
+/// Whether and how prayers are announced: a banner, a beep, the athan. Switching announcements on
+/// asks for permission to show banners.
+class AlertSettings final : public SettingsPart {
+ public:
+  AlertSettings();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  // The parts, from top to bottom.
+  [[nodiscard]] QWidget* whileEnabled();
+  [[nodiscard]] QWidget* blockedWarning();
+  [[nodiscard]] QWidget* beepRows();
+  [[nodiscard]] QWidget* loopRow();
+  [[nodiscard]] QWidget* athanRows();
+  [[nodiscard]] QWidget* voiceRow(const char* title, AthanVoice voice, const char* recording);
+  [[nodiscard]] QWidget* supplicationRow();
+
+  void requestPermission();
+  void refreshNotificationStatus();
+  void playBeep(const std::string& name);
+  void previewVoice(AthanVoice voice, const char* recording);
+
+  PrayerNotificationManager& notifManager_ = PrayerNotificationManager::shared();
+  NotificationAuthorization notificationStatus_ = NotificationAuthorization::notDetermined;
+  std::unique_ptr<SystemSound> previewedBeep_;
+  std::vector<Subscription> watches_;
+};
+
+}  // namespace Hilalor

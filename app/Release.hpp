@@ -1,0 +1,11 @@
+#pragma once
+
+namespace Hilalor {
+
+/// The program's own release.
+inline constexpr const char* kVersion = HILALOR_VERSION;
+
+/// Where the program is at home.
+inline constexpr const char* kWebSite = "https://hilalor.org";
+
+}  // namespace Hilalor

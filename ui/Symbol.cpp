@@ -1,0 +1,17 @@
+#include "ui/Symbol.hpp"
+
+#include <QPainter>
+
+namespace Hilalor {
+
+Symbol::Symbol(Icon icon, int typeSize, Ink color) : icon_(icon), color_(color) {
+  const int side = iconSide(typeSize);
+  setFixedSize(side, side);
+}
+
+void Symbol::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintIcon(painter, icon_, rect(), Colors::of(*this).*color_);
+}
+
+}  // namespace Hilalor
