@@ -54,7 +54,7 @@ QWidget* AboutCard::updateButton(Updater& updater) {
                              .text = QStringLiteral("Check for Updates"),
                              .style = kGreenStyle},
                             [&updater] { updater.checkForUpdates(); });
-  return padded(kUpdatePadding, button);
+  return column({.padding = kUpdatePadding, .alignment = Qt::AlignLeft}, {button});
 }
 
 }  // namespace Hilalor

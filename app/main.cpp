@@ -2,6 +2,7 @@
 #include <QDBusConnection>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 #include "app/AppDelegate.hpp"
@@ -25,6 +26,11 @@
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "platform/Platform.hpp"
 
+#ifdef HILALOR_RELEASE_FEED
+#include "app/Release.hpp"
+#include "desktop/updates/FeedUpdater.hpp"
+#endif
+
 namespace {
 
 using namespace Hilalor;
@@ -41,6 +47,20 @@ GeoClueLocationService::Contact firstContact(const DefaultsStore& defaults) {
 // The user's own recordings and beeps go before the program's.
 std::vector<std::filesystem::path> soundFolders() {
   return {userDataFolder() / "hilalor/sounds", resourceFolder() / "sounds"};
+}
+
+// None in a build that was given no list of releases.
+std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
+                                     [[maybe_unused]] const Clock& clock,
+                                     [[maybe_unused]] Workspace& workspace) {
+#ifdef HILALOR_RELEASE_FEED
+  return std::make_unique<FeedUpdater>(
+      loop, clock, workspace,
+      FeedUpdater::Program{
+          .version = kVersion, .feed = HILALOR_RELEASE_FEED, .downloadPage = kWebSite});
+#else
+  return nullptr;
+#endif
 }
 
 // How this desktop answers everything that is asked of it. The shared objects go before it does.
@@ -60,7 +80,7 @@ class LinuxDesktop {
                   .notifications = notifications_,
                   .sounds = sounds_,
                   .workspace = &workspace_,
-                  .updater = nullptr,
+                  .updater = updater_.get(),
                   .soundFolders = soundFolders()} {
     Platform::install(&platform_);
   }
@@ -86,6 +106,7 @@ class LinuxDesktop {
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
   LinuxSoundService sounds_{loop_, soundFolders()};
   LinuxWorkspace workspace_;
+  std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
   Platform platform_;
 };
 

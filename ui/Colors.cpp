@@ -26,7 +26,7 @@ const Colors kDark{
     .tertiary = {255, 255, 255, 89},
     .separator = {255, 255, 255, 38},
     .windowBackground = {30, 30, 30},
-    .controlBackground = {44, 44, 46},
+    .controlBackground = {22, 22, 23},
     .textBackground = {22, 22, 22},
     .yellow = {255, 214, 10},
     .orange = {255, 159, 10},

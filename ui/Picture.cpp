@@ -8,6 +8,7 @@ namespace Hilalor {
 Picture::Picture(const QPixmap& picture, int side, double cornerRadius)
     : picture_(picture), cornerRadius_(cornerRadius) {
   setFixedSize(side, side);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void Picture::paintEvent(QPaintEvent*) {

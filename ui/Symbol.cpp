@@ -7,6 +7,7 @@ namespace Hilalor {
 Symbol::Symbol(Icon icon, int typeSize, Ink color) : icon_(icon), color_(color) {
   const int side = iconSide(typeSize);
   setFixedSize(side, side);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void Symbol::paintEvent(QPaintEvent*) {

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QScreen>
+#include <QTest>
+
+#include "app/ScreenSurfaces.hpp"
+#include "app/SettingsView.hpp"
+#include "tests/fakes/FakePlatform.hpp"
+#include "tests/fakes/Parts.hpp"
+#include "ui/Containers.hpp"
+
+namespace Hilalor {
+namespace {
+
+class SettingsWindowTest : public testing::Test {
+ protected:
+  void open() {
+    window = surfaces.makeSettingsWindow(nullptr, [this] {
+      ++timesClosed;
+      window.reset();
+    });
+    window->makeKeyAndOrderFront();
+    QApplication::processEvents();
+  }
+
+  [[nodiscard]] static QWidget* frame() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+      if (widget->isVisible() && widget->windowTitle() == "Hilalor Settings") return widget;
+    return nullptr;
+  }
+
+  [[nodiscard]] static QColor ground() { return frame()->grab().toImage().pixelColor(4, 4); }
+
+  FakePlatform desktop;
+  ScreenSurfaces surfaces;
+  std::unique_ptr<Window> window;
+  int timesClosed = 0;
+};
+
+TEST_F(SettingsWindowTest, IsOfItsSizeInTheMiddleOfTheScreenAndCannotBeMinimised) {
+  open();
+  ASSERT_TRUE(frame());
+  EXPECT_EQ(frame()->size(), QSize(380, 520));
+  EXPECT_EQ(frame()->minimumSize(), QSize(380, 400));
+  const QRect screen = frame()->screen()->availableGeometry();
+  EXPECT_LE((frame()->geometry().center() - screen.center()).manhattanLength(), 2);
+  const Qt::WindowFlags flags = frame()->windowFlags();
+  EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
+  EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+  EXPECT_TRUE(flags.testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST_F(SettingsWindowTest, ChangesBetweenLightAndDarkWhileItIsOpen) {
+  open();
+  window->setAppearance(Appearance::dark);
+  EXPECT_EQ(ground(), QColor(30, 30, 30));
+  window->setAppearance(Appearance::light);
+  EXPECT_EQ(ground(), QColor(246, 246, 246));
+}
+
+TEST_F(SettingsWindowTest, AnotherOneBeginsAfresh) {
+  open();
+  part<ScrollColumn>(*frame())->verticalScrollBar()->setValue(200);
+  frame()->close();
+  QApplication::processEvents();
+  EXPECT_EQ(timesClosed, 1);
+  EXPECT_FALSE(frame());
+  open();
+  EXPECT_EQ(part<ScrollColumn>(*frame())->verticalScrollBar()->value(), 0);
+}
+
+}  // namespace
+}  // namespace Hilalor
