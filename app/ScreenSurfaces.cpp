@@ -26,8 +26,9 @@ std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents eve
 std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
                                                            std::function<void()> onWillClose) {
   const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
-  return std::make_unique<LinuxWindow>(std::make_unique<SettingsView>(updater, appIcon),
-                                       kSettingsWindow, std::move(onWillClose));
+  auto screen = std::make_unique<SettingsView>(updater, appIcon);
+  screen->setWindowIcon(appIcon);
+  return std::make_unique<LinuxWindow>(std::move(screen), kSettingsWindow, std::move(onWillClose));
 }
 
 }  // namespace Hilalor

@@ -115,7 +115,6 @@ class LinuxDesktop {
 int main(int argc, char* argv[]) {
   QApplication qtApplication(argc, argv);
   QApplication::setApplicationName("hilalor");
-  QApplication::setApplicationDisplayName("Hilalor");
   QApplication::setDesktopFileName("hilalor");
   QApplication::setQuitOnLastWindowClosed(false);
 

@@ -1,7 +1,6 @@
 #include "desktop/item/TrayWindow.hpp"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -40,7 +39,7 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
       askedWidth_(face_.naturalWidth(kAskedHeight)) {
   face_.setPlaceFinder([this] { return place(); });
   // Trays remember the items they took in by this name, which must not be another every time.
-  face_.setWindowTitle(QGuiApplication::applicationDisplayName());
+  face_.setWindowTitle(QStringLiteral("Hilalor"));
   face_.resize(askedWidth_, kAskedHeight);
   window_ = tray_.dock(static_cast<xcb_window_t>(face_.winId()));
   face_.windowHandle()->installEventFilter(this);

@@ -25,6 +25,7 @@ class LinuxWindow::Frame final : public QWidget {
                              Qt::WindowStaysOnTopHint),
         onWillClose_(std::move(onWillClose)) {
     setWindowTitle(QString::fromUtf8(properties.title));
+    setWindowIcon(screen->windowIcon());
     setMinimumSize(whole(properties.minimumSize));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

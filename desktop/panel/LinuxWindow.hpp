@@ -19,8 +19,8 @@ struct WindowProperties {
 /// An ordinary window that cannot be minimised, above normal ones, centred on the screen.
 class LinuxWindow final : public Window {
  public:
-  /// Takes the screen over. `onWillClose` is told when the user closes the window, and may destroy
-  /// this object.
+  /// Takes the screen over, with its icon. `onWillClose` is told when the user closes the window,
+  /// and may destroy this object.
   LinuxWindow(std::unique_ptr<QWidget> screen, const WindowProperties& properties,
               std::function<void()> onWillClose);
   ~LinuxWindow() override;

@@ -78,7 +78,7 @@ PanelWindow::PanelWindow(QWidget* content, std::function<void()> onDismiss)
       content_(content),
       onDismiss_(std::move(onDismiss)),
       shadow_(hasCompositor() ? kShadowWidth : 0) {
-  setWindowTitle(QGuiApplication::applicationDisplayName());
+  setWindowTitle(QStringLiteral("Hilalor"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_AlwaysShowToolTips);
   setAttribute(Qt::WA_TranslucentBackground, shadow_ > 0);

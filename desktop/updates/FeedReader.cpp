@@ -31,10 +31,10 @@ void FeedReader::read(const QUrl& url, Answer answer) {
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                        QNetworkRequest::NoLessSafeRedirectPolicy);
   reply_ = network_->get(request);
-  QObject::connect(reply_, &QNetworkReply::downloadProgress, reply_,
-                   [reply = reply_](qint64 received, qint64) {
-                     if (received > kLargestFeed) reply->abort();
-                   });
+  reply_->setReadBufferSize(kLargestFeed + 1);
+  QObject::connect(reply_, &QNetworkReply::readyRead, reply_, [reply = reply_] {
+    if (reply->bytesAvailable() > kLargestFeed) reply->abort();
+  });
   // Queued, since a reply may finish before it was given out.
   QObject::connect(
       reply_, &QNetworkReply::finished, reply_, [this] { finish(); }, Qt::QueuedConnection);

@@ -36,7 +36,7 @@ void FeedUpdater::start() {
 }
 
 void FeedUpdater::checkForUpdates() {
-  if (!dialog_) tell(LookingForReleases{});
+  tell(LookingForReleases{});
   dialog_->show();
   dialog_->raise();
   dialog_->activateWindow();
@@ -58,7 +58,7 @@ void FeedUpdater::read() {
 void FeedUpdater::take(const std::optional<QByteArray>& content) {
   const UpdateState state = outcome(content);
   if (!std::holds_alternative<FeedOutOfReach>(state)) lastRead_ = clock_.now();
-  if (dialog_) return tell(state);
+  if (hasDialog()) return tell(state);
   const auto* release = std::get_if<Release>(&state);
   if (release == nullptr || release->version == toldVersion_) return;
   tell(state);
@@ -75,8 +75,13 @@ UpdateState FeedUpdater::outcome(const std::optional<QByteArray>& content) const
   return *feed->newest;
 }
 
+// One that was closed lives on for a moment.
+bool FeedUpdater::hasDialog() const {
+  return dialog_ && dialog_->isVisible();
+}
+
 void FeedUpdater::tell(const UpdateState& state) {
-  if (!dialog_) {
+  if (!hasDialog()) {
     dialog_ = new UpdateDialog(QApplication::activeWindow(), program_.version,
                                [this](const Release& release) { download(release); });
   }

@@ -42,6 +42,7 @@ class FeedUpdater final : public Updater {
   void read();
   void take(const std::optional<QByteArray>& content);
   [[nodiscard]] UpdateState outcome(const std::optional<QByteArray>& content) const;
+  [[nodiscard]] bool hasDialog() const;
   void tell(const UpdateState& state);
   void download(const Release& release) const;
 

@@ -39,7 +39,7 @@ QWidget* newsColumn(const QStringList& paragraphs) {
   constexpr int kTextWidth = kWidth - kPadding.leading - kPadding.trailing;
   texts->setFixedWidth(kTextWidth);
   auto* scrolling = new ScrollColumn(texts);
-  scrolling->setFixedHeight(std::min(texts->heightForWidth(kTextWidth), kLongestNews));
+  scrolling->setFixedHeight(std::clamp(texts->heightForWidth(kTextWidth), 0, kLongestNews));
   return scrolling;
 }
 
@@ -87,21 +87,21 @@ QWidget* UpdateDialog::content(FeedOutOfReach) {
 }
 
 QWidget* UpdateDialog::content(const Release& release) {
+  auto* news = newsColumn(release.news);
+  news->setVisible(!release.news.isEmpty());
   auto* later = new Button(
       {.text = QStringLiteral("Later"), .style = kButtonStyle}, [this] { close(); },
       ButtonLook::bordered);
-  auto* download = new Button(
-      {.text = QStringLiteral("Download"), .style = kButtonStyle},
-      [this, release] {
-        onDownload_(release);
-        close();
-      },
-      ButtonLook::prominent);
+  const auto download = [this, release] {
+    onDownload_(release);
+    close();
+  };
+  auto* now = new Button({.text = QStringLiteral("Download"), .style = kButtonStyle}, download,
+                         ButtonLook::prominent);
   return column({.spacing = kSpacing, .padding = kPadding},
                 {heading(QStringLiteral("Hilalor %1 is available.").arg(release.version),
                          QStringLiteral("You have version %1.").arg(version_)),
-                 newsColumn(release.news),
-                 row({.spacing = kButtonSpacing}, {flexibleSpace(), later, download})});
+                 news, row({.spacing = kButtonSpacing}, {flexibleSpace(), later, now})});
 }
 
 QWidget* UpdateDialog::message(const QString& title, const QString& text) {

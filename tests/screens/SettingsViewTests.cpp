@@ -67,9 +67,8 @@ TEST_F(SettingsViewTest, EveryPickerOffersItsOptionsInOrderAndStoresTheChosenOne
       {"asrCalculation", {"Shafi'i / Hanbali / Maliki", "Hanafi"}, {"shafi", "hanafi"}},
       {"calculationMethod",
        {"Umm Al-Qura, Makkah", "Muslim World League", "Egyptian General Authority",
-        "University of Islamic Sciences, Karachi", "Dubai", "Moonsighting Committee Worldwide",
-        "Islamic Society of North America (ISNA)", "Kuwait", "Qatar", "Singapore",
-        "Institute of Geophysics, Tehran", "Turkey (Diyanet)"},
+        "University of Karachi", "Dubai (UAE)", "Moonsighting Committee", "ISNA (North America)",
+        "Kuwait", "Qatar", "Singapore / Malaysia", "Tehran", "Turkey (Diyanet)"},
        {"ummAlQura", "muslimWorldLeague", "egyptian", "karachi", "dubai", "moonsightingCommittee",
         "northAmerica", "kuwait", "qatar", "singapore", "tehran", "turkey"}},
   };
@@ -79,13 +78,13 @@ TEST_F(SettingsViewTest, EveryPickerOffersItsOptionsInOrderAndStoresTheChosenOne
     // The first one last, so that every choice is a change.
     for (int step = 1; step <= picker.options.size(); ++step) {
       const int index = step % static_cast<int>(picker.options.size());
-      QMenu* menu = openMenu(current + "  \u25BE");
+      QMenu* menu = openMenu(current);
       QStringList offered;
       for (const QAction* action : menu->actions()) {
         offered.append(action->text());
         EXPECT_EQ(action->isChecked(), action->text() == current);
       }
-      ASSERT_EQ(offered, picker.options);
+      ASSERT_EQ(offered.join("; ").toStdString(), picker.options.join("; ").toStdString());
       current = picker.options[index];
       choose(menu, current);
       EXPECT_EQ(stored(picker.key), picker.rawValues[static_cast<std::size_t>(index)]);
@@ -177,7 +176,7 @@ TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
   settings().theme = AppTheme::dark;
   settle();
   EXPECT_FALSE(toggle("Show Islamic Eids & Saudi holidays")->isOn());
-  EXPECT_TRUE(button(QStringLiteral("Emoji \U0001F4C5  \u25BE")));
+  EXPECT_TRUE(button(QStringLiteral("Emoji \U0001F4C5")));
   EXPECT_TRUE(part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>()[2]->isChecked());
 }
 

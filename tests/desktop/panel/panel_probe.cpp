@@ -1,8 +1,10 @@
 // The item in the bar with its panel over the real desktop, with services that a test sets by
 // lines on the input:
 //   theme system|light|dark      calendar gregorian|hijri     sunnah|times|month on|off
-//   voice on|off                 dua on|off                   measure N      quit
-// "measure" opens the panel N times and prints the milliseconds until it is painted.
+//   voice on|off                 dua on|off                   measure|settings N
+//   quit
+// "measure" opens the panel N times, "settings" the settings window, and prints the milliseconds
+// until it is painted.
 
 #include <unistd.h>
 
@@ -62,7 +64,13 @@ class FirstPaint final : public QObject {
   }
 };
 
-double millisecondsToOpen() {
+void waitFor(const FirstPaint& paint) {
+  while (!paint.wasPainted)
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QApplication::sync();
+}
+
+double millisecondsToOpenPanel() {
   QElapsedTimer watch;
   watch.start();
   ScreenSurfaces surfaces;
@@ -72,10 +80,27 @@ double millisecondsToOpen() {
   panel->setFrame({{200, 30}, size});
   const FirstPaint paint;
   panel->orderFront(KeyboardAtOpening::leftWhereItIs);
-  while (!paint.wasPainted)
-    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  QApplication::sync();
+  waitFor(paint);
   return static_cast<double>(watch.nsecsElapsed()) / 1e6;
+}
+
+double millisecondsToOpenSettings() {
+  QElapsedTimer watch;
+  watch.start();
+  ScreenSurfaces surfaces(HILALOR_APP_ICON);
+  const auto window = surfaces.makeSettingsWindow(nullptr, {});
+  window->setAppearance(Appearance::system);
+  const FirstPaint paint;
+  window->makeKeyAndOrderFront();
+  waitFor(paint);
+  return static_cast<double>(watch.nsecsElapsed()) / 1e6;
+}
+
+void measure(int times, double (*milliseconds)()) {
+  for (; times > 0; --times) {
+    std::cout << milliseconds() << std::endl;
+    QApplication::processEvents();
+  }
 }
 
 void obey(const std::string& line) {
@@ -95,10 +120,8 @@ void obey(const std::string& line) {
   if (what == "voice")
     alerts.playingVoice.assign(isOn ? std::optional(AthanVoice::vemran) : std::nullopt);
   if (what == "quit") QApplication::quit();
-  for (int left = what == "measure" ? std::stoi(value) : 0; left > 0; --left) {
-    std::cout << millisecondsToOpen() << std::endl;
-    QApplication::processEvents();
-  }
+  if (what == "measure") measure(std::stoi(value), millisecondsToOpenPanel);
+  if (what == "settings") measure(std::stoi(value), millisecondsToOpenSettings);
 }
 
 }  // namespace

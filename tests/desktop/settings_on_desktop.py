@@ -1,0 +1,181 @@
+#!/usr/bin/env python3
+"""The settings window, opened from the panel and used as a hand does it, with the program killed
+right after a click.
+
+    settings_on_desktop.py CASE PROGRAM PICTURES
+
+The pictures taken are left in the folder PICTURES.
+"""
+
+import os
+import signal
+import sqlite3
+import sys
+
+from panel_on_bars import Panel
+from session.bars import XfcePanel
+from session.program import Program
+from session.screen import Rect, Screen, centre
+from session.session import Session, wait_until
+
+TITLE = "Hilalor Settings"
+SIZE = (380, 520)
+
+# Within the window: of the rows at its top as it opens, and of those at its bottom at the end.
+MENU_BAR_ICON, PRIMARY_CALENDAR = (80, 100), (60, 247)
+SECONDARY_CALENDAR, HOLIDAYS = (334, 289), (334, 332)
+DARK = (296, 155)  # From the bottom.
+
+# Buttons of the wheel.
+UP, DOWN = "4", "5"
+
+
+class SettingsWindow:
+    def __init__(self, session, screen):
+        self.session = session
+        self.screen = screen
+
+    def windows(self):
+        return [window for window in self.screen.windows()
+                if window.title == TITLE and self.screen.is_shown(window)]
+
+    def rect(self):
+        """Of what is inside the window manager's frame; none while it is closed."""
+        return next((window.rect for window in self.windows()), None)
+
+    def wait_for(self):
+        return wait_until(self.rect, "the settings window is open")
+
+    def click(self, place):
+        frame = self.rect()
+        self.screen.click((frame.x + place[0], frame.y + place[1]))
+
+    def part(self, place):
+        """The surroundings of a place, wide enough for a switch."""
+        frame = self.rect()
+        return Rect(frame.x + place[0] - 17, frame.y + place[1] - 10, 34, 20)
+
+    def picture(self):
+        self.screen.point((5, 790))
+        return self.screen.settled_picture(self.rect())
+
+    def choose(self, picker, option):
+        """The option of that place in the picker's menu, by the keyboard."""
+        before = len(self.screen.windows())
+        self.click(picker)
+        wait_until(lambda: len(self.screen.windows()) > before, "the menu is open")
+        self.session.ask("xdotool", "key", *["Down"] * (option + 1), "Return")
+
+
+class Check:
+    def __init__(self, session, executable, pictures):
+        self.session = session
+        self.pictures = pictures
+        os.makedirs(pictures, exist_ok=True)
+        self.program = Program(session, executable)
+        self.panel = Panel(session, self.program)
+        self.screen = Screen(session)
+        self.bar = XfcePanel(session)
+        self.window = SettingsWindow(session, self.screen)
+
+    def run(self):
+        self.bar.start()
+        self.program.start(menuBarStyle="date")
+        self.open()
+        self.is_one_window_in_the_middle()
+        self.stores_what_is_clicked()
+        self.survives_a_kill_right_after_a_click()
+        self.begins_anew_when_it_is_opened_again()
+
+    def open(self):
+        """As a user does: the item, the panel, the gear in its corner."""
+        wait_until(self.panel.item, "the item is in the bar")
+        self.screen.settled_picture(self.bar.rect(self.screen))
+        self.screen.click(centre(self.panel.item()))
+        frame = self.panel.wait_for()
+        self.panel.click((frame.width - 21, frame.height - 19))
+        return self.window.wait_for()
+
+    def is_one_window_in_the_middle(self):
+        frame = self.window.rect()
+        assert (frame.width, frame.height) == SIZE, f"{frame} is not {SIZE}"
+        bar_and_title = 60
+        middle, wanted = centre(frame), centre(self.screen.rect)
+        assert abs(middle[0] - wanted[0]) <= 2 and abs(middle[1] - wanted[1]) <= bar_and_title
+        first = self.window.windows()
+        gear = self.panel.rect()
+        self.panel.click((gear.width - 21, gear.height - 19))
+        self.window.picture()
+        assert len(first) == 1 and self.window.windows() == first, "a second window was opened"
+        self.save("opened")
+
+    def stores_what_is_clicked(self):
+        self.window.click(SECONDARY_CALENDAR)
+        self.wait_for_stored("showSecondaryCalendar", 0)
+        self.window.choose(PRIMARY_CALENDAR, 1)
+        self.wait_for_stored("primaryCalendar", "hijri")
+        self.window.choose(MENU_BAR_ICON, 1)
+        self.wait_for_stored("menuBarStyle", "emoji")
+        self.scroll(DOWN)
+        self.save("at-its-end")
+        across, above_bottom = DARK
+        self.window.click((across, self.window.rect().height - above_bottom))
+        self.wait_for_stored("appTheme", "dark")
+        wait_until(lambda: self.window.picture().is_dark(), "the window is dark")
+        self.scroll(UP)
+        self.save("dark")
+
+    def scroll(self, button):
+        self.screen.point(centre(self.window.rect()))
+        self.session.ask("xdotool", "click", "--repeat", "40", "--delay", "5", button)
+        self.window.picture()
+
+    def survives_a_kill_right_after_a_click(self):
+        switch = self.window.part(HOLIDAYS)
+        before = self.screen.picture(switch)
+        self.window.click(HOLIDAYS)
+        wait_until(lambda: self.screen.picture(switch).difference(before), "the switch moves")
+        self.session.end(self.program.process, signal.SIGKILL)
+        for key, value in {"showHolidays": 0, "showSecondaryCalendar": 0, "primaryCalendar": "hijri",
+                           "menuBarStyle": "emoji", "appTheme": "dark"}.items():
+            assert self.stored(key) == value, f"{key} is {self.stored(key)!r}"
+
+    def begins_anew_when_it_is_opened_again(self):
+        self.program.process = self.session.start(self.program.executable)
+        self.open()
+        once = self.window.picture()
+        assert once.is_dark(), "the theme is as it was chosen"
+        self.save("after-the-kill")
+        self.session.ask("xdotool", "key", "alt+F4")
+        wait_until(lambda: not self.window.rect(), "the window is closed")
+        self.screen.click((5, 790))
+        self.panel.wait_for_closed()
+        self.open()
+        assert self.window.picture().difference(once) is None, "it is as it was"
+        self.program.end()
+
+    def wait_for_stored(self, key, value):
+        wait_until(lambda: self.stored(key) == value, f"{key} is {value}")
+
+    def stored(self, key):
+        file = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "hilalor",
+                            "defaults.sqlite")
+        store = sqlite3.connect(f"file:{file}?mode=ro", uri=True)
+        try:
+            row = store.execute("SELECT value FROM defaults WHERE key = ?", (key,)).fetchone()
+            return row and row[0]
+        finally:
+            store.close()
+
+    def save(self, what):
+        self.screen.save(os.path.join(self.pictures, f"settings-{what}.png"))
+
+
+def main():
+    name, executable, pictures = sys.argv[1:]
+    with Session(name) as session:
+        Check(session, os.path.abspath(executable), os.path.abspath(pictures)).run()
+
+
+if __name__ == "__main__":
+    main()
