@@ -15,7 +15,7 @@ constexpr Insets kIndented{.leading = kIndent};
 constexpr Insets kWarningPadding{.top = 2};
 constexpr Insets kAthanPadding{.top = 4, .leading = kIndent};
 constexpr int kAthanSpacing = 6;
-constexpr int kLoopSpacing = 8;
+constexpr int kSpacing = 8;
 constexpr StepperRange kLoopSeconds{.lowest = 5, .highest = 120, .step = 5};
 
 /// The stored number may be any.
@@ -81,7 +81,7 @@ QWidget* AlertSettings::loopRow() {
                               [this](int value) { settings_.beepLoopSeconds = value; });
   atRedraw([this, seconds] { seconds->setValue(shownSeconds(settings_.beepLoopSeconds)); });
   return row(
-      {.spacing = kLoopSpacing},
+      {.spacing = kSpacing},
       {checkboxRow("Loop for", settings_.beepLoopEnabled),
        onlyWhile([this] { return settings_.beepLoopEnabled.value(); }, seconds), flexibleSpace()});
 }
@@ -98,7 +98,7 @@ QWidget* AlertSettings::voiceRow(const char* title, AthanVoice voice, const char
       previewButton([this, voice] { return notifManager_.playingVoice.value() == voice; },
                     [this, voice, recording] { previewVoice(voice, recording); },
                     [this] { notifManager_.stopAll(); });
-  return row({.spacing = kLoopSpacing},
+  return row({.spacing = kSpacing},
              {radioButton(title, settings_.athanVoice, voice), flexibleSpace(), preview});
 }
 

@@ -12,8 +12,8 @@ import signal
 import sqlite3
 import sys
 
-from panel_on_bars import Panel
 from session.bars import XfcePanel
+from session.panel import Panel
 from session.program import Program
 from session.screen import Rect, Screen, centre
 from session.session import Session, wait_until
@@ -73,7 +73,7 @@ class Check:
         self.pictures = pictures
         os.makedirs(pictures, exist_ok=True)
         self.program = Program(session, executable)
-        self.panel = Panel(session, self.program)
+        self.panel = Panel(session, executable)
         self.screen = Screen(session)
         self.bar = XfcePanel(session)
         self.window = SettingsWindow(session, self.screen)
@@ -89,9 +89,7 @@ class Check:
 
     def open(self):
         """As a user does: the item, the panel, the gear in its corner."""
-        wait_until(self.panel.item, "the item is in the bar")
-        self.screen.settled_picture(self.bar.rect(self.screen))
-        self.screen.click(centre(self.panel.item()))
+        self.screen.click(centre(wait_until(self.panel.item, "the item is in the bar")))
         frame = self.panel.wait_for()
         self.panel.click((frame.width - 21, frame.height - 19))
         return self.window.wait_for()
