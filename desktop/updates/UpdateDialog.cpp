@@ -82,7 +82,7 @@ QWidget* UpdateDialog::content(NoNewerRelease) {
 }
 
 QWidget* UpdateDialog::content(FeedOutOfReach) {
-  return message(QStringLiteral("Updates could not be looked for."),
+  return message(QStringLiteral("Could not look for updates."),
                  QStringLiteral("The list of releases could not be reached. Try again later."));
 }
 

@@ -117,13 +117,13 @@ TEST_F(FeedUpdaterTest, AnswersWhoAsksInAnyCase) {
 
   server.status = "404 Not Found";
   updater->checkForUpdates();
-  ASSERT_TRUE(waitFor("Updates could not be looked for."));
+  ASSERT_TRUE(waitFor("Could not look for updates."));
 
   server.status = "200 OK";
   server.page = "<html>Please log in to this network.</html>";
   updater->checkForUpdates();
   ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests == 3; }));
-  ASSERT_TRUE(waitFor("Updates could not be looked for."));
+  ASSERT_TRUE(waitFor("Could not look for updates."));
 
   server.page = kNewer;
   updater->checkForUpdates();
@@ -139,14 +139,14 @@ TEST_F(FeedUpdaterTest, CannotReachAServerThatIsNotThere) {
   server.close();
   start(server.address());
   updater->checkForUpdates();
-  EXPECT_TRUE(waitFor("Updates could not be looked for."));
+  EXPECT_TRUE(waitFor("Could not look for updates."));
 }
 
 TEST_F(FeedUpdaterTest, DoesNotReadWithoutEnd) {
   server.page = kOlder + QByteArray(2 << 20, ' ');
   start(server.address());
   updater->checkForUpdates();
-  EXPECT_TRUE(waitFor("Updates could not be looked for."));
+  EXPECT_TRUE(waitFor("Could not look for updates."));
 }
 
 TEST_F(FeedUpdaterTest, ReadsAFileAndOffersTheGeneralPageWhereTheReleaseHasNone) {
