@@ -1,6 +1,6 @@
 #include "app/AboutCard.hpp"
 
-#include "app/Release.hpp"
+#include "app/ProgramFacts.hpp"
 #include "platform/Platform.hpp"
 #include "ui/Containers.hpp"
 #include "ui/Picture.hpp"

@@ -27,7 +27,7 @@
 #include "platform/Platform.hpp"
 
 #ifdef HILALOR_RELEASE_FEED
-#include "app/Release.hpp"
+#include "app/ProgramFacts.hpp"
 #include "desktop/updates/FeedUpdater.hpp"
 #endif
 

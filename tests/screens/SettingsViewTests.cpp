@@ -2,7 +2,7 @@
 
 #include <QAbstractButton>
 
-#include "app/Release.hpp"
+#include "app/ProgramFacts.hpp"
 #include "tests/fakes/TemporaryFolder.hpp"
 #include "tests/screens/SettingsTest.hpp"
 #include "ui/Containers.hpp"

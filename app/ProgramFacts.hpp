@@ -2,7 +2,7 @@
 
 namespace Hilalor {
 
-/// The program's own release.
+/// The running program's version.
 inline constexpr const char* kVersion = HILALOR_VERSION;
 
 /// Where the program is at home.
