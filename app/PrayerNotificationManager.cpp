@@ -198,8 +198,10 @@ void PrayerNotificationManager::start(std::shared_ptr<AudioPlayer>& place,
 
 void PrayerNotificationManager::audioPlayerDidFinishPlaying(AudioPlayer& player,
                                                             bool /*successfully*/) {
+  const bool supplicationFollows =
+      athanPlayer_.get() == &player && std::exchange(pendingDua_, false);
   playingVoice.assign(std::nullopt);
-  if (athanPlayer_.get() == &player && std::exchange(pendingDua_, false)) {
+  if (supplicationFollows) {
     athanPlayer_.reset();
     playDua();
     return;
