@@ -20,9 +20,10 @@ class LinuxNotificationCenter final : public NotificationCenter {
   /// The user's bus as it is now; none while there is no bus.
   using Bus = std::function<std::optional<QDBusConnection>()>;
 
-  /// A service that does not answer in time counts as none.
+  /// A service that does not answer in time counts as none. One that the bus must first start on a
+  /// busy machine needs many seconds, and nothing else waits for it.
   LinuxNotificationCenter(RunLoop& loop, Bus bus,
-                          std::chrono::milliseconds answersWithin = std::chrono::seconds(5));
+                          std::chrono::milliseconds answersWithin = std::chrono::seconds(20));
 
   void setDelegate(Delegate* delegate) override { delegate_ = delegate; }
   void requestAuthorization(NotificationOptions options,
