@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 
 #include <cassert>
-#include <chrono>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -15,13 +14,6 @@
 
 namespace Hilalor {
 namespace {
-
-using namespace std::chrono_literals;
-
-// Another program's write is over in well under a millisecond. A start may wait longer, since all
-// that follows hangs on what is read; a keystroke may not.
-constexpr auto kReadPatience = 500ms;
-constexpr auto kWritePatience = 20ms;
 
 // Plain tables with an index beside them: a damaged page then costs no more than its own rows.
 constexpr const char* kPreparation =
@@ -85,17 +77,21 @@ struct ValueBinder {
 
 }  // namespace
 
-DefaultsFile::Opened DefaultsFile::open(const std::filesystem::path& path) {
+DefaultsFile::Opened DefaultsFile::open(const std::filesystem::path& path,
+                                        std::chrono::milliseconds patience) {
   makeFolder(path.parent_path());
   Opened opened;
-  if (tryOpen(path, opened) == Outcome::damaged && setAside(path)) tryOpen(path, opened);
+  if (tryOpen(path, patience, opened) == Outcome::damaged && setAside(path)) {
+    tryOpen(path, patience, opened);
+  }
   return opened;
 }
 
-DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path, Opened& opened) {
+DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path,
+                                            std::chrono::milliseconds patience, Opened& opened) {
   auto connection = SqliteConnection::open(path, SqliteConnection::Access::readWrite);
   if (!connection || connection->isReadOnly()) return Outcome::refused;
-  connection->setPatience(kReadPatience);
+  connection->setPatience(patience);
   DefaultsContent content;
   int status = connection->execute(kPreparation);
   if (status == SQLITE_OK) status = loadContent(*connection, content);

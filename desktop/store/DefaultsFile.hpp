@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -29,8 +30,10 @@ class DefaultsFile {
     DefaultsContent salvaged;
   };
 
-  /// Opens the file for writing, with its folder made where they are absent.
-  [[nodiscard]] static Opened open(const std::filesystem::path& path);
+  /// Opens the file for writing, with its folder made where they are absent. The patience is for
+  /// another program's lock.
+  [[nodiscard]] static Opened open(const std::filesystem::path& path,
+                                   std::chrono::milliseconds patience);
 
   /// What a file that cannot be written holds; empty where it cannot be read either.
   [[nodiscard]] static DefaultsContent contentOfProtected(const std::filesystem::path& path);
@@ -41,6 +44,10 @@ class DefaultsFile {
     damaged,  ///< The file is no longer sound.
   };
 
+  /// How long a write waits for another program's lock. Their writes are over in well under a
+  /// millisecond, and a keystroke may not wait longer.
+  static constexpr std::chrono::milliseconds kWritePatience{20};
+
   /// Writes the places as they are in the content, all or none.
   Outcome write(const DefaultsContent& content, const UnwrittenPlaces& places);
 
@@ -50,7 +57,8 @@ class DefaultsFile {
 
  private:
   DefaultsFile(const std::filesystem::path& path, std::unique_ptr<SqliteConnection> connection);
-  static Outcome tryOpen(const std::filesystem::path& path, Opened& opened);
+  static Outcome tryOpen(const std::filesystem::path& path, std::chrono::milliseconds patience,
+                         Opened& opened);
   int writePlace(const DefaultsPlace& place, const StoredValue* value);
 
   std::filesystem::path path_;

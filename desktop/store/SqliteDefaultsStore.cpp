@@ -12,6 +12,9 @@
 namespace Hilalor {
 namespace {
 
+// For another program's lock. All that follows hangs on what a start reads.
+constexpr std::chrono::milliseconds kStartPatience{500};
+
 constexpr Seconds kFirstRetry{1};
 constexpr Seconds kLongestRetry{64};
 
@@ -39,7 +42,7 @@ SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file, RunLoop& lo
     : path_(std::move(file)), loop_(loop), retryDelay_(kFirstRetry) {
   std::error_code error;
   if (!std::filesystem::exists(path_, error)) return;
-  connect();
+  connect(kStartPatience);
   if (!file_ && content_.empty()) content_ = DefaultsFile::contentOfProtected(path_);
   if (!unwritten_.empty()) writeThrough();
 }
@@ -141,7 +144,7 @@ bool SqliteDefaultsStore::writeUnwritten() {
   if (file_ && file_->leaveIfMoved()) file_.reset();
   // A file found damaged is set aside by opening it once more; the second is a new one.
   for (int attempt = 0; attempt < 2; ++attempt) {
-    if (!file_) connect();
+    if (!file_) connect(DefaultsFile::kWritePatience);
     if (!file_) return false;
     switch (file_->write(content_, unwritten_)) {
       case DefaultsFile::Outcome::done:
@@ -156,8 +159,8 @@ bool SqliteDefaultsStore::writeUnwritten() {
   return false;
 }
 
-void SqliteDefaultsStore::connect() {
-  auto opened = DefaultsFile::open(path_);
+void SqliteDefaultsStore::connect(std::chrono::milliseconds patience) {
+  auto opened = DefaultsFile::open(path_, patience);
   std::erase_if(opened.salvaged, [&](const auto& item) { return unwritten_.contains(item.first); });
   content_.merge(opened.salvaged);
   if (!opened.file) return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -48,7 +49,7 @@ class SqliteDefaultsStore final : public DefaultsStore {
 
   void writeThrough();
   bool writeUnwritten();
-  void connect();
+  void connect(std::chrono::milliseconds patience);
   void reconcile(DefaultsContent stored);
   void tryLater();
 
