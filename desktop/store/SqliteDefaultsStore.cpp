@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
+#include <string>
 #include <system_error>
 #include <type_traits>
 #include <utility>
@@ -79,8 +81,8 @@ std::optional<TextDictionary> SqliteDefaultsStore::dictionary(std::string_view k
   TextDictionary dictionary;
   auto place = std::next(content_.find({name, std::nullopt}));
   for (; place != content_.end() && place->first.key == name; ++place) {
-    dictionary.emplace_hint(dictionary.end(), *place->first.entry,
-                            std::get<std::string>(place->second));
+    const auto* text = std::get_if<std::string>(&place->second);
+    if (text != nullptr) dictionary.emplace_hint(dictionary.end(), *place->first.entry, *text);
   }
   return dictionary;
 }
@@ -173,13 +175,33 @@ void SqliteDefaultsStore::reconcile(DefaultsContent stored) {
   for (const auto& place : unwritten_) {
     if (!content_.contains(place)) stored.erase(place);
   }
+  std::set<std::string> dictionaries;
   for (auto& [place, value] : content_) {
+    if (std::holds_alternative<DictionaryMark>(value)) dictionaries.insert(place.key);
     const bool isNews = unwritten_.contains(place);
     if (!isNews && (stored.contains(place) || std::holds_alternative<OpaqueValue>(value))) continue;
+    if (place.entry) dictionaries.insert(place.key);
     unwritten_.insert(place);
     stored.insert_or_assign(place, std::move(value));
   }
   content_ = std::move(stored);
+  for (const auto& key : dictionaries)
+    makeReadable(key);
+}
+
+// Takes out of a dictionary the entries that are no text, for which all of it would be ignored.
+void SqliteDefaultsStore::makeReadable(const std::string& dictionary) {
+  const DefaultsPlace head{dictionary, std::nullopt};
+  const auto found = content_.find(head);
+  const bool isAbsent = found == content_.end();
+  if (isAbsent || std::holds_alternative<OpaqueValue>(found->second)) put(head, DictionaryMark());
+  if (!holdsDictionary(dictionary)) return;
+  auto place = content_.upper_bound(head);
+  while (place != content_.end() && place->first.key == dictionary) {
+    const auto next = std::next(place);
+    if (!std::holds_alternative<std::string>(place->second)) takeOut(DefaultsPlace(place->first));
+    place = next;
+  }
 }
 
 void SqliteDefaultsStore::tryLater() {

@@ -18,7 +18,8 @@ namespace Hilalor {
 /// again with every further write and after a while; there is no timer when nothing waits. A
 /// damaged file is set aside, and what could be read of it goes into a new one. A file that was
 /// deleted is made anew, and one put in its place gains what only this program remembers; where
-/// both have a value, the file's stands, unless ours was never written.
+/// both have a value, the file's stands, unless ours was never written. Dictionaries come together
+/// entry by entry, without those that are no text.
 ///
 /// Nothing is created before the first write.
 class SqliteDefaultsStore final : public DefaultsStore {
@@ -51,6 +52,7 @@ class SqliteDefaultsStore final : public DefaultsStore {
   bool writeUnwritten();
   void connect(std::chrono::milliseconds patience);
   void reconcile(DefaultsContent stored);
+  void makeReadable(const std::string& dictionary);
   void tryLater();
 
   std::filesystem::path path_;
