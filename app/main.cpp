@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDBusConnection>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -37,6 +38,8 @@ using namespace Hilalor;
 
 // By then the item is in its bar, whatever that took.
 constexpr Seconds kStarted{5};
+
+constexpr std::chrono::seconds kShutdownPatience{2};
 
 // Nothing touches the location service before the user was asked, which the first run does.
 GeoClueLocationService::Contact firstContact(const DefaultsStore& defaults) {
@@ -89,6 +92,9 @@ class LinuxDesktop {
   ~LinuxDesktop() {
     resetSharedObjects();
     Platform::install(nullptr);
+    // Work on other threads uses what goes next. What hangs there is left behind: everything was
+    // stored when it changed.
+    if (!loop_.endBackgroundWork(kShutdownPatience)) std::_Exit(EXIT_SUCCESS);
   }
 
  private:

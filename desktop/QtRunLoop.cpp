@@ -1,8 +1,8 @@
 #include "desktop/QtRunLoop.hpp"
 
+#include <QCoreApplication>
 #include <QTimer>
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -75,6 +75,13 @@ void QtRunLoop::inBackground(BackgroundWork work) {
   background_.start([this, work = std::move(work)] {
     if (auto answer = work()) post(std::move(answer));
   });
+}
+
+bool QtRunLoop::endBackgroundWork(std::chrono::milliseconds patience) {
+  background_.clear();
+  if (!background_.waitForDone(static_cast<int>(patience.count()))) return false;
+  QCoreApplication::removePostedEvents(&mainThread_);
+  return true;
 }
 
 }  // namespace Hilalor

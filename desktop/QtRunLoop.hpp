@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QThreadPool>
+#include <chrono>
 #include <memory>
 
 #include "platform/RunLoop.hpp"
@@ -21,6 +22,11 @@ class QtRunLoop : public RunLoop {
   [[nodiscard]] std::unique_ptr<Timer> repeating(Seconds period, Task task) override;
   void after(Seconds delay, Task task) override;
   void inBackground(BackgroundWork work) override;
+
+  /// Ends the work on other threads before what it uses goes: waits for what has begun, and drops
+  /// the rest, the answers and all that was posted. False when something still works after that
+  /// time; nothing it uses may then go.
+  [[nodiscard]] bool endBackgroundWork(std::chrono::milliseconds patience);
 
  private:
   /// Receives everything that is queued for the main thread.

@@ -6,7 +6,10 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <chrono>
+#include <latch>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Hilalor {
@@ -93,6 +96,20 @@ TEST_F(QtRunLoopTest, WhatWaitsWhenTheLoopGoesIsDropped) {
   }
   runFor(5ms);
   EXPECT_TRUE(ran.empty());
+}
+
+TEST_F(QtRunLoopTest, EndsBackgroundWorkAndLetsGoOfItsAnswers) {
+  std::latch gate(1);
+  auto service = std::make_shared<int>();
+  loop.inBackground([&gate, service]() -> RunLoop::Task {
+    gate.wait();
+    return [service] {};
+  });
+  const std::weak_ptr held = std::exchange(service, nullptr);
+  EXPECT_FALSE(loop.endBackgroundWork(1ms));
+  gate.count_down();
+  EXPECT_TRUE(loop.endBackgroundWork(1min));
+  EXPECT_TRUE(held.expired());
 }
 
 }  // namespace
