@@ -106,7 +106,7 @@ class LinuxDesktop {
   ScreenSurfaces surfaces_{resourceFolder() / "AppIcon.png"};
   LinuxScreens screens_;
   LinuxMouseMonitor mouse_;
-  ColorSchemeSetting colorScheme_;
+  ColorSchemeSetting colorScheme_{sessionBus_};
   GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};

@@ -9,19 +9,18 @@ namespace {
 
 constexpr std::chrono::seconds kRetryPeriod{30};
 
-/// Without an address the library would start a bus of its own, which nobody else is on.
-bool hasAddress() {
-  if (qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return true;
-  const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
-}
-
 /// A name is used once: Qt keeps a dead connection under it.
 QString connectionName(int attempt) {
   return QStringLiteral("hilalor-session-%1").arg(attempt);
 }
 
 }  // namespace
+
+bool SessionBus::hasAddress() {
+  if (qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return true;
+  const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
+}
 
 SessionBus::SessionBus(RunLoop& loop) : loop_(loop) {
   connectInBackground();

@@ -16,6 +16,10 @@ class SessionBus : public QObject {
   Q_OBJECT
 
  public:
+  /// Whether the session says where its bus is. Where it does not, libdbus would start a bus of its
+  /// own, which nobody else is on: it must not be asked to connect. Any thread.
+  [[nodiscard]] static bool hasAddress();
+
   /// Starts to connect. The loop must outlive the bus.
   explicit SessionBus(RunLoop& loop);
   ~SessionBus() override;

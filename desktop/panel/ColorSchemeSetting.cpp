@@ -1,7 +1,6 @@
 #include "desktop/panel/ColorSchemeSetting.hpp"
 
 #include <QApplication>
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -23,15 +22,20 @@ constexpr uint kPrefersLight = 2;
 
 }  // namespace
 
-ColorSchemeSetting::ColorSchemeSetting() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!bus.isConnected()) return;
-  bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+ColorSchemeSetting::ColorSchemeSetting(SessionBus& sessionBus)
+    : sessionBus_(sessionBus), ofBus_(sessionBus.changed.subscribe([this] { ask(); })) {
+  ask();
+}
+
+void ColorSchemeSetting::ask() {
+  auto bus = sessionBus_.connection();
+  if (!bus) return;
+  bus->connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+               SLOT(settingChanged(QString, QString, QDBusVariant)));
   QDBusMessage read =
       QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
   read << kGroup << kKey;
-  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
+  auto* answer = new QDBusPendingCallWatcher(bus->asyncCall(read), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [](QDBusPendingCallWatcher* call) {
     const QDBusPendingReply<QDBusVariant> reply = *call;
     if (!reply.isError()) apply(reply.value().variant());

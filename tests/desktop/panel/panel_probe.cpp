@@ -160,7 +160,7 @@ int main(int argc, char** argv) {
                     .updater = nullptr,
                     .soundFolders = {}};
   Platform::install(&platform);
-  const ColorSchemeSetting colorScheme;
+  const ColorSchemeSetting colorScheme(bus);
   {
     StatusBarController controller(nullptr);
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
