@@ -47,8 +47,14 @@ StatusBarController::StatusBarController(Updater* updater)
   platform_.application.setReopenHandler([this] {
     if (!panel_) openCalendar(KeyboardAtOpening::taken);
   });
+  platform_.application.setResumeHandler([this] { tick(); });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
+}
+
+StatusBarController::~StatusBarController() {
+  platform_.application.setReopenHandler({});
+  platform_.application.setResumeHandler({});
 }
 
 void StatusBarController::subscribe() {

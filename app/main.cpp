@@ -86,6 +86,7 @@ class LinuxDesktop {
                   .updater = updater_.get(),
                   .soundFolders = soundFolders()} {
     Platform::install(&platform_);
+    application.remainTheRunningCopy(sessionBus_);
   }
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;

@@ -9,6 +9,8 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QGuiApplication>
 #include <QSessionManager>
 #include <QVariantMap>
@@ -61,6 +63,9 @@ LinuxApplication::LinuxApplication() {
   isRunning = true;
   std::atexit(endWithTheSession);
   endOnSignals();
+  new ApplicationAdaptor(this, [this] {
+    if (reopen_) reopen_();
+  });
   // A restored session would start the program beside its autostart entry.
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, this,
@@ -75,11 +80,10 @@ LinuxApplication::~LinuxApplication() {
 }
 
 bool LinuxApplication::becomeTheRunningCopy() {
+  if (!SessionBus::hasAddress()) return true;
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return true;
-  new ApplicationAdaptor(this, [this] {
-    if (reopen_) reopen_();
-  });
+  named_ = bus;
   bus.registerObject(kBusPath, this);
   const auto reply = bus.interface()->registerService(kBusName);
   if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) return true;
@@ -91,12 +95,45 @@ bool LinuxApplication::becomeTheRunningCopy() {
   return false;
 }
 
+void LinuxApplication::remainTheRunningCopy(SessionBus& sessionBus) {
+  ofBus_ = sessionBus.changed.subscribe([this, &sessionBus] {
+    const bool hasName = named_ && named_->isConnected();
+    if (!hasName && sessionBus.connection()) takeNameOn(*sessionBus.connection());
+  });
+}
+
+void LinuxApplication::takeNameOn(QDBusConnection bus) {
+  constexpr uint kDoNotQueue = 4;
+  constexpr uint kIsTaken = 3;
+  named_ = bus;
+  bus.registerObject(kBusPath, this);
+  auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                "org.freedesktop.DBus", "RequestName");
+  request << kBusName << kDoNotQueue;
+  auto* call = new QDBusPendingCallWatcher(bus.asyncCall(request), this);
+  QObject::connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+    const QDBusPendingReply<uint> reply = *call;
+    call->deleteLater();
+    // Two copies would announce every prayer twice.
+    if (reply.isValid() && reply.value() == kIsTaken) terminate();
+  });
+}
+
 void LinuxApplication::terminate() {
+  // SIGHUP may come right behind SIGTERM when a session ends, and hurries nobody.
+  for (const int number : {SIGTERM, SIGINT})
+    signal(number, SIG_DFL);
   QCoreApplication::exit(EXIT_SUCCESS);
 }
 
 void LinuxApplication::setReopenHandler(std::function<void()> handler) {
   reopen_ = std::move(handler);
+}
+
+void LinuxApplication::setResumeHandler(std::function<void()> handler) {
+  sleepWatch_.reset();
+  if (!handler) return;
+  sleepWatch_ = std::make_unique<SleepWatch>(QDBusConnection::systemBus(), std::move(handler));
 }
 
 void LinuxApplication::endOnSignals() {

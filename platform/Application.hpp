@@ -15,6 +15,10 @@ class Application {
   /// Called when the user starts the program a second time: the new copy ends, this one shows
   /// itself.
   virtual void setReopenHandler(std::function<void()> handler) = 0;
+
+  /// Called when the machine wakes from its sleep, where the desktop tells. Timers did not count
+  /// the time it slept.
+  virtual void setResumeHandler(std::function<void()> handler) = 0;
 };
 
 }  // namespace Hilalor

@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
+#include "app/PrayerTimesCalculator.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 
@@ -93,6 +95,30 @@ TEST_F(StatusBarControllerTest, AnAnnouncementTakesTheTitleOverAndGivesItBack) {
   EXPECT_EQ(bar().title(), "\U0001F4C5");
 }
 
+TEST_F(StatusBarControllerTest, TicksAtOnceWhenTheMachineWakes) {
+  start();
+  auto& settings = AppSettings::shared();
+  settings.prayerNotificationsEnabled = true;
+  const auto place = settings.effectiveLocation();
+  const auto schedule = PrayerTimesCalculator::calculate(
+      kLateEvening + Seconds(60), place.latitude, place.longitude, place.timeZone, false, settings);
+  const auto maghrib = std::find_if(schedule.begin(), schedule.end(),
+                                    [](const auto& row) { return row.name == "Maghrib"; });
+  ASSERT_NE(maghrib, schedule.end());
+  const auto wakeAt = [this, maghrib](Seconds afterMaghrib) {
+    loop().setClock(maghrib->time + afterMaghrib);
+    desktop().application.resume();
+    loop().runPosted();
+  };
+  // A minute that was slept through is not caught up; one that still runs is announced once.
+  wakeAt(Seconds(60));
+  EXPECT_EQ(bar().title(), "7 Apr");
+  wakeAt(Seconds(59));
+  EXPECT_EQ(bar().title(), "\U0001F54C Maghrib Athan");
+  wakeAt(Seconds(59));
+  EXPECT_EQ(desktop().notifications.shown.size(), 1U);
+}
+
 TEST_F(StatusBarControllerTest, RunsOnWithoutAButton) {
   bar().hasButton = false;
   const StatusBarController controller(nullptr);
@@ -112,6 +138,8 @@ TEST_F(StatusBarControllerTest, QuitsByItsMenu) {
 TEST_F(StatusBarControllerTest, NothingIsDeliveredToOneThatIsGone) {
   auto controller = std::make_unique<StatusBarController>(nullptr);
   controller.reset();
+  EXPECT_FALSE(desktop().application.reopen);
+  EXPECT_FALSE(desktop().application.resume);
   bar().titles.clear();
   AppSettings::shared().menuBarStyle = MenuBarStyle::emoji;
   loop().advance(Seconds(90));

@@ -17,9 +17,11 @@ class FakeApplication final : public Application {
  public:
   void terminate() override { ++terminations; }
   void setReopenHandler(std::function<void()> handler) override { reopen = std::move(handler); }
+  void setResumeHandler(std::function<void()> handler) override { resume = std::move(handler); }
 
   int terminations = 0;
   std::function<void()> reopen;
+  std::function<void()> resume;
 };
 
 /// Remembers what the item shows; outlives the item that the bar gave out.

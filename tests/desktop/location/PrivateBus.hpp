@@ -12,41 +12,60 @@ namespace Hilalor {
 class PrivateBus {
  public:
   PrivateBus() {
-    QFile configuration(folder_.filePath(QStringLiteral("bus.conf")));
+    QFile configuration(configurationPath());
     if (!configuration.open(QIODevice::WriteOnly)) return;
-    const auto address = QStringLiteral("unix:path=") + folder_.filePath(QStringLiteral("bus"));
     configuration.write(QStringLiteral(R"(<busconfig><type>session</type><listen>%1</listen>
         <policy context="default"><allow user="*"/><allow own="*"/><allow send_destination="*"/>
         <allow receive_sender="*"/></policy></busconfig>)")
-                            .arg(address)
+                            .arg(address())
                             .toUtf8());
     configuration.close();
     daemon_.setStandardErrorFile(QProcess::nullDevice());
-    daemon_.start(QStringLiteral("dbus-daemon"),
-                  {QStringLiteral("--config-file=") + configuration.fileName(),
-                   QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-    if (daemon_.waitForStarted() && daemon_.waitForReadyRead()) address_ = address;
+    start();
   }
 
-  ~PrivateBus() {
-    daemon_.kill();
-    daemon_.waitForFinished();
-  }
+  ~PrivateBus() { end(); }
 
   PrivateBus(const PrivateBus&) = delete;
   PrivateBus& operator=(const PrivateBus&) = delete;
 
   /// False where the machine has no message bus.
-  [[nodiscard]] bool isRunning() const { return !address_.isEmpty(); }
+  [[nodiscard]] bool isRunning() const { return isRunning_; }
+
+  [[nodiscard]] QString address() const {
+    return QStringLiteral("unix:path=") + folder_.filePath(QStringLiteral("bus"));
+  }
+
+  /// Ends the bus with its connections; another comes under the same address.
+  void restart() {
+    end();
+    start();
+  }
 
   [[nodiscard]] QDBusConnection connection(const QString& name) const {
-    return QDBusConnection::connectToBus(address_, name);
+    return QDBusConnection::connectToBus(address(), name);
   }
 
  private:
+  [[nodiscard]] QString configurationPath() const {
+    return folder_.filePath(QStringLiteral("bus.conf"));
+  }
+
+  void start() {
+    daemon_.start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--config-file=") + configurationPath(),
+                   QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    isRunning_ = daemon_.waitForStarted() && daemon_.waitForReadyRead();
+  }
+
+  void end() {
+    daemon_.kill();
+    daemon_.waitForFinished();
+  }
+
   QTemporaryDir folder_;
   QProcess daemon_;
-  QString address_;
+  bool isRunning_ = false;
 };
 
 }  // namespace Hilalor

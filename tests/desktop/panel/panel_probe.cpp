@@ -48,6 +48,7 @@ class QtApplication final : public Application {
  public:
   void terminate() override { QApplication::quit(); }
   void setReopenHandler(std::function<void()>) override {}
+  void setResumeHandler(std::function<void()>) override {}
 };
 
 /// Tells when the first window of a panel has been painted.

@@ -1,0 +1,83 @@
+#include "desktop/LinuxApplication.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusConnectionInterface>
+#include <csignal>
+#include <functional>
+
+#include "desktop/SessionBus.hpp"
+#include "tests/desktop/location/PrivateBus.hpp"
+#include "tests/fakes/VirtualLoop.hpp"
+
+namespace Hilalor {
+namespace {
+
+const QString kName = QStringLiteral("org.hilalor.Hilalor");
+
+void runUntil(const std::function<bool()>& condition) {
+  while (!condition())
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+/// Who has the program's name; empty for nobody.
+QString owner(const PrivateBus& bus) {
+  static int connections = 0;
+  const auto name = QStringLiteral("onlooker-%1").arg(++connections);
+  const auto answer = bus.connection(name).interface()->serviceOwner(kName);
+  QDBusConnection::disconnectFromBus(name);
+  return answer.isValid() ? answer.value() : QString();
+}
+
+// libdbus remembers the first address of the session's bus for good.
+class LinuxApplicationTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon";
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+  }
+
+  PrivateBus bus;
+  VirtualLoop loop;
+};
+
+TEST_F(LinuxApplicationTest, TakesItsNameOnEveryBusThatComes) {
+  LinuxApplication application;
+  ASSERT_TRUE(application.becomeTheRunningCopy());
+  SessionBus sessionBus(loop);
+  application.remainTheRunningCopy(sessionBus);
+  loop.runPosted();
+  ASSERT_TRUE(sessionBus.connection());
+  const auto first = owner(bus);
+  EXPECT_FALSE(first.isEmpty());
+
+  bus.restart();
+  runUntil([&] { return !sessionBus.connection(); });
+  loop.advance(Seconds(30));
+  runUntil([&] { return !owner(bus).isEmpty(); });
+  EXPECT_EQ(owner(bus), sessionBus.connection()->baseService());
+
+  // The name is refused where another copy was faster.
+  bus.restart();
+  runUntil([&] { return !sessionBus.connection(); });
+  auto copy = bus.connection(QStringLiteral("copy"));
+  ASSERT_TRUE(copy.registerService(kName));
+  loop.advance(Seconds(30));
+  EXPECT_EQ(QCoreApplication::exec(), 0) << "ends";
+  QDBusConnection::disconnectFromBus(QStringLiteral("copy"));
+}
+
+TEST_F(LinuxApplicationTest, ASecondSignalEndsAShutdownThatIsStuck) {
+  LinuxApplication application;
+  const auto raiseTwice = [&] {
+    raise(SIGTERM);
+    application.terminate();
+    raise(SIGHUP);
+    raise(SIGTERM);
+  };
+  EXPECT_EXIT(raiseTwice(), testing::KilledBySignal(SIGTERM), "");
+}
+
+}  // namespace
+}  // namespace Hilalor
