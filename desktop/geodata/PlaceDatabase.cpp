@@ -24,7 +24,7 @@ constexpr double kAreaKm = 300;
 
 // What a match is worth beside the town's size, in the tenths of a doubling of its people.
 constexpr int kWholeName = 60;
-constexpr int kOwnName = 40;
+constexpr int kOwnName = 20;
 
 double radiusKm(const PlaceTable::Record& record) {
   if (record.populationClass == 0) return kRadiusOfUnknownKm;
@@ -137,6 +137,28 @@ std::vector<Place> PlaceDatabase::search(std::string_view text, std::size_t limi
   return places;
 }
 
+std::vector<Place> PlaceDatabase::foremost(PlaceTable::Square square, std::size_t limit) const {
+  struct Ranked {
+    double rank;
+    int populationClass;
+    std::uint32_t number;
+  };
+  std::vector<Ranked> ranked;
+  table_.forEachIn(square, [&](std::uint32_t number, const PlaceTable::Record& record) {
+    ranked.push_back({record.labelRank(), record.populationClass, number});
+  });
+  const std::size_t count = std::min(limit, ranked.size());
+  std::partial_sort(ranked.begin(), ranked.begin() + static_cast<std::ptrdiff_t>(count),
+                    ranked.end(), [](const Ranked& one, const Ranked& other) {
+                      return std::tie(one.rank, other.populationClass, one.number) <
+                             std::tie(other.rank, one.populationClass, other.number);
+                    });
+  std::vector<Place> places;
+  for (std::size_t i = 0; i < count; ++i)
+    if (const auto found = place(ranked[i].number)) places.push_back(*found);
+  return places;
+}
+
 std::optional<Place> PlaceDatabase::place(std::uint32_t number) const {
   const auto record = table_.record(number);
   if (!record) return std::nullopt;
@@ -147,7 +169,8 @@ std::optional<Place> PlaceDatabase::place(std::uint32_t number) const {
                record->coordinate(),
                record->population(),
                record->isCitySection(),
-               record->mapRank()};
+               record->mapRank(),
+               record->labelRank()};
 }
 
 }  // namespace Hilalor

@@ -23,6 +23,7 @@ struct Place {
   double population = 0;       ///< To about 4 %; 0 where unknown.
   bool isCitySection = false;  ///< A quarter of a city, and not a town.
   unsigned mapRank = 0;  ///< How prominent on a map: 0 to 14 from the largest on, 15 all others.
+  double labelRank = 0;  ///< The same, those without a rank told apart by their people: to 18.
 };
 
 /// What is known of a point. Its texts live as long as the database.
@@ -52,6 +53,9 @@ class PlaceDatabase {
   /// The places with a name of which a word begins like the text, whatever its letter case and
   /// diacritics, also in the Arabic script; the largest and best matching first.
   [[nodiscard]] std::vector<Place> search(std::string_view text, std::size_t limit) const;
+
+  /// The most prominent places in the square, the first of them first.
+  [[nodiscard]] std::vector<Place> foremost(PlaceTable::Square square, std::size_t limit) const;
 
   [[nodiscard]] std::uint32_t placeCount() const { return table_.count(); }
 

@@ -21,6 +21,12 @@ constexpr std::size_t kAreaSize = 8;
 constexpr std::size_t kZoneSize = 8;
 constexpr std::size_t kRecordSize = 8;
 
+// People without a rank of their own: so many doublings make up for all ranks.
+constexpr double kDoublingsOfRanks = 25;
+constexpr double kForemostUnranked = 9;
+constexpr double kLastUnranked = 16;
+constexpr double kStepOfCitySection = 2;
+
 constexpr int kLandCellsPerDegree = 20;
 constexpr std::uint32_t kLandRowCount = 180 * kLandCellsPerDegree;
 constexpr std::uint32_t kLandColumnCount = 360 * kLandCellsPerDegree;
@@ -63,6 +69,14 @@ LocationCoordinate PlaceTable::Record::coordinate() const {
 
 double PlaceTable::Record::population() const {
   return populationClass == 0 ? 0 : std::exp2(populationClass / 10.0);
+}
+
+double PlaceTable::Record::labelRank() const {
+  constexpr unsigned kUnranked = 15;
+  if (mapRank() < kUnranked) return mapRank();
+  const double byPeople = kDoublingsOfRanks - populationClass / 10.0;
+  return std::clamp(byPeople, kForemostUnranked, kLastUnranked) +
+         (isCitySection() ? kStepOfCitySection : 0);
 }
 
 PlaceTable::PlaceTable(const DataFile& file)
@@ -147,6 +161,23 @@ bool PlaceTable::isNearLand(LocationCoordinate coordinate) const {
       first, last, [&](std::uint32_t i) { return landColumns_.u16(std::size_t{2} * i) <= column; });
   // Up to the column runs of land have begun and ended by turns; an odd number leaves one open.
   return ((after - first) & 1U) != 0;
+}
+
+void PlaceTable::forEachIn(
+    Square square,
+    const std::function<void(std::uint32_t number, const Record& record)>& visit) const {
+  const int firstRow = std::max(0, square.south + 90);
+  const int firstColumn = std::max(0, square.west + 180);
+  const int rowEnd = std::min(kCellRows, square.south + 90 + square.side);
+  const int columnEnd = std::min(kCellColumns, square.west + 180 + square.side);
+  for (int row = firstRow; row < rowEnd; ++row) {
+    for (int column = firstColumn; column < columnEnd; ++column) {
+      const auto cell = static_cast<std::uint32_t>(row * kCellColumns + column);
+      const std::uint32_t last = std::min(cells_.u32(std::size_t{4} * cell + 4), count());
+      for (std::uint32_t number = cells_.u32(std::size_t{4} * cell); number < last; ++number)
+        visit(number, recordAt(number, cell));
+    }
+  }
 }
 
 void PlaceTable::forEachWithin(double km, LocationCoordinate coordinate,

@@ -26,6 +26,9 @@ class PlaceTable {
     [[nodiscard]] bool isCitySection() const { return (flags & 1) != 0; }
     /// How prominent a map shows it: from 0 for the largest cities to 14, and 15 for all others.
     [[nodiscard]] unsigned mapRank() const { return flags >> 4U; }
+    /// The same without a gap, from 0 to 18 for a quarter of a city: who has no rank takes
+    /// one by the number of people, a step for each doubling.
+    [[nodiscard]] double labelRank() const;
     [[nodiscard]] LocationCoordinate coordinate() const;
     /// To about 4 %; 0 where unknown.
     [[nodiscard]] double population() const;
@@ -62,6 +65,18 @@ class PlaceTable {
 
   /// Whether land is near: true up to 3 km from it, false from 20 km on.
   [[nodiscard]] bool isNearLand(LocationCoordinate coordinate) const;
+
+  /// So many whole degrees to the north and east of a corner.
+  struct Square {
+    int west = 0;   ///< From -180.
+    int south = 0;  ///< From -90.
+    int side = 0;
+  };
+
+  /// Visits the places in the square, as much of it as is on the globe.
+  void forEachIn(
+      Square square,
+      const std::function<void(std::uint32_t number, const Record& record)>& visit) const;
 
   using Visitor = std::function<void(std::uint32_t number, const Record& record, double km)>;
 

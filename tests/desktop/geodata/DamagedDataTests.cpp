@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "desktop/geodata/MapDatabase.hpp"
 #include "tests/desktop/geodata/ShippedData.hpp"
 
 namespace Hilalor {
@@ -49,6 +50,23 @@ void lookAround(const Bytes& zoneBytes, const Bytes& placeBytes) {
     static_cast<void>(places->place(static_cast<std::uint32_t>(random() % 250000)));
 }
 
+// Reads every tile; whatever is in them, their points are points of the tile.
+void readMap(const Bytes& bytes) {
+  const auto map = MapDatabase::over(bytes);
+  if (!map) return;
+  for (std::size_t level = 0; level < map->tileDegrees().size(); ++level) {
+    const int degrees = map->tileDegrees()[level];
+    for (int number = 0; number < (360 / degrees) * (180 / degrees); ++number) {
+      const MapTile tile{level, number % (360 / degrees), number / (360 / degrees)};
+      map->visitShapes(tile, [](MapLayer, std::span<const MapPoint> points) {
+        for (const MapPoint point : points)
+          ASSERT_TRUE(point.x >= 0 && point.x <= kMapTileUnits && point.y >= 0 &&
+                      point.y <= kMapTileUnits);
+      });
+    }
+  }
+}
+
 class DamagedDataTest : public testing::Test {
  protected:
   // Each file with what opens it.
@@ -60,11 +78,13 @@ class DamagedDataTest : public testing::Test {
 
   Bytes zoneBytes = bytesOf(kZoneFile);
   Bytes placeBytes = bytesOf(kPlaceFile);
+  Bytes mapBytes = bytesOf(kMapFile);
   std::vector<Case> cases{
       {"zones", zoneBytes,
        [](const Bytes& bytes) { return ZoneDatabase::over(bytes).has_value(); }},
       {"places", placeBytes,
        [](const Bytes& bytes) { return PlaceDatabase::over(bytes).has_value(); }},
+      {"map", mapBytes, [](const Bytes& bytes) { return MapDatabase::over(bytes).has_value(); }},
   };
 };
 
@@ -114,6 +134,11 @@ TEST_F(DamagedDataTest, RandomBytesAreSafeToReadInEverySection) {
     scramble(damaged, section);
     lookAround(zoneBytes, damaged);
   }
+  for (const auto& section : sectionsOf(mapBytes)) {
+    Bytes damaged = mapBytes;
+    scramble(damaged, section);
+    readMap(damaged);
+  }
 }
 
 TEST_F(DamagedDataTest, ScatteredDamageIsSafeToRead) {
@@ -128,6 +153,13 @@ TEST_F(DamagedDataTest, ScatteredDamageIsSafeToRead) {
     keepHeader(zones, zoneBytes);
     keepHeader(places, placeBytes);
     lookAround(zones, places);
+  }
+  for (int i = 0; i < 4; ++i) {
+    Bytes map = mapBytes;
+    for (int k = 0; k < 20000; ++k)
+      map[random() % map.size()] = static_cast<std::uint8_t>(random());
+    keepHeader(map, mapBytes);
+    readMap(map);
   }
 }
 

@@ -17,6 +17,7 @@ namespace Hilalor {
 
 inline const std::filesystem::path kZoneFile = HILALOR_GEODATA "/zones/zones.bin";
 inline const std::filesystem::path kPlaceFile = HILALOR_GEODATA "/places/places.bin";
+inline const std::filesystem::path kMapFile = HILALOR_GEODATA "/map/map.bin";
 
 inline std::vector<std::uint8_t> bytesOf(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
