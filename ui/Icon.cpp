@@ -112,6 +112,12 @@ QPainterPath checkMark() {
   return stroked(line);
 }
 
+QPainterPath magnifyingGlass() {
+  QPainterPath handle({10.3, 10.3});
+  handle.lineTo(14, 14);
+  return circle({6.7, 6.7}, 5.2).subtracted(circle({6.7, 6.7}, 3.6)).united(stroked(handle));
+}
+
 QPainterPath drawn(Icon icon) {
   switch (icon) {
     case Icon::power:
@@ -132,6 +138,8 @@ QPainterPath drawn(Icon icon) {
       return circlingArrows();
     case Icon::checkMark:
       return checkMark();
+    case Icon::magnifyingGlass:
+      return magnifyingGlass();
   }
   return {};
 }

@@ -20,6 +20,7 @@ enum class Icon {
   warningTriangle,
   circlingArrows,
   checkMark,
+  magnifyingGlass,
 };
 
 /// The outline to be filled, in a square of side 1.
