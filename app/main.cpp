@@ -13,6 +13,7 @@
 #include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
 #include "desktop/LinuxWorkspace.hpp"
+#include "desktop/OfflineAtlas.hpp"
 #include "desktop/OfflineGeocoder.hpp"
 #include "desktop/QtRunLoop.hpp"
 #include "desktop/Resources.hpp"
@@ -80,6 +81,7 @@ class LinuxDesktop {
                   .mouse = mouse_,
                   .location = location_,
                   .geocoder = geocoder_,
+                  .atlas = atlas_,
                   .notifications = notifications_,
                   .sounds = sounds_,
                   .workspace = &workspace_,
@@ -110,6 +112,7 @@ class LinuxDesktop {
   ColorSchemeSetting colorScheme_{sessionBus_};
   GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
+  OfflineAtlas atlas_{resourceFolder() / "geodata", loop_};
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
   LinuxSoundService sounds_{loop_, soundFolders()};
   LinuxWorkspace workspace_;

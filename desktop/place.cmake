@@ -2,6 +2,7 @@
 target_sources(desktop PRIVATE
   GeoClueLocationService.cpp
   GeoClueSession.cpp
+  OfflineAtlas.cpp
   OfflineGeocoder.cpp
   Resources.cpp)
 target_link_libraries(desktop PUBLIC geodata Qt6::DBus)

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Application.hpp"
+#include "platform/Atlas.hpp"
 #include "platform/Clock.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/Geocoder.hpp"
@@ -33,6 +34,7 @@ struct Platform {
   MouseMonitor& mouse;
   LocationService& location;
   Geocoder& geocoder;
+  Atlas& atlas;
   NotificationCenter& notifications;
   SoundService& sounds;
   /// Null where nothing of other programs can be opened.

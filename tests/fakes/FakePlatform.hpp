@@ -3,6 +3,7 @@
 #include "app/SharedObjects.hpp"
 #include "datetime/Date.hpp"
 #include "platform/Platform.hpp"
+#include "tests/fakes/FakeAtlas.hpp"
 #include "tests/fakes/FakeDesktop.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"
 #include "tests/fakes/FakeLocationService.hpp"
@@ -34,6 +35,7 @@ class FakePlatform {
   FakeMouse mouse;
   FakeLocationService location;
   FakeGeocoder geocoder;
+  FakeAtlas atlas;
   FakeNotificationCenter notifications{loop};
   FakeSoundService sounds{loop};
   FakeWorkspace workspace;
@@ -48,6 +50,7 @@ class FakePlatform {
                     .mouse = mouse,
                     .location = location,
                     .geocoder = geocoder,
+                    .atlas = atlas,
                     .notifications = notifications,
                     .sounds = sounds,
                     .workspace = &workspace,

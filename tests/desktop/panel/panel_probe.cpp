@@ -27,6 +27,7 @@
 #include "desktop/panel/LinuxMouseMonitor.hpp"
 #include "desktop/panel/LinuxScreens.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
+#include "tests/fakes/FakeAtlas.hpp"
 #include "tests/fakes/FakeDesktop.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"
 #include "tests/fakes/FakeLocationService.hpp"
@@ -143,6 +144,7 @@ int main(int argc, char** argv) {
   LinuxMouseMonitor mouse;
   FakeLocationService location;
   FakeGeocoder geocoder;
+  FakeAtlas atlas;
   VirtualLoop silence;
   FakeNotificationCenter notifications(silence);
   FakeSoundService sounds(silence);
@@ -156,6 +158,7 @@ int main(int argc, char** argv) {
                     .mouse = mouse,
                     .location = location,
                     .geocoder = geocoder,
+                    .atlas = atlas,
                     .notifications = notifications,
                     .sounds = sounds,
                     .updater = nullptr,
