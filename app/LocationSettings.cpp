@@ -1,6 +1,7 @@
 #include "app/LocationSettings.hpp"
 
-#include "app/MapSheet.hpp"
+#include "app/MapPickerView.hpp"
+#include "ui/Containers.hpp"
 #include "ui/Symbol.hpp"
 
 namespace Hilalor {
@@ -108,9 +109,12 @@ void LocationSettings::showMap() {
   // The Gulf of Guinea, where nobody lives: the place was never set.
   const LocationCoordinate stored{settings_.manualLatitude, settings_.manualLongitude};
   if (stored != LocationCoordinate{0.0, 0.0}) initial = stored;
-  presentMap(*window(), initial,
-             [this](LocationCoordinate coordinate, const std::string& name,
-                    const TimeZone& timeZone) { take(coordinate, name, timeZone); });
+  auto* map = new MapPickerView(
+      initial, [this](LocationCoordinate coordinate, const std::string& name,
+                      const TimeZone& timeZone) { take(coordinate, name, timeZone); });
+  // Its own, until it is closed.
+  auto* sheet = new Sheet(*window(), map);
+  sheet->open();
 }
 
 void LocationSettings::take(LocationCoordinate coordinate, const std::string& name,

@@ -1,15 +1,20 @@
 #include "app/LocationSettings.hpp"
 
+#include "app/MapPickerView.hpp"
 #include "tests/screens/SettingsTest.hpp"
 
 namespace Hilalor {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class LocationSettingsTest : public SettingsTest {
  protected:
   [[nodiscard]] static LocationManager& manager() { return LocationManager::shared(); }
+
+  /// The map, while it is shown.
+  [[nodiscard]] MapPickerView* map() const { return part<MapPickerView>(*view); }
 
   /// Which of the block's lines are there.
   [[nodiscard]] QStringList lines() const {
@@ -78,6 +83,42 @@ TEST_F(LocationSettingsTest, AManualPlaceIsNamedAndCanBeChanged) {
   click(toggle("Use system location"));
   settle();
   EXPECT_EQ(lines(), QStringList{"Allow Location Access"});
+}
+
+TEST_F(LocationSettingsTest, TheMapGivesThePlaceAndLeavesTheModeAlone) {
+  show();
+  settings().locationMode = LocationMode::manual;
+  settings().manualLatitude = 21.5;
+  settings().manualLongitude = 39.2;
+  settle();
+  desktop.defaults.writes.clear();
+  click(button("Pick Location on Map"));
+  settle();
+  ASSERT_TRUE(map());
+  click(button("Confirm"));
+  settle();
+  EXPECT_THAT(desktop.defaults.writes, ElementsAre("manualLatitude", "manualLongitude",
+                                                   "manualLocationName", "manualTimeZoneId"));
+  EXPECT_EQ(stored("manualLatitude"), "21.500000");
+  EXPECT_EQ(stored("manualLongitude"), "39.200000");
+  EXPECT_EQ(stored("manualLocationName"), "Custom Location");
+  EXPECT_EQ(stored("manualTimeZoneId"), "Asia/Riyadh");
+  EXPECT_FALSE(map());
+  EXPECT_EQ(lines(), QStringList{"Change Location"});
+}
+
+TEST_F(LocationSettingsTest, WithoutAPlaceTheMapBeginsWithoutAPin) {
+  settings().locationMode = LocationMode::manual;
+  show();
+  desktop.defaults.writes.clear();
+  click(button("Pick Location on Map"));
+  settle();
+  ASSERT_TRUE(map());
+  EXPECT_FALSE(button("Confirm")->isEnabled());
+  click(button("Cancel"));
+  settle();
+  EXPECT_FALSE(map());
+  EXPECT_THAT(desktop.defaults.writes, IsEmpty());
 }
 
 }  // namespace
