@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QNativeGestureEvent>
+#include <QPaintEvent>
 #include <QPointingDevice>
 #include <QTest>
 #include <QWheelEvent>
@@ -11,6 +12,7 @@
 #include "app/map/MapLabels.hpp"
 #include "app/map/MapPainter.hpp"
 #include "tests/fakes/FakeAtlas.hpp"
+#include "ui/SearchField.hpp"
 
 namespace Hilalor {
 namespace {
@@ -193,6 +195,36 @@ TEST_F(MapViewTest, KeepsTheRegionWhenItsSizeChangesBeforeTheUserMoves) {
 }
 
 // Pixels.
+
+/// What was painted of a widget since this was made.
+class Painted final : public QObject {
+ public:
+  explicit Painted(QWidget& widget) { widget.installEventFilter(this); }
+  QRegion region;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+};
+
+TEST_F(MapViewTest, IsDrawnAnewAsAWholeAroundAFieldThatGrows) {
+  show();
+  // Names give way to the field, also far from it.
+  const auto find = [](const QString& text) {
+    return std::vector<Suggestion>(static_cast<std::size_t>(text.size()));
+  };
+  SearchField field("Find", {.find = find, .onChoose = {}, .onClose = [] {}});
+  field.setParent(map.get());
+  field.show();
+  field.open("a");
+  QApplication::processEvents();
+  const Painted painted(*map);
+  field.findChild<QLineEdit*>()->setText("abc");
+  QApplication::processEvents();
+  EXPECT_EQ(painted.region, QRegion(map->rect()));
+}
 
 class MapPictureTest : public MapViewTest {
  protected:

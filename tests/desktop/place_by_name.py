@@ -1,0 +1,73 @@
+#!/usr/bin/env python3
+"""A user whose desktop tells no place finds a town by its name, and the bar counts down for it.
+
+    place_by_name.py CASE PROGRAM PICTURES
+
+The pictures taken are left in the folder PICTURES.
+"""
+
+import os
+import sys
+
+from item_on_bars import COUNTDOWN, ItemWindow
+from session.session import Session, wait_until
+from settings_on_desktop import DOWN, Check
+
+NOWHERE = {"locationMode": "automatic", "manualLatitude": 0.0, "manualLongitude": 0.0,
+           "manualLocationName": "", "manualTimeZoneId": ""}
+SHEET_WIDTH = 640
+
+# From the left and the bottom of the window at its end, and of the sheet.
+SET_MANUALLY, MAP_BUTTON = (85, 306), (85, 305)
+CONFIRM = (589, 24)
+
+
+class PlaceByName(Check):
+    def run(self):
+        self.bar.start()
+        item = ItemWindow(self.screen, self.bar, self.program)
+        self.program.start(menuBarStyle="nextPrayer", **NOWHERE)
+        wait_until(lambda: COUNTDOWN.fullmatch(item.title()), "it counts down somewhere")
+        self.open()
+        self.scroll(DOWN)
+        self.click_above_bottom(self.window.rect(), SET_MANUALLY)
+        self.wait_for_stored("locationMode", "manual")
+        self.scroll(DOWN)
+        self.click_above_bottom(self.window.rect(), MAP_BUTTON)
+        sheet = wait_until(self.sheet, "the map is open")
+        self.screen.settled_picture(sheet)
+        self.session.ask("xdotool", "type", "--delay", "40", "kuala lum")
+        self.screen.settled_picture(sheet)
+        self.save("map-search")
+        self.session.ask("xdotool", "key", "Return")
+        self.screen.settled_picture(sheet)
+        self.save("map-found")
+        self.click_above_bottom(sheet, CONFIRM)
+        self.wait_for_stored("manualTimeZoneId", "Asia/Kuala_Lumpur")
+        wait_until(lambda: not self.sheet(), "the map is closed")
+        assert self.stored("manualLocationName").startswith("Kuala Lumpur"), \
+            self.stored("manualLocationName")
+        assert abs(self.stored("manualLatitude") - 3.14) < 0.1
+        assert abs(self.stored("manualLongitude") - 101.69) < 0.1
+        self.program.end()
+        self.program.process = self.session.start(self.program.executable)
+        wait_until(lambda: COUNTDOWN.fullmatch(item.title()), "it counts down there")
+        self.save("map-counts-down")
+        self.program.end()
+
+    def sheet(self):
+        return next((window.rect for window in self.window.windows()
+                     if window.rect.width == SHEET_WIDTH), None)
+
+    def click_above_bottom(self, frame, place):
+        self.screen.click((frame.x + place[0], frame.y + frame.height - place[1]))
+
+
+def main():
+    name, executable, pictures = sys.argv[1:]
+    with Session(name) as session:
+        PlaceByName(session, os.path.abspath(executable), os.path.abspath(pictures)).run()
+
+
+if __name__ == "__main__":
+    main()
