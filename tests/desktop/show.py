@@ -4,7 +4,7 @@
     show.py PROGRAM PICTURES
 
 Prints the item's text and leaves pictures of the screen in the folder PICTURES: for each style of the
-item, and of the panel in each calendar, light and dark.
+item, of the panel in each calendar, light and dark, and of the settings.
 """
 
 import os
@@ -16,6 +16,7 @@ from session.panel import Panel
 from session.program import Program
 from session.screen import Screen, centre
 from session.session import Session, wait_until
+from settings_on_desktop import SettingsWindow
 
 STYLES = ["nextPrayer", "date", "emoji"]
 PANELS = {"gregorian": "light", "hijri": "dark"}
@@ -36,18 +37,35 @@ def show_items(session, bar, executable, pictures):
         program.end()
 
 
+def open_panel(session, executable, **settings):
+    program = Program(session, executable)
+    program.start(menuBarStyle="nextPrayer", **settings)
+    panel = Panel(session, executable)
+    panel.screen.click(centre(wait_until(panel.item, "the item is in the bar")))
+    panel.wait_for()
+    return program, panel
+
+
 def show_panels(session, executable, pictures):
     for calendar, theme in PANELS.items():
-        program = Program(session, executable)
-        program.start(menuBarStyle="nextPrayer", primaryCalendar=calendar, appTheme=theme)
-        panel = Panel(session, executable)
-        panel.screen.click(centre(wait_until(panel.item, "the item is in the bar")))
-        panel.wait_for()
+        program, panel = open_panel(session, executable, primaryCalendar=calendar, appTheme=theme)
         panel.screen.settled_picture()
         picture = os.path.join(pictures, f"show-panel-{calendar}-{theme}.png")
         panel.screen.save(picture)
         print(f"panel, {calendar}, {theme}: {picture}")
         program.end()
+
+
+def show_settings(session, executable, pictures):
+    program, panel = open_panel(session, executable, appTheme="light")
+    frame = panel.rect()
+    panel.click((frame.width - 21, frame.height - 19))
+    SettingsWindow(session, panel.screen).wait_for()
+    panel.screen.settled_picture()
+    picture = os.path.join(pictures, "show-settings.png")
+    panel.screen.save(picture)
+    print(f"settings: {picture}")
+    program.end()
 
 
 def main():
@@ -58,6 +76,7 @@ def main():
         bar.start()
         show_items(session, bar, executable, pictures)
         show_panels(session, executable, pictures)
+        show_settings(session, executable, pictures)
 
 
 if __name__ == "__main__":
