@@ -103,7 +103,7 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   panel_ = platform_.surfaces.makeCalendarPanel({
       .onSizeChange = [this](Size size) { resize(size); },
       .onOpenSettings = [this] { openSettings(); },
-      .onDismiss = [this] { closeForDismissal(); },
+      .onDismiss = [this](Dismissal how) { closeForDismissal(how); },
   });
   panel_->setAppearance(appearance(settings_.theme));
   position(panel_->fittingSize());
@@ -142,9 +142,11 @@ void StatusBarController::closeForPress(Point place) {
   close();
 }
 
-void StatusBarController::closeForDismissal() {
-  closingPress_ = ClosingPress{};
-  forgetClosingPressSoon();
+void StatusBarController::closeForDismissal(Dismissal how) {
+  if (how == Dismissal::byDesktop) {
+    closingPress_ = ClosingPress{};
+    forgetClosingPressSoon();
+  }
   close();
 }
 

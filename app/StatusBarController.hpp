@@ -52,7 +52,7 @@ class StatusBarController {
   void resize(Size size);
   void reopenPanelIfVisible();
   void closeForPress(Point place);
-  void closeForDismissal();
+  void closeForDismissal(Dismissal how);
   void forgetClosingPressSoon();
   [[nodiscard]] bool isOfClosingPress(const StatusItemClick& click) const;
   void applyTheme(AppTheme theme);

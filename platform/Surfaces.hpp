@@ -8,12 +8,15 @@
 
 namespace Hilalor {
 
+/// What made a panel go: the Escape key, or the desktop, which does so for a press elsewhere.
+enum class Dismissal { byEscape, byDesktop };
+
 /// What a calendar panel reports.
 struct CalendarPanelEvents {
   std::function<void(Size)> onSizeChange;  ///< Its screen wants that size now.
   std::function<void()> onOpenSettings;
-  /// The user wants it gone by Escape, or the desktop has closed it for a press elsewhere.
-  std::function<void()> onDismiss;
+  /// The user wants it gone, or it is gone already.
+  std::function<void(Dismissal)> onDismiss;
 };
 
 /// Makes the surfaces that the item in the bar opens, each with its screen built afresh, not shown

@@ -23,7 +23,7 @@ void setWindowAppearance(QWidget& window, Appearance appearance) {
   }
 }
 
-LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void()> onDismiss)
+LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissal)> onDismiss)
     : screen_(screen.get()),
       onDismiss_(std::move(onDismiss)),
       window_(new PanelWindow(screen.release(), onDismiss_)) {}
@@ -59,7 +59,9 @@ void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
   window_->show();
   window_->raise();
   if (keyboard == KeyboardAtOpening::taken) window_->activateWindow();
-  escape_ = std::make_unique<EscapeKey>(onDismiss_);
+  escape_ = std::make_unique<EscapeKey>([told = onDismiss_] {
+    if (told) told(Dismissal::byEscape);
+  });
 }
 
 }  // namespace Hilalor

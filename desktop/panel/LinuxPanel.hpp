@@ -6,6 +6,7 @@
 #include "desktop/panel/EscapeKey.hpp"
 #include "desktop/panel/KeyboardFocus.hpp"
 #include "platform/Panel.hpp"
+#include "platform/Surfaces.hpp"
 
 class QWidget;
 
@@ -18,7 +19,7 @@ class View;
 class LinuxPanel final : public Panel {
  public:
   /// Takes the screen over. `onDismiss` may destroy the panel.
-  LinuxPanel(std::unique_ptr<View> screen, std::function<void()> onDismiss);
+  LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissal)> onDismiss);
   ~LinuxPanel() override;
 
   // Panel
@@ -30,7 +31,7 @@ class LinuxPanel final : public Panel {
 
  private:
   View* screen_;
-  std::function<void()> onDismiss_;
+  std::function<void(Dismissal)> onDismiss_;
   // Qt's own, deleted by it when it is done with the event that ends the panel.
   PanelWindow* window_;
   KeyboardFocus keyboard_;

@@ -73,7 +73,7 @@ void paintShadow(QPainter& painter, const QRect& window) {
 
 }  // namespace
 
-PanelWindow::PanelWindow(QWidget* content, std::function<void()> onDismiss)
+PanelWindow::PanelWindow(QWidget* content, std::function<void(Dismissal)> onDismiss)
     : QWidget(nullptr, panelFlags()),
       content_(content),
       onDismiss_(std::move(onDismiss)),
@@ -131,13 +131,13 @@ void PanelWindow::paintEvent(QPaintEvent*) {
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) return dismiss();
+  if (event->key() == Qt::Key_Escape) return dismiss(Dismissal::byEscape);
   QWidget::keyPressEvent(event);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
-  dismiss();
+  dismiss(Dismissal::byDesktop);
 }
 
 void PanelWindow::showEvent(QShowEvent* event) {
@@ -146,10 +146,10 @@ void PanelWindow::showEvent(QShowEvent* event) {
   cutToShape();
 }
 
-void PanelWindow::dismiss() const {
+void PanelWindow::dismiss(Dismissal how) const {
   // A copy, since whoever is told may take it away.
   const auto told = onDismiss_;
-  if (told) told();
+  if (told) told(how);
 }
 
 }  // namespace Hilalor

@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "platform/Surfaces.hpp"
+
 namespace Hilalor {
 
 /// A window without a frame that floats above others with rounded corners, and a content that fills
@@ -14,7 +16,7 @@ class PanelWindow final : public QWidget {
  public:
   /// Takes the content over. `onDismiss` is told when the user presses Escape or when the desktop
   /// closes the window.
-  PanelWindow(QWidget* content, std::function<void()> onDismiss);
+  PanelWindow(QWidget* content, std::function<void(Dismissal)> onDismiss);
 
   /// The rectangle of what is seen, without the shadow.
   void setFrame(const QRect& frame);
@@ -30,12 +32,12 @@ class PanelWindow final : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void dismiss() const;
+  void dismiss(Dismissal how) const;
   [[nodiscard]] QRect body() const;
   void cutToShape();
 
   QWidget* content_;
-  std::function<void()> onDismiss_;
+  std::function<void(Dismissal)> onDismiss_;
   int shadow_;  // Its width around the body, 0 without a compositor.
 };
 
