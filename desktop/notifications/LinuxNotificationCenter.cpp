@@ -14,7 +14,7 @@ const QString kProgramName = QStringLiteral("Hilalor");
 /// Names the program's .desktop file and its icon.
 const QString kProgramId = QStringLiteral("hilalor");
 
-/// Of the freedesktop sound naming specification: what a new message sounds like.
+/// What a new message sounds like, by the sound names that desktops share.
 const QString kDefaultSound = QStringLiteral("message-new-instant");
 
 QDBusMessage callTo(const QString& method) {

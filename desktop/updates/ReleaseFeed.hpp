@@ -21,8 +21,8 @@ struct Release {
 struct ReleaseFeed {
   std::optional<Release> newest;
 
-  /// Reads a list of releases as AppStream writes it (the AppStream specification, "Releases":
-  /// a `releases` element, in a file of its own or within a component's). None where it is not one.
+  /// Reads a list of releases as AppStream writes it: a `releases` element, in a file of its
+  /// own or within a component's. None where it is not one.
   [[nodiscard]] static std::optional<ReleaseFeed> parse(const QByteArray& xml);
 };
 
