@@ -167,8 +167,6 @@ void SearchField::refresh() {
 void SearchField::fit() {
   const QSize wanted = sizeHint();
   setGeometry(geometry().right() + 1 - wanted.width(), y(), wanted.width(), wanted.height());
-  // What stands around it may be arranged anew for the room that it takes.
-  if (QWidget* ground = parentWidget()) ground->update();
 }
 
 void SearchField::highlight(std::size_t index) {

@@ -1,6 +1,7 @@
 #include "app/map/MapView.hpp"
 
 #include <QApplication>
+#include <QChildEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLineF>
@@ -111,6 +112,19 @@ bool MapView::event(QEvent* event) {
       break;
   }
   return QWidget::event(event);
+}
+
+// Names give way to what lies over the map, also those far from it.
+
+void MapView::childEvent(QChildEvent* event) {
+  QWidget::childEvent(event);
+  if (event->added()) event->child()->installEventFilter(this);
+}
+
+bool MapView::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type == QEvent::Resize || type == QEvent::Move) update();
+  return QWidget::eventFilter(watched, event);
 }
 
 void MapView::resizeEvent(QResizeEvent*) {

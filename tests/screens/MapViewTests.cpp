@@ -211,7 +211,6 @@ class Painted final : public QObject {
 
 TEST_F(MapViewTest, IsDrawnAnewAsAWholeAroundAFieldThatGrows) {
   show();
-  // Names give way to the field, also far from it.
   const auto find = [](const QString& text) {
     return std::vector<Suggestion>(static_cast<std::size_t>(text.size()));
   };
