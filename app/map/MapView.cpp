@@ -102,6 +102,9 @@ bool MapView::event(QEvent* event) {
     case QEvent::TouchEnd:
       touch(*static_cast<QTouchEvent*>(event));
       return true;
+    case QEvent::TouchCancel:
+      letGo();
+      return true;
     case QEvent::NativeGesture: {
       const auto& gesture = *static_cast<QNativeGestureEvent*>(event);
       if (gesture.gestureType() != Qt::ZoomNativeGesture) break;
@@ -174,6 +177,13 @@ void MapView::release(QPointF place) {
   unsetCursor();
   draggedTo_.reset();
   if (std::exchange(pressedAt_, std::nullopt) && onClick) onClick(place);
+}
+
+void MapView::letGo() {
+  unsetCursor();
+  pressedAt_.reset();
+  draggedTo_.reset();
+  pinch_.reset();
 }
 
 void MapView::touch(const QTouchEvent& event) {

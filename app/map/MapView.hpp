@@ -63,6 +63,8 @@ class MapView final : public QWidget {
   void press(QPointF place);
   void drag(QPointF from, QPointF to);
   void release(QPointF place);
+  /// Of everything, without a click.
+  void letGo();
   void touch(const QTouchEvent& event);
   void pinch(QPointF one, QPointF other);
 

@@ -153,6 +153,13 @@ TEST_F(MapViewTest, FollowsOneFingerAndTakesATapForAClick) {
   QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(50, 60));
   QTest::touchEvent(map.get(), screen.get()).release(0, QPoint(50, 60));
   EXPECT_THAT(clicks, testing::ElementsAre(QPointF(50, 60)));
+
+  QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(320, 200));
+  QTouchEvent cancel(QEvent::TouchCancel, screen.get());
+  QApplication::sendEvent(map.get(), &cancel);
+  const auto before = map->coordinateAt({0, 0});
+  move(QEvent::MouseMove, {400, 300});
+  expectUnder({0, 0}, before);
 }
 
 TEST_F(MapViewTest, IsMovedByTheKeyboard) {
