@@ -5,34 +5,19 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
-#include <fstream>
 #include <numbers>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/Usage.hpp"
 #include "desktop/geodata/PlaceDatabase.hpp"
 #include "desktop/geodata/ZoneDatabase.hpp"
 
 namespace {
 
 using namespace Hilalor;
-// What this thread has used of a processor, so that a busy machine does not count.
-double processorMicroseconds() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
-}
-
-long residentKilobytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("VmRSS:")) return std::stol(line.substr(6));
-  }
-  return 0;
-}
 
 template <typename LookUp>
 void measure(const char* what, const std::vector<LocationCoordinate>& points, LookUp lookUp) {
@@ -57,11 +42,11 @@ void measure(const char* what, const std::vector<LocationCoordinate>& points, Lo
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   const std::filesystem::path folder(argv[1]);
-  const long before = residentKilobytes();
+  const long before = kilobytes("VmRSS");
   const auto zones = ZoneDatabase::open(folder / "zones" / "zones.bin");
   const auto places = PlaceDatabase::open(folder / "places" / "places.bin");
   if (!zones || !places) return 2;
-  std::printf("resident memory added by opening: %ld kB\n", residentKilobytes() - before);
+  std::printf("resident memory added by opening: %ld kB\n", kilobytes("VmRSS") - before);
 
   constexpr std::size_t kPoints = 100000;
   std::mt19937_64 random(11);
@@ -86,6 +71,6 @@ int main(int argc, char** argv) {
   measure("zone, anywhere", anywhere, zoneAt);
   measure("zone and place, near towns", towns, describe);
   measure("zone and place, anywhere", anywhere, describe);
-  std::printf("resident memory after all: %ld kB more\n", residentKilobytes() - before);
+  std::printf("resident memory after all: %ld kB more\n", kilobytes("VmRSS") - before);
   return 0;
 }

@@ -10,14 +10,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/MapPickerView.hpp"
 #include "app/map/MapView.hpp"
+#include "bench/Usage.hpp"
 #include "desktop/OfflineAtlas.hpp"
 #include "desktop/Resources.hpp"
 #include "tests/fakes/FakePlatform.hpp"
@@ -28,19 +27,13 @@ namespace {
 using namespace Hilalor;
 
 double milliseconds() {
-  timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+  return processorMicroseconds() / 1e3;
 }
 
-// What the process holds of memory for itself, in kilobytes: what can be read again from a file, as
-// the programs' own code, is not counted.
+// What the process holds of memory for itself: what can be read again from a file, as the program's
+// own code, is not counted.
 long ownKilobytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("RssAnon:")) return std::stol(line.substr(8));
-  }
-  return 0;
+  return kilobytes("RssAnon");
 }
 
 void settle() {
