@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "desktop/item/Xcb.hpp"
+#include "desktop/Xcb.hpp"
 
 namespace Hilalor {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "desktop/item/Xcb.hpp"
+#include "desktop/Xcb.hpp"
 
 namespace Hilalor {
 namespace {

@@ -21,8 +21,7 @@ std::optional<xcb_keycode_t> escapeKey(const XConnection& server) {
   const int keys = setup->max_keycode - setup->min_keycode + 1;
   const auto cookie =
       xcb_get_keyboard_mapping(server.get(), setup->min_keycode, static_cast<std::uint8_t>(keys));
-  const XReply<xcb_get_keyboard_mapping_reply_t> reply(
-      xcb_get_keyboard_mapping_reply(server.get(), cookie, nullptr));
+  const auto reply = Xcb::answer(xcb_get_keyboard_mapping_reply, server.get(), cookie);
   if (!reply || reply->keysyms_per_keycode == 0) return std::nullopt;
   const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(reply.get());
   for (int key = 0; key < keys; ++key) {

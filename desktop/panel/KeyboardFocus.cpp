@@ -10,8 +10,8 @@ namespace {
 std::optional<xcb_window_t> focusedWindow() {
   if (!isOnX11()) return std::nullopt;
   xcb_connection_t* connection = qtConnection();
-  const XReply<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+  const auto reply =
+      Xcb::answer(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
   if (!reply) return std::nullopt;
   return reply->focus;
 }
@@ -25,10 +25,11 @@ void KeyboardFocus::giveBackFrom(const QWidget& window) const {
   if (!before_ || !now) return;
   const QWidget* focused = QWidget::find(*now);
   if (focused == nullptr || (focused != &window && focused->parentWidget() != &window)) return;
-  // Checked, so that a window that has gone meanwhile is no error of Qt's.
-  const auto cookie = xcb_set_input_focus_checked(qtConnection(), XCB_INPUT_FOCUS_PARENT, *before_,
-                                                  XCB_CURRENT_TIME);
-  const XReply<xcb_generic_error_t> error(xcb_request_check(qtConnection(), cookie));
+  // A window that has gone meanwhile is no error of Qt's.
+  Xcb::ignoreFailure(qtConnection(),
+                     xcb_set_input_focus_checked(qtConnection(), XCB_INPUT_FOCUS_PARENT, *before_,
+                                                 XCB_CURRENT_TIME));
+  xcb_flush(qtConnection());
 }
 
 }  // namespace Hilalor

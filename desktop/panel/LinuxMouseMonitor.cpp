@@ -23,8 +23,7 @@ Pointer pointer(const XConnection& server) {
   Pointer found;
   for (xcb_window_t window = server.root(); window != XCB_WINDOW_NONE;) {
     const auto cookie = xcb_query_pointer(server.get(), window);
-    const XReply<xcb_query_pointer_reply_t> reply(
-        xcb_query_pointer_reply(server.get(), cookie, nullptr));
+    const auto reply = Xcb::answer(xcb_query_pointer_reply, server.get(), cookie);
     if (!reply) break;
     found.place = logicalPoint(reply->root_x, reply->root_y);
     window = reply->child;
@@ -71,8 +70,7 @@ class RawButtons final : public EventMonitor {
 
 bool hasXInput2(const XConnection& server) {
   const auto cookie = xcb_input_xi_query_version(server.get(), 2, 2);
-  return XReply<xcb_input_xi_query_version_reply_t>(
-             xcb_input_xi_query_version_reply(server.get(), cookie, nullptr)) != nullptr;
+  return Xcb::answer(xcb_input_xi_query_version_reply, server.get(), cookie) != nullptr;
 }
 
 }  // namespace

@@ -36,8 +36,8 @@ bool hasCompositor() {
   const auto server = XConnection::open();
   if (!server) return false;
   const auto selection = server->atom("_NET_WM_CM_S" + std::to_string(server->screenNumber()));
-  const XReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-      server->get(), xcb_get_selection_owner(server->get(), selection), nullptr));
+  const auto reply = Xcb::answer(xcb_get_selection_owner_reply, server->get(),
+                                 xcb_get_selection_owner(server->get(), selection));
   return reply && reply->owner != XCB_WINDOW_NONE;
 }
 

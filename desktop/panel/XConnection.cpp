@@ -40,7 +40,7 @@ XConnection::~XConnection() {
 xcb_atom_t XConnection::atom(std::string_view name) const {
   const auto cookie =
       xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, cookie, nullptr));
+  const auto reply = Xcb::answer(xcb_intern_atom_reply, connection_, cookie);
   return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
@@ -49,8 +49,7 @@ std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window,
   constexpr std::uint32_t kMost = 4096;
   const auto cookie =
       xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
-  const XReply<xcb_get_property_reply_t> reply(
-      xcb_get_property_reply(connection_, cookie, nullptr));
+  const auto reply = Xcb::answer(xcb_get_property_reply, connection_, cookie);
   if (!reply || reply->format != 32) return {};
   const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
   return {values, values + reply->value_len};
@@ -68,7 +67,7 @@ void XConnection::readEvents() {
   const auto isAlive = isAlive_;
   const auto handler = handler_;
   while (*isAlive) {
-    const XReply<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
+    const Xcb::Owned<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
     if (!event) break;
     handler(*event);
   }

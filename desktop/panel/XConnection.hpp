@@ -4,23 +4,15 @@
 
 #include <QSocketNotifier>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
 
+#include "desktop/Xcb.hpp"
 #include "platform/Geometry.hpp"
 
 namespace Hilalor {
-
-struct FreeDeleter {
-  void operator()(void* memory) const { std::free(memory); }
-};
-
-/// What the X server answers, freed after use; null where it answered with an error.
-template <typename Reply>
-using XReply = std::unique_ptr<Reply, FreeDeleter>;
 
 /// A connection of our own to the X server, so that what it is asked to report comes to us and not
 /// through Qt.
