@@ -2,7 +2,9 @@
 
 #include <xcb/xinput.h>
 
+#include <QApplication>
 #include <QWidget>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/panel/XConnection.hpp"
@@ -18,17 +20,41 @@ struct Pointer {
   bool isOverOwnWindow = false;
 };
 
+/// The window itself, or the one of the root's that it is in.
+xcb_window_t outermost(const XConnection& server, xcb_window_t window) {
+  while (true) {
+    const auto cookie = xcb_query_tree(server.get(), window);
+    const auto reply = Xcb::answer(xcb_query_tree_reply, server.get(), cookie);
+    if (!reply || reply->parent == server.root() || reply->parent == XCB_WINDOW_NONE) return window;
+    window = reply->parent;
+  }
+}
+
+/// Whether the window of the root's is what the window manager put around one of ours. What one
+/// without a manager is in, a bar, is not.
+bool isOwnFrame(const XConnection& server, xcb_window_t frame) {
+  return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+    const auto id = static_cast<xcb_window_t>(window->internalWinId());
+    return window->isVisible() && id != XCB_WINDOW_NONE &&
+           !window->windowFlags().testFlag(Qt::BypassWindowManagerHint) &&
+           outermost(server, id) == frame;
+  });
+}
+
 /// Follows the windows under the pointer from the root down.
 Pointer pointer(const XConnection& server) {
   Pointer found;
+  xcb_window_t atTop = XCB_WINDOW_NONE;
   for (xcb_window_t window = server.root(); window != XCB_WINDOW_NONE;) {
     const auto cookie = xcb_query_pointer(server.get(), window);
     const auto reply = Xcb::answer(xcb_query_pointer_reply, server.get(), cookie);
     if (!reply) break;
     found.place = logicalPoint(reply->root_x, reply->root_y);
     window = reply->child;
+    if (atTop == XCB_WINDOW_NONE) atTop = window;
     if (QWidget::find(window) != nullptr) found.isOverOwnWindow = true;
   }
+  found.isOverOwnWindow = found.isOverOwnWindow || isOwnFrame(server, atTop);
   return found;
 }
 

@@ -83,6 +83,7 @@ class Check:
         self.program.start(menuBarStyle="date")
         self.open()
         self.is_one_window_in_the_middle()
+        self.leaves_the_panel_open()
         self.stores_what_is_clicked()
         self.survives_a_kill_right_after_a_click()
         self.begins_anew_when_it_is_opened_again()
@@ -106,6 +107,13 @@ class Check:
         self.window.picture()
         assert len(first) == 1 and self.window.windows() == first, "a second window was opened"
         self.save("opened")
+
+    def leaves_the_panel_open(self):
+        across, title_bar = SIZE[0] // 2, -9
+        for place in ((across, title_bar), (across, 12)):
+            self.window.click(place)
+            self.window.picture()
+            assert self.panel.rect(), f"a press at {place} of the window closed the panel"
 
     def stores_what_is_clicked(self):
         self.window.click(SECONDARY_CALENDAR)
