@@ -46,12 +46,6 @@ double panelTop(double height, const Rect& item, const Screen& screen) {
 
 }  // namespace
 
-std::optional<Rect> itemPlace(const StatusItemClick& click) {
-  if (click.item) return click.item;
-  if (click.pointer) return Rect{*click.pointer, {}};
-  return std::nullopt;
-}
-
 std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
                                  const std::vector<Screen>& screens) {
   if (screens.empty()) return std::nullopt;

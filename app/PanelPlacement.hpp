@@ -5,12 +5,8 @@
 
 #include "platform/Geometry.hpp"
 #include "platform/Screens.hpp"
-#include "platform/StatusItem.hpp"
 
 namespace Hilalor {
-
-/// Where the item is, as far as the click tells: its rectangle, else the pointer as an empty one.
-[[nodiscard]] std::optional<Rect> itemPlace(const StatusItemClick& click);
 
 /// Where a panel of that size goes: centred under the item on the item's screen, against its bar,
 /// and within the part of the screen that is free, of which the right edge wins over the left. A

@@ -88,7 +88,7 @@ void StatusBarController::updateTitle() {
 }
 
 void StatusBarController::handleClick(const StatusItemClick& click) {
-  itemPlace_ = itemPlace(click);
+  pointerAtClick_ = click.pointer;
   reopening_.reset();
   const bool closedThePanel = isOfClosingPress(click);
   closingPress_.reset();
@@ -117,8 +117,15 @@ void StatusBarController::close() {
   eventMonitor_.reset();
 }
 
+std::optional<Rect> StatusBarController::itemPlace() const {
+  if (const auto place = statusItem_->place()) return place;
+  // The pointer was on the item.
+  if (pointerAtClick_) return Rect{*pointerAtClick_, {}};
+  return std::nullopt;
+}
+
 void StatusBarController::position(Size size) {
-  const auto origin = panelOrigin(size, itemPlace_, platform_.screens.all());
+  const auto origin = panelOrigin(size, itemPlace(), platform_.screens.all());
   panel_->setFrame({origin.value_or(Point{}), size});
 }
 
@@ -135,7 +142,7 @@ void StatusBarController::reopenPanelIfVisible() {
 
 void StatusBarController::closeForPress(Point place) {
   // The item's own click closes the panel.
-  if (itemPlace_ && itemPlace_->size.width > 0 && isWithin(0, *itemPlace_, place)) return;
+  if (const auto item = statusItem_->place(); item && isWithin(0, *item, place)) return;
   closingPress_ = ClosingPress{.place = place, .monitor = nullptr, .forgetting = nullptr};
   closingPress_->monitor = platform_.mouse.addGlobalMonitor(
       {.onPress = {}, .onRelease = [this] { forgetClosingPressSoon(); }});
@@ -157,8 +164,9 @@ void StatusBarController::forgetClosingPressSoon() {
 
 bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
   if (!closingPress_) return false;
-  if (!closingPress_->place || !itemPlace_) return click.pointer.has_value();
-  return isWithin(kClickReach, *itemPlace_, *closingPress_->place);
+  const auto item = itemPlace();
+  if (!closingPress_->place || !item) return click.pointer.has_value();
+  return isWithin(kClickReach, *item, *closingPress_->place);
 }
 
 void StatusBarController::openSettings() {

@@ -48,6 +48,7 @@ class StatusBarController {
   void handleClick(const StatusItemClick& click);
   void openCalendar(KeyboardAtOpening keyboard);
   void close();
+  [[nodiscard]] std::optional<Rect> itemPlace() const;
   void position(Size size);
   void resize(Size size);
   void reopenPanelIfVisible();
@@ -61,7 +62,7 @@ class StatusBarController {
   AppSettings& settings_;
   PrayerNotificationManager& alerts_;
   std::unique_ptr<StatusItem> statusItem_;
-  std::optional<Rect> itemPlace_;  // As of the last click.
+  std::optional<Point> pointerAtClick_;
   std::unique_ptr<Panel> panel_;
   std::unique_ptr<EventMonitor> eventMonitor_;
   std::optional<ClosingPress> closingPress_;

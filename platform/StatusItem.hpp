@@ -15,8 +15,6 @@ struct StatusItemClick {
   enum class Button { left, right };
 
   Button button = Button::left;
-  /// Where the item stands on the screen; absent where the bar does not tell.
-  std::optional<Rect> item;
   /// Where the pointer was; absent where the bar does not tell (an item activated by keyboard).
   std::optional<Point> pointer;
 };
@@ -53,6 +51,9 @@ class StatusItem {
 
   /// Null where the desktop gives an item nothing to show.
   [[nodiscard]] virtual StatusButton* button() = 0;
+
+  /// Where it stands on the screen at this moment; absent where the bar does not tell.
+  [[nodiscard]] virtual std::optional<Rect> place() const = 0;
 };
 
 /// The desktop's bar.

@@ -46,6 +46,12 @@ void ItemFace::setBackdrop(QImage backdrop) {
   update();
 }
 
+std::optional<Rect> ItemFace::place() const {
+  const auto found = isDrawnElsewhere_ ? std::nullopt : placeFinder_();
+  if (!found) return std::nullopt;
+  return platformRect(*found);
+}
+
 int ItemFace::naturalWidth(int barHeight) const {
   return painter_.naturalWidth(content_.title, barHeight);
 }
@@ -73,21 +79,15 @@ void ItemFace::mouseReleaseEvent(QMouseEvent* event) {
   const bool isRight = event->button() == Qt::RightButton;
   if (!(isLeft || isRight) || !rect().contains(event->position().toPoint())) return;
 
-  const QPoint pointer = event->globalPosition().toPoint();
-  const auto item = place(pointer);
+  const auto item = placeFinder_();
+  // A tray that draws copies of its windows elsewhere gives itself away: the pointer is not on us.
+  isDrawnElsewhere_ = !item || !item->contains(event->globalPosition().toPoint());
   StatusItemClick click;
   click.button = isLeft ? StatusItemClick::Button::left : StatusItemClick::Button::right;
-  if (item) click.item = platformRect(*item);
   click.pointer = {event->globalPosition().x(), event->globalPosition().y()};
   const QPointer<ItemFace> alive(this);
   content_.tell(click);
-  if (isRight && alive) menu_.open(content_.menu, item);
-}
-
-std::optional<QRect> ItemFace::place(const QPoint& pointer) const {
-  const auto found = placeFinder_();
-  // A tray that draws copies of its windows elsewhere gives itself away: the pointer is not on us.
-  return found && found->contains(pointer) ? found : std::nullopt;
+  if (isRight && alive) menu_.open(content_.menu, isDrawnElsewhere_ ? std::nullopt : item);
 }
 
 }  // namespace Hilalor

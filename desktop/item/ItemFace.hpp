@@ -20,14 +20,17 @@ class ItemFace : public QWidget {
   /// Content and painter must outlive the face.
   ItemFace(const ItemContent& content, const ItemPainter& painter, Ground ground);
 
-  /// How the face learns where it stands on the screen, in logical pixels, when it is clicked; by
-  /// itself it knows that only of a window that stands alone.
+  /// How the face learns where it stands on the screen, in logical pixels; by itself it knows that
+  /// only of a window that stands alone.
   void setPlaceFinder(std::function<std::optional<QRect>()> finder);
 
   void setInk(const Ink& ink);
 
   /// What is drawn behind the title, from the top left; nothing if null.
   void setBackdrop(QImage backdrop);
+
+  /// Where it stands on the screen, if that can be known.
+  [[nodiscard]] std::optional<Rect> place() const;
 
   /// What the whole title takes at the given height, in logical pixels.
   [[nodiscard]] int naturalWidth(int barHeight) const;
@@ -41,11 +44,10 @@ class ItemFace : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  [[nodiscard]] std::optional<QRect> place(const QPoint& pointer) const;
-
   const ItemContent& content_;
   const ItemPainter& painter_;
   std::function<std::optional<QRect>()> placeFinder_;
+  bool isDrawnElsewhere_ = false;
   Ink ink_;
   QImage backdrop_;
   ItemMenu menu_;

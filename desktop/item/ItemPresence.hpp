@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "platform/StatusItem.hpp"
 
@@ -26,6 +27,9 @@ class ItemPresence {
 
   /// The content's title has become another.
   virtual void titleChanged() = 0;
+
+  /// Where the item stands on the screen now; absent where the bar does not tell.
+  [[nodiscard]] virtual std::optional<Rect> place() const { return std::nullopt; }
 
   /// The occasion, now and then, to see whether the bar has come to look different.
   virtual void lookAround() {}

@@ -34,26 +34,26 @@ ItemStrip::ItemStrip(const ItemContent& content, const ItemPainter& painter)
   face_.titleChanged();
   connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] {
     watchScreen();
-    place();
+    put();
   });
   watchScreen();
-  place();
+  put();
   face_.show();
 }
 
 void ItemStrip::titleChanged() {
   face_.titleChanged();
-  place();
+  put();
   face_.raise();
 }
 
 void ItemStrip::watchScreen() {
   if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-    connect(screen, &QScreen::availableGeometryChanged, this, [this] { place(); });
+    connect(screen, &QScreen::availableGeometryChanged, this, [this] { put(); });
   }
 }
 
-void ItemStrip::place() {
+void ItemStrip::put() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   if (screen == nullptr) return;
   const QSize size(face_.naturalWidth(kHeight), kHeight);

@@ -14,9 +14,10 @@ class ItemStrip : public QObject, public ItemPresence {
   ItemStrip(const ItemContent& content, const ItemPainter& painter);
 
   void titleChanged() override;
+  [[nodiscard]] std::optional<Rect> place() const override { return face_.place(); }
 
  private:
-  void place();
+  void put();
   void watchScreen();
 
   ItemFace face_;

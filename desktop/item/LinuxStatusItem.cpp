@@ -50,6 +50,10 @@ LinuxStatusItem::LinuxStatusItem(RunLoop& loop, SystemTray* tray, NotifierHost& 
 
 LinuxStatusItem::~LinuxStatusItem() = default;
 
+std::optional<Rect> LinuxStatusItem::place() const {
+  return presence_ ? presence_->place() : std::nullopt;
+}
+
 void LinuxStatusItem::setTitle(const std::string& title) {
   auto text = QString::fromStdString(title);
   if (text == content_.title) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "desktop/item/GlyphPictures.hpp"
 #include "desktop/item/ItemKind.hpp"
@@ -22,6 +23,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   ~LinuxStatusItem() override;
 
   [[nodiscard]] StatusButton* button() override { return this; }
+  [[nodiscard]] std::optional<Rect> place() const override;
   void setTitle(const std::string& title) override;
   void setAction(std::function<void(const StatusItemClick&)> action) override;
   void setContextMenu(Menu menu) override;

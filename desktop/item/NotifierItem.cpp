@@ -137,7 +137,7 @@ void NotifierItem::ContextMenu(int, int) {
 }
 
 void NotifierItem::tell(StatusItemClick::Button button) const {
-  content_.tell({button, std::nullopt, pointerPlace()});
+  content_.tell({button, pointerPlace()});
 }
 
 bool NotifierItem::isGlyphLeftToThePicture() const {

@@ -1,6 +1,7 @@
 #include "desktop/item/TrayWindow.hpp"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -37,7 +38,7 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
       face_(content, painter,
             isTransparent_ ? ItemFace::Ground::transparent : ItemFace::Ground::opaque),
       askedWidth_(face_.naturalWidth(kAskedHeight)) {
-  face_.setPlaceFinder([this] { return place(); });
+  face_.setPlaceFinder([this] { return placeInTray(); });
   // Trays remember the items they took in by this name, which must not be another every time.
   face_.setWindowTitle(QStringLiteral("Hilalor"));
   face_.resize(askedWidth_, kAskedHeight);
@@ -126,10 +127,12 @@ std::optional<QImage> TrayWindow::lookAtBar() {
   return behind;
 }
 
-std::optional<QRect> TrayWindow::place() const {
-  const auto corner = window_->place();
+std::optional<QRect> TrayWindow::placeInTray() const {
+  const auto corner = window_ && window_->isOnScreen() ? window_->place() : std::nullopt;
   if (!corner) return std::nullopt;
-  return QRect((QPointF(*corner) / face_.devicePixelRatioF()).toPoint(), face_.size());
+  const QRect found((QPointF(*corner) / face_.devicePixelRatioF()).toPoint(), face_.size());
+  // Trays put what they hide outside the screen.
+  return QGuiApplication::screenAt(found.center()) != nullptr ? std::optional(found) : std::nullopt;
 }
 
 void TrayWindow::refuse() {

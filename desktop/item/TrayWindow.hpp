@@ -23,6 +23,7 @@ class TrayWindow : public QObject, public ItemPresence {
 
   void titleChanged() override;
   void lookAround() override;
+  [[nodiscard]] std::optional<Rect> place() const override { return face_.place(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,7 +34,7 @@ class TrayWindow : public QObject, public ItemPresence {
   void useRoomGiven();
   void matchBar();
   [[nodiscard]] std::optional<QImage> lookAtBar();
-  [[nodiscard]] std::optional<QRect> place() const;
+  [[nodiscard]] std::optional<QRect> placeInTray() const;
   void refuse();
 
   SystemTray& tray_;

@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 
 namespace Hilalor {
 

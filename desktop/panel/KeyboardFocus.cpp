@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 
 namespace Hilalor {
 namespace {

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 
 namespace Hilalor {
 namespace {

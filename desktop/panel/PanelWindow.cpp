@@ -12,7 +12,7 @@
 #include <cmath>
 #include <string>
 
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 #include "ui/Colors.hpp"
 
 namespace Hilalor {

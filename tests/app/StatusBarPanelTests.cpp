@@ -15,19 +15,20 @@ constexpr Point kElsewhere{300, 400};
 
 class StatusBarPanelTest : public testing::Test {
  protected:
-  StatusBarPanelTest() { loop().runPosted(); }
+  StatusBarPanelTest() {
+    desktop.statusBar.place = kItem;
+    loop().runPosted();
+  }
 
   [[nodiscard]] VirtualLoop& loop() { return desktop.loop; }
   [[nodiscard]] FakeSurfaces::FakePanel* panel() { return desktop.surfaces.panel; }
 
-  void click(std::optional<Rect> item = kItem) {
-    desktop.statusBar.action(
-        {.button = StatusItemClick::Button::left, .item = item, .pointer = kOnItem});
+  void click() {
+    desktop.statusBar.action({.button = StatusItemClick::Button::left, .pointer = kOnItem});
   }
 
   void rightClick() {
-    desktop.statusBar.action(
-        {.button = StatusItemClick::Button::right, .item = kItem, .pointer = kOnItem});
+    desktop.statusBar.action({.button = StatusItemClick::Button::right, .pointer = kOnItem});
   }
 
   FakePlatform desktop;
@@ -74,31 +75,34 @@ TEST_F(StatusBarPanelTest, APressOnTheItemIsLeftToItsClick) {
 }
 
 TEST_F(StatusBarPanelTest, WhereTheItemsPlaceIsUnknownThePressThatClosedDoesNotReopen) {
-  click(std::nullopt);
+  desktop.statusBar.place.reset();
+  click();
   desktop.mouse.press(kOnItem);
   loop().advance(Seconds(5));  // Held down for a while.
   desktop.mouse.release();
   loop().advance(Seconds(0.1));
-  click(std::nullopt);
+  click();
   EXPECT_FALSE(panel());
-  click(std::nullopt);
+  click();
   EXPECT_TRUE(panel());
 }
 
 TEST_F(StatusBarPanelTest, AClickLongAfterThePressThatClosedOpens) {
-  click(std::nullopt);
+  desktop.statusBar.place.reset();
+  click();
   desktop.mouse.press(kOnItem);
   desktop.mouse.release();
   loop().advance(Seconds(1));
-  click(std::nullopt);
+  click();
   EXPECT_TRUE(panel());
 }
 
 TEST_F(StatusBarPanelTest, AQuickClickAfterAPressElsewhereOpens) {
-  click(std::nullopt);
+  desktop.statusBar.place.reset();
+  click();
   desktop.mouse.press(kElsewhere);
   desktop.mouse.release();
-  click(std::nullopt);
+  click();
   EXPECT_TRUE(panel());
 }
 
@@ -125,13 +129,25 @@ TEST_F(StatusBarPanelTest, OpensAllTheSameWhereTheMouseCannotBeWatched) {
 }
 
 TEST_F(StatusBarPanelTest, TakesTheKeyboardWhenItIsOpenedByKeyboard) {
-  desktop.statusBar.action({.button = StatusItemClick::Button::left, .item = kItem, .pointer = {}});
+  desktop.statusBar.action({.button = StatusItemClick::Button::left, .pointer = {}});
   ASSERT_TRUE(panel());
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
-  click();
+}
+
+TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
   desktop.application.reopen();
   ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 500}}));
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+}
+
+TEST_F(StatusBarPanelTest, KnowsWhereTheItemHasMovedSinceTheClick) {
+  click();
+  desktop.statusBar.place = Rect{{560, 0}, {40, 24}};
+  panel()->events.onSizeChange({260, 500});
+  EXPECT_EQ(panel()->frame, (Rect{{450, 24}, {260, 500}}));
+  desktop.mouse.press(kOnItem);
+  EXPECT_FALSE(panel()) << "a neighbour is there now";
 }
 
 TEST_F(StatusBarPanelTest, FollowsTheSizeOfItsScreenWithItsTopEdgeAtTheBar) {

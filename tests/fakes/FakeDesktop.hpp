@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -28,7 +29,7 @@ class FakeApplication final : public Application {
 class FakeStatusBar final : public StatusBar, public StatusButton {
  public:
   [[nodiscard]] std::unique_ptr<StatusItem> makeItem() override {
-    return std::make_unique<Item>(hasButton ? this : nullptr);
+    return std::make_unique<Item>(*this);
   }
 
   void setTitle(const std::string& title) override { titles.push_back(title); }
@@ -40,15 +41,17 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
   [[nodiscard]] const std::string& title() const { return titles.back(); }
 
   bool hasButton = true;
+  std::optional<Rect> place;
   std::vector<std::string> titles;
   std::function<void(const StatusItemClick&)> action;
   Menu menu;
 
  private:
   struct Item final : StatusItem {
-    explicit Item(StatusButton* shown) : shown_(shown) {}
-    [[nodiscard]] StatusButton* button() override { return shown_; }
-    StatusButton* shown_;
+    explicit Item(FakeStatusBar& shown) : bar(shown) {}
+    [[nodiscard]] StatusButton* button() override { return bar.hasButton ? &bar : nullptr; }
+    [[nodiscard]] std::optional<Rect> place() const override { return bar.place; }
+    FakeStatusBar& bar;
   };
 };
 

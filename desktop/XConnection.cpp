@@ -1,4 +1,4 @@
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 
 #include <QGuiApplication>
 #include <QScreen>

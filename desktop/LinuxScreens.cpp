@@ -1,10 +1,10 @@
-#include "desktop/panel/LinuxScreens.hpp"
+#include "desktop/LinuxScreens.hpp"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <array>
 
-#include "desktop/panel/XConnection.hpp"
+#include "desktop/XConnection.hpp"
 
 namespace Hilalor {
 namespace {
