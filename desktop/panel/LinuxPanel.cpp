@@ -1,7 +1,6 @@
 #include "desktop/panel/LinuxPanel.hpp"
 
 #include <QRect>
-#include <cmath>
 
 #include "desktop/panel/PanelWindow.hpp"
 #include "ui/Colors.hpp"
@@ -51,8 +50,8 @@ void LinuxPanel::setAppearance(Appearance appearance) {
 }
 
 void LinuxPanel::setFrame(const Rect& frame) {
-  window_->setFrame(
-      QRectF(frame.origin.x, frame.origin.y, frame.size.width, frame.size.height).toAlignedRect());
+  window_->setFrame({QPointF(frame.origin.x, frame.origin.y).toPoint(),
+                     QSizeF(frame.size.width, frame.size.height).toSize()});
 }
 
 void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
