@@ -6,6 +6,8 @@
 #include <QPalette>
 #include <QScreen>
 
+#include "desktop/XConnection.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -43,8 +45,15 @@ ItemStrip::ItemStrip(const ItemContent& content, const ItemPainter& painter)
 
 void ItemStrip::titleChanged() {
   face_.titleChanged();
+  lookAround();
+}
+
+void ItemStrip::lookAround() {
   put();
+  // Nobody keeps other windows below one that no window manager knows.
   face_.raise();
+  // Qt would keep the request until the display has something to tell.
+  if (isOnX11()) xcb_flush(qtConnection());
 }
 
 void ItemStrip::watchScreen() {

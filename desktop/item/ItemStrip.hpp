@@ -14,6 +14,7 @@ class ItemStrip : public QObject, public ItemPresence {
   ItemStrip(const ItemContent& content, const ItemPainter& painter);
 
   void titleChanged() override;
+  void lookAround() override;
   [[nodiscard]] std::optional<Rect> place() const override { return face_.place(); }
 
  private:
