@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QScreen>
 
+#include "desktop/LinuxScreens.hpp"
 #include "desktop/XConnection.hpp"
 
 namespace Hilalor {
@@ -63,11 +64,14 @@ void ItemStrip::watchScreen() {
 }
 
 void ItemStrip::put() {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return;
+  const auto screens = LinuxScreens().all();
+  if (screens.empty()) return;
+  const Rect& free = screens.front().visibleFrame;
   const QSize size(face_.naturalWidth(kHeight), kHeight);
-  const QRect free = screen->availableGeometry();
-  face_.setGeometry(QRect(QPoint(free.x() + free.width() - size.width(), free.y()), size));
+  const QPointF corner(free.origin.x + free.size.width - size.width(), free.origin.y);
+  const QRect place(corner.toPoint(), size);
+  if (place == face_.geometry()) return;
+  face_.setGeometry(place);
   face_.setMask(shape(size));
 }
 
