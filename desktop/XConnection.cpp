@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QtMath>
 
 namespace Hilalor {
 namespace {
@@ -84,15 +85,23 @@ xcb_connection_t* qtConnection() {
 }
 
 Point logicalPoint(double x, double y) {
+  return logicalRect({x, y, 0, 0}).origin;
+}
+
+Rect logicalRect(const QRectF& native) {
+  const QPointF at = native.topLeft();
+  const QPoint middle(qFloor(native.center().x()), qFloor(native.center().y()));
   // Qt keeps a screen's corner in the server's pixels and scales what lies within.
   for (const QScreen* screen : QGuiApplication::screens()) {
     const double ratio = screen->devicePixelRatio();
     const QPointF corner = screen->geometry().topLeft();
-    const QRectF native(corner, QSizeF(screen->geometry().size()) * ratio);
-    if (!native.contains(x, y)) continue;
-    return {corner.x() + (x - corner.x()) / ratio, corner.y() + (y - corner.y()) / ratio};
+    const QRect whole(screen->geometry().topLeft(), screen->geometry().size() * ratio);
+    if (!whole.contains(middle)) continue;
+    return {
+        {corner.x() + (at.x() - corner.x()) / ratio, corner.y() + (at.y() - corner.y()) / ratio},
+        {native.width() / ratio, native.height() / ratio}};
   }
-  return {x, y};
+  return {{at.x(), at.y()}, {native.width(), native.height()}};
 }
 
 }  // namespace Hilalor

@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <QRectF>
 #include <QSocketNotifier>
 #include <cstdint>
 #include <functional>
@@ -59,5 +60,8 @@ class XConnection {
 
 /// The logical point of one in the X server's pixels.
 [[nodiscard]] Point logicalPoint(double x, double y);
+
+/// The logical rectangle of one in the X server's pixels, by the screen that its middle is on.
+[[nodiscard]] Rect logicalRect(const QRectF& native);
 
 }  // namespace Hilalor

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/XConnection.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -130,7 +132,10 @@ std::optional<QImage> TrayWindow::lookAtBar() {
 std::optional<QRect> TrayWindow::placeInTray() const {
   const auto corner = window_ && window_->isOnScreen() ? window_->place() : std::nullopt;
   if (!corner) return std::nullopt;
-  const QRect found((QPointF(*corner) / face_.devicePixelRatioF()).toPoint(), face_.size());
+  // Qt takes the window for one of the main screen, whatever screen the tray is on.
+  const QSizeF native = QSizeF(face_.size()) * face_.devicePixelRatioF();
+  const auto [at, size] = logicalRect({*corner, native});
+  const QRect found = QRectF(at.x, at.y, size.width, size.height).toRect();
   // Trays put what they hide outside the screen.
   return QGuiApplication::screenAt(found.center()) != nullptr ? std::optional(found) : std::nullopt;
 }
