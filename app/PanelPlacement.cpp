@@ -58,8 +58,8 @@ std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
 }
 
 bool isWithin(double distance, const Rect& rect, Point point) {
-  return point.x >= rect.origin.x - distance && point.x <= right(rect) + distance &&
-         point.y >= rect.origin.y - distance && point.y <= bottom(rect) + distance;
+  return point.x >= rect.origin.x - distance && point.x < right(rect) + distance &&
+         point.y >= rect.origin.y - distance && point.y < bottom(rect) + distance;
 }
 
 }  // namespace Hilalor

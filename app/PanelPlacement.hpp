@@ -15,7 +15,8 @@ namespace Hilalor {
 [[nodiscard]] std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
                                                const std::vector<Screen>& screens);
 
-/// Whether the point lies in the rectangle or within that distance of it.
+/// Whether the point lies in the rectangle, made larger by that distance on every side. The right
+/// and the lower edge are its neighbour's.
 [[nodiscard]] bool isWithin(double distance, const Rect& rect, Point point);
 
 }  // namespace Hilalor
