@@ -5,6 +5,8 @@
 namespace Hilalor {
 namespace {
 
+constexpr double kThickestBar = 64;
+
 double right(const Rect& rect) {
   return rect.origin.x + rect.size.width;
 }
@@ -55,6 +57,12 @@ std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
   const double leftmost = std::max(visible.origin.x, middle(place).x - panel.width / 2);
   return Point{std::min(right(visible) - panel.width, leftmost),
                panelTop(panel.height, place, screen)};
+}
+
+bool mayBeOnBar(Point point, const std::vector<Screen>& screens) {
+  return std::ranges::none_of(screens, [&](const Screen& screen) {
+    return isWithin(0, screen.visibleFrame, point) && isWithin(-kThickestBar, screen.frame, point);
+  });
 }
 
 bool isWithin(double distance, const Rect& rect, Point point) {

@@ -15,6 +15,10 @@ namespace Hilalor {
 [[nodiscard]] std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
                                                const std::vector<Screen>& screens);
 
+/// Whether there may be a bar at the point: outside what is free of its screen, or near the edge,
+/// where bars that hide themselves come up.
+[[nodiscard]] bool mayBeOnBar(Point point, const std::vector<Screen>& screens);
+
 /// Whether the point lies in the rectangle, made larger by that distance on every side. The right
 /// and the lower edge are its neighbour's.
 [[nodiscard]] bool isWithin(double distance, const Rect& rect, Point point);

@@ -88,15 +88,15 @@ void StatusBarController::updateTitle() {
 }
 
 void StatusBarController::handleClick(const StatusItemClick& click) {
-  pointerAtClick_ = click.pointer;
+  pointerOnItem_ = isPointerOnItem(click) ? click.pointer : std::nullopt;
   reopening_.reset();
   const bool closedThePanel = isOfClosingPress(click);
   closingPress_.reset();
   if (click.button == StatusItemClick::Button::right) return close();
   if (closedThePanel) return;
   if (panel_ && panel_->isVisible()) return close();
-  // A click without a pointer came from the keyboard, which then belongs to the panel.
-  openCalendar(click.pointer ? KeyboardAtOpening::leftWhereItIs : KeyboardAtOpening::taken);
+  // A click without the pointer came from the keyboard, which then belongs to the panel.
+  openCalendar(pointerOnItem_ ? KeyboardAtOpening::leftWhereItIs : KeyboardAtOpening::taken);
 }
 
 void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
@@ -117,15 +117,20 @@ void StatusBarController::close() {
   eventMonitor_.reset();
 }
 
-std::optional<Rect> StatusBarController::itemPlace() const {
+std::optional<Rect> StatusBarController::itemPlace(const std::optional<Point>& pointer) const {
   if (const auto place = statusItem_->place()) return place;
-  // The pointer was on the item.
-  if (pointerAtClick_) return Rect{*pointerAtClick_, {}};
+  if (pointer) return Rect{*pointer, {}};
   return std::nullopt;
 }
 
+bool StatusBarController::isPointerOnItem(const StatusItemClick& click) const {
+  // Bars on D-Bus do not tell clicks from the keyboard's; the pointer is anywhere then.
+  return click.pointer &&
+         (statusItem_->place() || mayBeOnBar(*click.pointer, platform_.screens.all()));
+}
+
 void StatusBarController::position(Size size) {
-  const auto origin = panelOrigin(size, itemPlace(), platform_.screens.all());
+  const auto origin = panelOrigin(size, itemPlace(pointerOnItem_), platform_.screens.all());
   panel_->setFrame({origin.value_or(Point{}), size});
 }
 
@@ -164,7 +169,7 @@ void StatusBarController::forgetClosingPressSoon() {
 
 bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
   if (!closingPress_) return false;
-  const auto item = itemPlace();
+  const auto item = itemPlace(click.pointer);
   if (!closingPress_->place || !item) return click.pointer.has_value();
   return isWithin(kClickReach, *item, *closingPress_->place);
 }

@@ -48,7 +48,8 @@ class StatusBarController {
   void handleClick(const StatusItemClick& click);
   void openCalendar(KeyboardAtOpening keyboard);
   void close();
-  [[nodiscard]] std::optional<Rect> itemPlace() const;
+  [[nodiscard]] std::optional<Rect> itemPlace(const std::optional<Point>& pointer) const;
+  [[nodiscard]] bool isPointerOnItem(const StatusItemClick& click) const;
   void position(Size size);
   void resize(Size size);
   void reopenPanelIfVisible();
@@ -62,7 +63,7 @@ class StatusBarController {
   AppSettings& settings_;
   PrayerNotificationManager& alerts_;
   std::unique_ptr<StatusItem> statusItem_;
-  std::optional<Point> pointerAtClick_;
+  std::optional<Point> pointerOnItem_;  // At the last click.
   std::unique_ptr<Panel> panel_;
   std::unique_ptr<EventMonitor> eventMonitor_;
   std::optional<ClosingPress> closingPress_;

@@ -37,7 +37,10 @@ TEST(PanelPlacement, StandsAgainstTheBarUnderTheItem) {
       {"a bar that hides itself", Rect{{600, 0}, {80, 24}}, {kNoBar}, {510, 24}},
       {"the same at the bottom", Rect{{600, 776}, {80, 24}}, {kNoBar}, {510, 276}},
       {"on the second screen", Rect{{1300, 4}, {60, 22}}, {kBarAtTop, kSecond}, {1280, 30}},
-      {"on the second screen's first pixel", Rect{{1280, 11}, {}}, {kBarAtTop, kSecond}, {1280, 30}},
+      {"on the second screen's first pixel",
+       Rect{{1280, 11}, {}},
+       {kBarAtTop, kSecond},
+       {1280, 30}},
       {"off every screen", Rect{{600, -90}, {80, 24}}, {kBarAtTop, kSecond}, {510, 24}},
       {"place unknown", std::nullopt, {kBarAtTop, kSecond}, {1020, 24}},
       {"place unknown, bar at the bottom", std::nullopt, {kBarAtBottom}, {1020, 270}},
@@ -54,6 +57,13 @@ TEST(PanelPlacement, StandsAgainstTheBarUnderTheItem) {
 TEST(PanelPlacement, KeepsTheRightEdgeWhereThePanelIsWiderThanTheScreen) {
   const auto origin = panelOrigin({1500, 300}, Rect{{600, 0}, {80, 24}}, {kBarAtTop});
   EXPECT_EQ(origin->x, -220);
+}
+
+TEST(PanelPlacement, KnowsWhereABarMayBe) {
+  EXPECT_TRUE(mayBeOnBar({640, 12}, {kBarAtTop}));
+  EXPECT_TRUE(mayBeOnBar({640, 790}, {kBarAtTop})) << "one that hides itself";
+  EXPECT_FALSE(mayBeOnBar({640, 400}, {kBarAtTop}));
+  EXPECT_FALSE(mayBeOnBar({1900, 400}, {kBarAtTop, kSecond}));
 }
 
 TEST(PanelPlacement, HasNoPlaceWithoutAScreen) {

@@ -132,6 +132,13 @@ TEST_F(StatusBarPanelTest, TakesTheKeyboardWhenItIsOpenedByKeyboard) {
   desktop.statusBar.action({.button = StatusItemClick::Button::left, .pointer = {}});
   ASSERT_TRUE(panel());
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+  click();
+
+  desktop.statusBar.place.reset();
+  desktop.statusBar.action({.button = StatusItemClick::Button::left, .pointer = kElsewhere});
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->frame, (Rect{{1020, 24}, {260, 500}})) << "the pointer is not on a bar";
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
 }
 
 TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
