@@ -18,6 +18,8 @@ constexpr Seconds kReopeningDelay{0.05};
 constexpr double kClickReach = 8;
 // Bars report a click over D-Bus, a moment after the release.
 constexpr Seconds kClickReportDelay{0.3};
+// From a press whose release nobody tells to the report of its click.
+constexpr Seconds kWholeClick{0.6};
 
 Appearance appearance(AppTheme theme) {
   switch (theme) {
@@ -150,28 +152,27 @@ void StatusBarController::closeForPress(Point place) {
   if (const auto item = statusItem_->place(); item && isWithin(0, *item, place)) return;
   closingPress_ = ClosingPress{.place = place, .monitor = nullptr, .forgetting = nullptr};
   closingPress_->monitor = platform_.mouse.addGlobalMonitor(
-      {.onPress = {}, .onRelease = [this] { forgetClosingPressSoon(); }});
+      {.onPress = {}, .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
   close();
 }
 
 void StatusBarController::closeForDismissal(Dismissal how) {
   if (how == Dismissal::byDesktop) {
     closingPress_ = ClosingPress{};
-    forgetClosingPressSoon();
+    forgetClosingPressAfter(kWholeClick);
   }
   close();
 }
 
-void StatusBarController::forgetClosingPressSoon() {
-  closingPress_->forgetting =
-      platform_.loop.once(kClickReportDelay, [this] { closingPress_.reset(); });
+void StatusBarController::forgetClosingPressAfter(Seconds delay) {
+  closingPress_->forgetting = platform_.loop.once(delay, [this] { closingPress_.reset(); });
 }
 
 bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
   if (!closingPress_) return false;
+  if (!closingPress_->place) return true;
   const auto item = itemPlace(click.pointer);
-  if (!closingPress_->place || !item) return click.pointer.has_value();
-  return isWithin(kClickReach, *item, *closingPress_->place);
+  return item && isWithin(kClickReach, *item, *closingPress_->place);
 }
 
 void StatusBarController::openSettings() {

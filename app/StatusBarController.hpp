@@ -55,7 +55,7 @@ class StatusBarController {
   void reopenPanelIfVisible();
   void closeForPress(Point place);
   void closeForDismissal(Dismissal how);
-  void forgetClosingPressSoon();
+  void forgetClosingPressAfter(Seconds delay);
   [[nodiscard]] bool isOfClosingPress(const StatusItemClick& click) const;
   void applyTheme(AppTheme theme);
 
