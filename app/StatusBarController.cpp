@@ -111,7 +111,8 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   position(panel_->fittingSize());
   panel_->orderFront(keyboard);
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
-      {.onPress = [this](Point place) { closeForPress(place); }, .onRelease = {}});
+      {.onPress = [this](Point place) { closeForPress(place); },
+       .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
 }
 
 void StatusBarController::close() {
@@ -148,11 +149,12 @@ void StatusBarController::reopenPanelIfVisible() {
 }
 
 void StatusBarController::closeForPress(Point place) {
+  if (!panel_) return;
   // The item's own click closes the panel.
   if (const auto item = statusItem_->place(); item && isWithin(0, *item, place)) return;
-  closingPress_ = ClosingPress{.place = place, .monitor = nullptr, .forgetting = nullptr};
-  closingPress_->monitor = platform_.mouse.addGlobalMonitor(
-      {.onPress = {}, .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
+  // Another monitor might be too late for the release.
+  closingPress_ =
+      ClosingPress{.place = place, .monitor = std::move(eventMonitor_), .forgetting = nullptr};
   close();
 }
 
@@ -165,6 +167,7 @@ void StatusBarController::closeForDismissal(Dismissal how) {
 }
 
 void StatusBarController::forgetClosingPressAfter(Seconds delay) {
+  if (!closingPress_) return;
   closingPress_->forgetting = platform_.loop.once(delay, [this] { closingPress_.reset(); });
 }
 

@@ -35,7 +35,7 @@ class StatusBarController {
   /// reports for it must not open the panel again.
   struct ClosingPress {
     std::optional<Point> place;             // Absent where the desktop does not tell.
-    std::unique_ptr<EventMonitor> monitor;  // Waits for the release.
+    std::unique_ptr<EventMonitor> monitor;  // The panel's, which waits for the release.
     std::unique_ptr<Timer> forgetting;
   };
 
