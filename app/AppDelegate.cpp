@@ -20,6 +20,8 @@ bool AppDelegate::didRequestLocation(const DefaultsStore& store) {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
+  // The bar has room for one item, and the application tells one controller.
+  statusBarController_.reset();
   statusBarController_ = std::make_unique<StatusBarController>(Platform::current().updater);
   requestLocationOnFirstRun();
 }

@@ -26,6 +26,15 @@ TEST(AppDelegate, StartsTheUpdaterBeforeTheItemAppears) {
   EXPECT_FALSE(desktop.statusBar.titles.empty());
 }
 
+TEST(AppDelegate, ASecondLaunchLeavesOneWorkingController) {
+  FakePlatform desktop;
+  AppDelegate delegate;
+  delegate.applicationDidFinishLaunching();
+  delegate.applicationDidFinishLaunching();
+  desktop.application.reopen();
+  EXPECT_TRUE(desktop.surfaces.panel);
+}
+
 TEST(AppDelegate, RunsWithoutAnUpdater) {
   FakePlatform desktop;
   desktop.platform.updater = nullptr;
