@@ -26,7 +26,7 @@ template <typename Subscriber>
 }
 
 /// The latest value of each of two, told once for the present pair and then at every assignment of
-/// either. `dropFirst` leaves the present pair out.
+/// either. `dropped` leaves the present pair out.
 enum class FirstPair { told, dropped };
 
 template <typename One, typename Other>
