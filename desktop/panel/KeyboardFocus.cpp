@@ -1,5 +1,7 @@
 #include "desktop/panel/KeyboardFocus.hpp"
 
+#include <QApplication>
+#include <QEvent>
 #include <QWidget>
 
 #include "desktop/XConnection.hpp"
@@ -16,20 +18,39 @@ std::optional<xcb_window_t> focusedWindow() {
   return reply->focus;
 }
 
+/// Whether the window could be given it.
+bool give(xcb_window_t window) {
+  const auto request =
+      xcb_set_input_focus_checked(qtConnection(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+  const Xcb::Owned<xcb_generic_error_t> failure(xcb_request_check(qtConnection(), request));
+  return failure == nullptr;
+}
+
 }  // namespace
 
-KeyboardFocus::KeyboardFocus() : before_(focusedWindow()) {}
+KeyboardFocus::KeyboardFocus(const QWidget& taker) : taker_(taker) {
+  qApp->installEventFilter(this);
+}
 
-void KeyboardFocus::giveBackFrom(const QWidget& window) const {
+void KeyboardFocus::rememberOwner() {
+  if (const auto now = focusedWindow(); now && !isTakers(*now)) owner_ = now;
+}
+
+void KeyboardFocus::giveBack() const {
   const auto now = focusedWindow();
-  if (!before_ || !now) return;
-  const QWidget* focused = QWidget::find(*now);
-  if (focused == nullptr || (focused != &window && focused->parentWidget() != &window)) return;
-  // A window that has gone meanwhile is no error of Qt's.
-  Xcb::ignoreFailure(qtConnection(),
-                     xcb_set_input_focus_checked(qtConnection(), XCB_INPUT_FOCUS_PARENT, *before_,
-                                                 XCB_CURRENT_TIME));
-  xcb_flush(qtConnection());
+  if (!owner_ || !now || !isTakers(*now)) return;
+  // One that has gone, or is hidden, cannot have it. Better whoever is pointed at than nobody.
+  if (!give(*owner_)) give(XCB_INPUT_FOCUS_POINTER_ROOT);
+}
+
+bool KeyboardFocus::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress && watched->isWindowType()) rememberOwner();
+  return QObject::eventFilter(watched, event);
+}
+
+bool KeyboardFocus::isTakers(xcb_window_t window) const {
+  const QWidget* focused = QWidget::find(window);
+  return focused != nullptr && (focused == &taker_ || focused->parentWidget() == &taker_);
 }
 
 }  // namespace Hilalor

@@ -2,23 +2,33 @@
 
 #include <xcb/xcb.h>
 
+#include <QObject>
 #include <optional>
 
 class QWidget;
 
 namespace Hilalor {
 
-/// The window that has the keyboard, remembered to give it back. Only on X11, where some window
-/// managers leave the keyboard to nobody when a window they do not manage goes.
-class KeyboardFocus {
+/// Who had the keyboard before a window that may take it, remembered to give it back. Only on X11,
+/// where some window managers leave the keyboard to nobody when a window they do not manage goes.
+class KeyboardFocus final : public QObject {
  public:
-  KeyboardFocus();
+  /// The window takes the keyboard after presses in it, and after `rememberOwner`.
+  explicit KeyboardFocus(const QWidget& taker);
+
+  void rememberOwner();
 
   /// If the window or one that belongs to it has the keyboard now.
-  void giveBackFrom(const QWidget& window) const;
+  void giveBack() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  std::optional<xcb_window_t> before_;
+  [[nodiscard]] bool isTakers(xcb_window_t window) const;
+
+  const QWidget& taker_;
+  std::optional<xcb_window_t> owner_;
 };
 
 }  // namespace Hilalor

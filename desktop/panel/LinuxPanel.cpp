@@ -25,13 +25,14 @@ void setWindowAppearance(QWidget& window, Appearance appearance) {
 LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissal)> onDismiss)
     : screen_(screen.get()),
       onDismiss_(std::move(onDismiss)),
-      window_(new PanelWindow(screen.release(), onDismiss_)) {}
+      window_(new PanelWindow(screen.release(), onDismiss_)),
+      keyboard_(*window_) {}
 
 LinuxPanel::~LinuxPanel() {
   // Nobody is there to be told any more, though the window lives on to the end of this event.
   window_->disown();
   screen_->onWantedSize = nullptr;
-  keyboard_.giveBackFrom(*window_);
+  keyboard_.giveBack();
   window_->hide();
   window_->deleteLater();
 }
@@ -57,7 +58,10 @@ void LinuxPanel::setFrame(const Rect& frame) {
 void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
   window_->show();
   window_->raise();
-  if (keyboard == KeyboardAtOpening::taken) window_->activateWindow();
+  if (keyboard == KeyboardAtOpening::taken) {
+    keyboard_.rememberOwner();
+    window_->activateWindow();
+  }
   escape_ = std::make_unique<EscapeKey>([told = onDismiss_] {
     if (told) told(Dismissal::byEscape);
   });

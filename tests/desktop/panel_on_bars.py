@@ -51,7 +51,7 @@ class Check:
 
     def run(self):
         self.bar.start()
-        self.other_program()
+        self.other = self.other_program("other")
         self.empty_bar = self.screen.settled_picture(self.bar.rect(self.screen))
         self.program.start(menuBarStyle="date")
         self.item = wait_until(self.find_item, "the item is in the bar")
@@ -65,13 +65,14 @@ class Check:
         item = self.panel.item() or self.screen.picture(bar).difference(self.empty_bar)
         return item if item == (self.panel.item() or item) else None
 
-    def other_program(self):
+    def other_program(self, name):
         """One that has the keyboard, and prints what it is told of it."""
-        self.session.start("xev", "-name", "other", "-geometry", "200x200+100+300")
-        self.other = wait_until(
-            lambda: self.session.ask("xdotool", "search", "--name", "^other$").strip(),
+        self.session.start("xev", "-name", name, "-geometry", "200x200+100+300")
+        window = wait_until(
+            lambda: self.session.ask("xdotool", "search", "--name", f"^{name}$").strip(),
             "another program is there")
-        self.session.ask("xdotool", "windowfocus", "--sync", self.other)
+        self.session.ask("xdotool", "windowfocus", "--sync", window)
+        return window
 
     def focus(self):
         return self.session.ask("xdotool", "getwindowfocus").strip()
@@ -147,6 +148,15 @@ class Check:
         wait_until(self.panel.note, "the note is open again")
         assert self.notes() == ["call home"]
 
+    def gives_the_keyboard_back_to_its_last_owner(self):
+        self.open()
+        last = self.other_program("last")
+        self.panel.click(cell(1, 3), times=2)
+        wait_until(lambda: self.focus() != last, "the note has the keyboard")
+        self.press("Escape", "Escape")
+        self.panel.wait_for_closed()
+        wait_until(lambda: self.focus() == last, "the keyboard is given back")
+
     def shows_other_months_and_years(self):
         self.open()
         this_month = self.panel.picture()
@@ -189,7 +199,7 @@ class Check:
 
 USE = [Check.closes_by_a_second_click, Check.closes_by_a_press_elsewhere, Check.closes_by_escape,
        Check.shows_other_months_and_years, Check.selects_a_day, Check.a_right_click_closes_it,
-       Check.keeps_a_note]
+       Check.gives_the_keyboard_back_to_its_last_owner, Check.keeps_a_note]
 
 CASES = {
     "bar-at-top": (XfcePanel, [Check.opens_under_the_item, *USE]),
