@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <QWindow>
 #include <utility>
 
 #include "desktop/panel/LinuxPanel.hpp"
@@ -63,6 +64,11 @@ void LinuxWindow::setAppearance(Appearance appearance) {
 }
 
 void LinuxWindow::makeKeyAndOrderFront() {
+  // One on another workspace or put away as an icon comes to the user as a new one does; not every
+  // window manager brings it when it is asked to.
+  const bool isOnScreen = frame_->isVisible() && frame_->windowHandle()->isExposed();
+  if (!isOnScreen) frame_->hide();
+  frame_->setWindowState(frame_->windowState() & ~Qt::WindowMinimized);
   frame_->show();
   frame_->raise();
   frame_->activateWindow();

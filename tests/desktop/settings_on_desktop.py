@@ -84,6 +84,7 @@ class Check:
         self.open()
         self.is_one_window_in_the_middle()
         self.leaves_the_panel_open()
+        self.comes_from_another_workspace()
         self.stores_what_is_clicked()
         self.survives_a_kill_right_after_a_click()
         self.begins_anew_when_it_is_opened_again()
@@ -91,9 +92,13 @@ class Check:
     def open(self):
         """As a user does: the item, the panel, the gear in its corner."""
         self.screen.click(centre(wait_until(self.panel.item, "the item is in the bar")))
-        frame = self.panel.wait_for()
-        self.panel.click((frame.width - 21, frame.height - 19))
+        self.panel.wait_for()
+        self.click_gear()
         return self.window.wait_for()
+
+    def click_gear(self):
+        frame = self.panel.rect()
+        self.panel.click((frame.width - 21, frame.height - 19))
 
     def is_one_window_in_the_middle(self):
         frame = self.window.rect()
@@ -102,8 +107,7 @@ class Check:
         middle, wanted = centre(frame), centre(self.screen.rect)
         assert abs(middle[0] - wanted[0]) <= 2 and abs(middle[1] - wanted[1]) <= bar_and_title
         first = self.window.windows()
-        gear = self.panel.rect()
-        self.panel.click((gear.width - 21, gear.height - 19))
+        self.click_gear()
         self.window.picture()
         assert len(first) == 1 and self.window.windows() == first, "a second window was opened"
         self.save("opened")
@@ -114,6 +118,13 @@ class Check:
             self.window.click(place)
             self.window.picture()
             assert self.panel.rect(), f"a press at {place} of the window closed the panel"
+
+    def comes_from_another_workspace(self):
+        before = self.window.rect()
+        self.session.ask("xdotool", "set_desktop", "1")
+        wait_until(lambda: not self.window.rect(), "the window is left behind")
+        self.click_gear()
+        wait_until(lambda: self.window.rect() == before, "it comes to where the user is")
 
     def stores_what_is_clicked(self):
         self.window.click(SECONDARY_CALENDAR)
