@@ -7,6 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "platform/Signal.hpp"
+
 namespace Hilalor {
 
 /// A stored value that is neither of the plain types nor a dictionary of texts.
@@ -26,6 +28,18 @@ using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Opaq
 class DefaultsStore {
  public:
   virtual ~DefaultsStore() = default;
+
+  /// Told when values came in from the disk that were not there before: it could not be read at the
+  /// start, or another file was put in the place of the store's. What this program wrote in the
+  /// meantime stands. On a pass of the loop of its own, never within a call.
+  Signal<> cameIn;
+
+  /// Whether what the disk holds is known. While it is not, a value that is absent here may well be
+  /// stored; `cameIn` tells when it is.
+  [[nodiscard]] virtual bool isRead() const = 0;
+
+  /// Looks whether anything can come in by now. For moments when the user is about to see it.
+  virtual void lookAgain() = 0;
 
   /// The plain value under the key; none when there is none or a dictionary stands there.
   [[nodiscard]] virtual std::optional<DefaultsValue> value(std::string_view key) const = 0;

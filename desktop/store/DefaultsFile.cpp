@@ -52,6 +52,12 @@ std::filesystem::path logOf(const std::filesystem::path& database) {
   return database.string() + "-wal";
 }
 
+bool hasLog(const std::filesystem::path& database) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(logOf(database), error);
+  return !error && size > 0;
+}
+
 std::optional<ino_t> fileId(const std::filesystem::path& file) {
   struct stat status {};
   return stat(file.c_str(), &status) == 0 ? std::optional(status.st_ino) : std::nullopt;
@@ -107,17 +113,24 @@ DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path,
   return Outcome::damaged;
 }
 
-DefaultsContent DefaultsFile::contentOfProtected(const std::filesystem::path& path) {
+DefaultsFile::Protected DefaultsFile::readProtected(const std::filesystem::path& path) {
+  using Access = SqliteConnection::Access;
+  Protected found;
+  bool isLogRead = true;
   // A folder that nothing can be made in has no room for the log's index, without which SQLite
   // reads only the file proper. A program that ended well left nothing in the log.
-  for (const auto access :
-       {SqliteConnection::Access::readOnly, SqliteConnection::Access::snapshot}) {
+  for (const auto access : {Access::readOnly, Access::snapshot}) {
     const auto connection = SqliteConnection::open(path, access);
     if (!connection) continue;
-    auto content = readableContent(*connection);
-    if (!content.empty()) return content;
+    if (access == Access::snapshot && hasLog(path)) isLogRead = false;
+    const int status = loadContent(*connection, found.content);
+    found.isWhole = isLogRead && (status == SQLITE_OK || isDamage(status));
+    if (status == SQLITE_OK) break;
+    if (status == SQLITE_BUSY) isLogRead = false;
+    found.content = readableContent(*connection);
+    if (!found.content.empty()) break;
   }
-  return {};
+  return found;
 }
 
 DefaultsFile::DefaultsFile(const std::filesystem::path& path,
@@ -132,7 +145,7 @@ DefaultsFile::DefaultsFile(const std::filesystem::path& path,
       removeEntry_(*connection_, kRemoveEntry) {}
 
 bool DefaultsFile::leaveIfMoved() {
-  if (!connection_->hasMoved()) return false;
+  if (!hasMoved()) return false;
   if (logId_ && fileId(logOf(path_)) == logId_) {
     std::error_code error;
     std::filesystem::remove(logOf(path_), error);

@@ -25,9 +25,9 @@ class DefaultsFile {
     std::unique_ptr<DefaultsFile> file;
     /// What the file holds, where there is one.
     DefaultsContent stored;
-    /// What could still be read of a damaged file. It was set aside under another name, and the
-    /// new file is empty.
-    DefaultsContent salvaged;
+    /// What could still be read of a damaged file; none where the file was not damaged. It was set
+    /// aside under another name, and the new file is empty.
+    std::optional<DefaultsContent> salvaged;
   };
 
   /// Opens the file for writing, with its folder made where they are absent. The patience is for
@@ -35,8 +35,15 @@ class DefaultsFile {
   [[nodiscard]] static Opened open(const std::filesystem::path& path,
                                    std::chrono::milliseconds patience);
 
-  /// What a file that cannot be written holds; empty where it cannot be read either.
-  [[nodiscard]] static DefaultsContent contentOfProtected(const std::filesystem::path& path);
+  struct Protected {
+    DefaultsContent content;
+    /// Whether that is all there is to read. It is not where another program's lock or the lack of
+    /// a log's index left the file proper without its log, or nothing at all.
+    bool isWhole = false;
+  };
+
+  /// What a file that cannot be written holds.
+  [[nodiscard]] static Protected readProtected(const std::filesystem::path& path);
 
   enum class Outcome {
     done,
@@ -51,8 +58,10 @@ class DefaultsFile {
   /// Writes the places as they are in the content, all or none.
   Outcome write(const DefaultsContent& content, const UnwrittenPlaces& places);
 
-  /// Whether the open file no longer lies under its name. Its log is taken away then, lest SQLite
-  /// applies it to the file that lies there now.
+  /// Whether the open file no longer lies under its name.
+  [[nodiscard]] bool hasMoved() const { return connection_->hasMoved(); }
+
+  /// The same, and takes its log away then, lest SQLite applies it to the file that lies there now.
   [[nodiscard]] bool leaveIfMoved();
 
  private:

@@ -43,14 +43,27 @@ std::filesystem::path SqliteDefaultsStore::userFile() {
 SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file, RunLoop& loop)
     : path_(std::move(file)), loop_(loop), retryDelay_(kFirstRetry) {
   std::error_code error;
-  if (!std::filesystem::exists(path_, error)) return;
+  if (!std::filesystem::exists(path_, error) && !error) return;
+  isRead_ = false;
   connect(kStartPatience);
-  if (!file_ && content_.empty()) content_ = DefaultsFile::contentOfProtected(path_);
   if (!unwritten_.empty()) writeThrough();
+  if (!isRead_) tryLater();
 }
 
 SqliteDefaultsStore::~SqliteDefaultsStore() {
+  close();
+}
+
+void SqliteDefaultsStore::close() {
   if (!unwritten_.empty()) writeUnwritten();
+  file_.reset();
+}
+
+void SqliteDefaultsStore::lookAgain() {
+  if (file_ && !file_->hasMoved()) return;
+  // One that is gone is made anew by the next write.
+  std::error_code error;
+  if (std::filesystem::exists(path_, error)) writeThrough();
 }
 
 std::optional<DefaultsValue> SqliteDefaultsStore::value(std::string_view key) const {
@@ -141,13 +154,14 @@ void SqliteDefaultsStore::writeThrough() {
   retryDelay_ = kFirstRetry;
 }
 
-// Whether everything is on the disk.
+// Whether everything is on the disk, and all that is there is known.
 bool SqliteDefaultsStore::writeUnwritten() {
   if (file_ && file_->leaveIfMoved()) file_.reset();
   // A file found damaged is set aside by opening it once more; the second is a new one.
   for (int attempt = 0; attempt < 2; ++attempt) {
-    if (!file_) connect(DefaultsFile::kWritePatience);
-    if (!file_) return false;
+    if (!file_) reconnect();
+    if (!file_) return isRead_ && unwritten_.empty();
+    if (unwritten_.empty()) return true;
     switch (file_->write(content_, unwritten_)) {
       case DefaultsFile::Outcome::done:
         unwritten_.clear();
@@ -163,11 +177,53 @@ bool SqliteDefaultsStore::writeUnwritten() {
 
 void SqliteDefaultsStore::connect(std::chrono::milliseconds patience) {
   auto opened = DefaultsFile::open(path_, patience);
-  std::erase_if(opened.salvaged, [&](const auto& item) { return unwritten_.contains(item.first); });
-  content_.merge(opened.salvaged);
-  if (!opened.file) return;
+  if (opened.salvaged) takeSalvaged(std::move(*opened.salvaged));
+  if (!opened.file) {
+    if (!isRead_) readProtected();
+    return;
+  }
   file_ = std::move(opened.file);
+  if (!isRead_) forgetWritten();
+  isRead_ = true;
   reconcile(std::move(opened.stored));
+}
+
+// Opens the file once more, and tells if anything came in by it.
+void SqliteDefaultsStore::reconnect() {
+  const bool wasRead = isRead_;
+  const auto before = content_;
+  connect(DefaultsFile::kWritePatience);
+  if (isRead_ == wasRead && content_ == before) return;
+  telling_ = loop_.once(Seconds(0), [this] {
+    const auto finished = std::move(telling_);
+    cameIn.emit();
+  });
+}
+
+// A damaged file that was set aside holds nothing for the next start: all of this is to be written.
+void SqliteDefaultsStore::takeSalvaged(DefaultsContent salvaged) {
+  isRead_ = true;
+  for (auto& [place, value] : salvaged) {
+    if (unwritten_.contains(place)) continue;
+    const bool isOpaque = std::holds_alternative<OpaqueValue>(value);
+    const bool isNew = content_.try_emplace(place, std::move(value)).second;
+    if (isNew && !isOpaque) unwritten_.insert(place);
+  }
+}
+
+// Reads what can be read of a file that cannot be opened for writing.
+void SqliteDefaultsStore::readProtected() {
+  auto found = DefaultsFile::readProtected(path_);
+  if (!found.isWhole && found.content.empty()) return;
+  forgetWritten();
+  std::erase_if(found.content, [&](const auto& item) { return unwritten_.contains(item.first); });
+  content_.merge(found.content);
+  isRead_ = found.isWhole;
+}
+
+// Without its log a file holds values that have long been changed or taken away.
+void SqliteDefaultsStore::forgetWritten() {
+  std::erase_if(content_, [&](const auto& item) { return !unwritten_.contains(item.first); });
 }
 
 // Brings together what the file just opened holds with what is remembered.

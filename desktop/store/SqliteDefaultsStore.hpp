@@ -15,11 +15,11 @@ namespace Hilalor {
 /// each write goes through to the disk before its call returns.
 ///
 /// What the disk refuses (full, protected, locked by another program) waits in memory and is tried
-/// again with every further write and after a while; there is no timer when nothing waits. A
-/// damaged file is set aside, and what could be read of it goes into a new one. A file that was
-/// deleted is made anew, and one put in its place gains what only this program remembers; where
-/// both have a value, the file's stands, unless ours was never written. Dictionaries come together
-/// entry by entry, without those that are no text.
+/// again with every further write and after a while, and so is a file that could not be read; there
+/// is no timer when nothing waits. A damaged file is set aside, and what could be read of it goes
+/// into a new one. A file that was deleted is made anew, and one put in its place gains what only
+/// this program remembers; where both have a value, the file's stands, unless ours was never
+/// written. Dictionaries come together entry by entry, without those that are no text.
 ///
 /// Nothing is created before the first write.
 class SqliteDefaultsStore final : public DefaultsStore {
@@ -34,7 +34,13 @@ class SqliteDefaultsStore final : public DefaultsStore {
   /// the home folder.
   [[nodiscard]] static std::filesystem::path userFile();
 
+  /// Writes what waits and lets go of the file, whose log is taken into it. For an end of the
+  /// process that destroys nothing; a later write opens the file again.
+  void close();
+
   // DefaultsStore
+  [[nodiscard]] bool isRead() const override { return isRead_; }
+  void lookAgain() override;
   [[nodiscard]] std::optional<DefaultsValue> value(std::string_view key) const override;
   void setValue(std::string_view key, const DefaultsValue& value) override;
   [[nodiscard]] std::optional<TextDictionary> dictionary(std::string_view key) const override;
@@ -51,6 +57,10 @@ class SqliteDefaultsStore final : public DefaultsStore {
   void writeThrough();
   bool writeUnwritten();
   void connect(std::chrono::milliseconds patience);
+  void reconnect();
+  void takeSalvaged(DefaultsContent salvaged);
+  void readProtected();
+  void forgetWritten();
   void reconcile(DefaultsContent stored);
   void makeReadable(const std::string& dictionary);
   void tryLater();
@@ -58,10 +68,12 @@ class SqliteDefaultsStore final : public DefaultsStore {
   std::filesystem::path path_;
   RunLoop& loop_;
   std::unique_ptr<DefaultsFile> file_;  // null while the disk refuses
+  bool isRead_ = true;
   DefaultsContent content_;
   UnwrittenPlaces unwritten_;
   Seconds retryDelay_;
   std::unique_ptr<Timer> retry_;
+  std::unique_ptr<Timer> telling_;
 };
 
 }  // namespace Hilalor

@@ -17,7 +17,12 @@ class InMemoryDefaultsStore final : public DefaultsStore {
   /// as "key/entry".
   std::vector<std::string> writes;
 
+  /// Whether the disk that it stands for could be read.
+  bool hasRead = true;
+
   // DefaultsStore
+  [[nodiscard]] bool isRead() const override { return hasRead; }
+  void lookAgain() override {}
   [[nodiscard]] std::optional<DefaultsValue> value(std::string_view key) const override {
     return read<DefaultsValue>(key);
   }

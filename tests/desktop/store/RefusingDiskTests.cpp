@@ -3,6 +3,7 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <functional>
 #include <string>
 
 #include "tests/desktop/store/StoreFile.hpp"
@@ -36,13 +37,31 @@ class RefusingDisk : public StoreFile {
     std::filesystem::permissions(file().parent_path(), ofFolder);
   }
 
-  // A full disk for this process alone; false where the machine does not let us have one.
+  // A disk that can be filled, for this process alone; false where the machine does not let us have
+  // one.
   [[nodiscard]] bool mountSmallDisk() const {
     const bool isRoot = geteuid() == 0;
     if (unshare(CLONE_NEWNS | (isRoot ? 0 : CLONE_NEWUSER)) != 0) return false;
     if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
     return mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=512k") == 0;
   }
+
+  void onSmallDisk(const std::function<void()>& body) const {
+    constexpr int kNoDisk = 77;
+    ChildProcess child([&] {
+      if (!mountSmallDisk()) _exit(kNoDisk);
+      body();
+    });
+    const int status = child.exitStatus();
+    if (status == kNoDisk) GTEST_SKIP() << "no right to mount a small disk";
+    EXPECT_EQ(status, 0);
+  }
+
+  void fillDisk() const { setBytes(filler(), std::string(1 << 20, 'x')); }
+  void makeRoom() const { std::filesystem::remove(filler()); }
+
+ private:
+  [[nodiscard]] std::filesystem::path filler() const { return folder.path() / "filler"; }
 };
 
 TEST_F(RefusingDisk, ReadsAndRemembersWhereItMayNotWrite) {
@@ -95,41 +114,48 @@ TEST_F(RefusingDisk, WritesOnceItMay) {
 }
 
 TEST_F(RefusingDisk, LosesNothingOnAFullDisk) {
-  constexpr int kNoDisk = 77;
-  ChildProcess child([&] {
-    if (!mountSmallDisk()) _exit(kNoDisk);
+  onSmallDisk([&] {
     const auto store = open();
     store->setValue("theme", "dark"s);
     store->setEntry("notes", "2025-03-15", "small");
-    const auto filler = folder.path() / "filler";
-    setBytes(filler, std::string(1 << 20, 'x'));
+    fillDisk();
     store->setEntry("notes", "2025-03-16", std::string(100'000, 'n'));
     store->setValue("theme", "light"s);
     EXPECT_THAT(store->string("theme"), Optional("light"s));
     EXPECT_THAT(open()->string("theme"), Optional("dark"s));
     EXPECT_EQ(open()->dictionary("notes"), (TextDictionary{{"2025-03-15", "small"}}));
 
-    std::filesystem::remove(filler);
+    makeRoom();
     loop.advance(Seconds(4));
     EXPECT_THAT(open()->string("theme"), Optional("light"s));
     EXPECT_EQ(open()->dictionary("notes")->size(), 2U);
   });
-  const int status = child.exitStatus();
-  if (status == kNoDisk) GTEST_SKIP() << "no right to mount a small disk";
-  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RefusingDisk, ReadsAClosedStoreOnAFullDisk) {
-  constexpr int kNoDisk = 77;
-  ChildProcess child([&] {
-    if (!mountSmallDisk()) _exit(kNoDisk);
+  onSmallDisk([&] {
     open()->setValue("theme", "dark"s);
-    setBytes(folder.path() / "filler", std::string(1 << 20, 'x'));
+    fillDisk();
     EXPECT_THAT(open()->string("theme"), Optional("dark"s));
   });
-  const int status = child.exitStatus();
-  if (status == kNoDisk) GTEST_SKIP() << "no right to mount a small disk";
-  EXPECT_EQ(status, 0);
+}
+
+TEST_F(RefusingDisk, WritesWhatItSavedOfADamagedFileOnceThereIsRoom) {
+  onSmallDisk([&] {
+    open()->setValue("theme", "dark"s);
+    for (int day = 10; day < 40; ++day)
+      open()->setEntry("notes", std::to_string(day), std::string(1500, 'n'));
+    auto damaged = bytes(file());
+    damaged.replace(damaged.size() / 2 / 4096 * 4096, 4096, 4096, '\xa5');
+    setBytes(file(), damaged);
+    fillDisk();
+    const auto store = open();
+    EXPECT_THAT(store->string("theme"), Optional("dark"s));
+    makeRoom();
+    loop.advance(Seconds(1));
+    EXPECT_THAT(open()->string("theme"), Optional("dark"s));
+    EXPECT_GT(open()->dictionary("notes")->size(), 20U);
+  });
 }
 
 }  // namespace

@@ -39,5 +39,32 @@ TEST_F(ReplacedStore, ADictionaryOutlivesAFileWhoseOwnHasAnEntryThatIsNoText) {
   EXPECT_EQ(open()->dictionary("notes"), store->dictionary("notes"));
 }
 
+TEST_F(ReplacedStore, ComesInWhenSomebodyLooksOrAtTheNextWrite) {
+  const auto store = open();
+  store->setDictionary("notes", {{"1", "ours"}});
+  int told = 0;
+  const auto subscription = store->cameIn.subscribe([&] { ++told; });
+  const auto restore = [&](const char* text) {
+    const auto other = folder.path() / "other.sqlite";
+    SqliteDefaultsStore(other, loop).setEntry("notes", "2", text);
+    std::filesystem::rename(other, file());
+  };
+  restore("restored");
+  store->lookAgain();
+  EXPECT_EQ(told, 0) << "within a call";
+  loop.advance(Seconds(0));
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(store->dictionary("notes"), (TextDictionary{{"1", "ours"}, {"2", "restored"}}));
+  restore("restored again");
+  store->setEntry("notes", "3", "new");
+  loop.advance(Seconds(0));
+  EXPECT_EQ(told, 2);
+  EXPECT_EQ(store->dictionary("notes")->at("2"), "restored again");
+  EXPECT_EQ(open()->dictionary("notes"), store->dictionary("notes"));
+  store->lookAgain();
+  loop.advance(Seconds(100));
+  EXPECT_EQ(told, 2);
+}
+
 }  // namespace
 }  // namespace Hilalor
