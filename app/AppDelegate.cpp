@@ -28,6 +28,10 @@ void AppDelegate::applicationDidFinishLaunching() {
 
 void AppDelegate::requestLocationOnFirstRun() {
   auto& store = Platform::current().defaults;
+  if (!store.isRead()) {
+    cameIn_ = store.cameIn.subscribe([this] { requestLocationOnFirstRun(); });
+    return;
+  }
   if (didRequestLocation(store)) return;
   // Before the request, so that a user is asked once even if the program ends before they answer.
   store.setValue(kDidRequestLocationPermission, true);

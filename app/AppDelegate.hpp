@@ -19,12 +19,14 @@ class AppDelegate {
   [[nodiscard]] static bool didRequestLocation(const DefaultsStore& store);
 
   /// Launching has finished: the item appears, and the first run asks for the user's location.
+  /// Where the store cannot be read yet, whether this is the first run is decided when it can.
   void applicationDidFinishLaunching();
 
  private:
   void requestLocationOnFirstRun();
 
   std::unique_ptr<StatusBarController> statusBarController_;
+  Subscription cameIn_;
 };
 
 }  // namespace Hilalor

@@ -24,8 +24,22 @@ NoteEditorView::NoteEditorView(Date date, NotesStore& store)
       column({.spacing = kSpacing, .padding = Insets::all(kPadding), .alignment = Qt::AlignLeft},
              {liveText(kHeadingStyle, [this] { return dateLabel(); }),
               framed(editor_, kEditorSize.width(), kEditorSize.height())}));
-  editor_->onEdit = [this](const QString& text) { store_.setNote(text.toStdString(), date_); };
+  editor_->onEdit = [this](const QString& text) { edit(text); };
+  atRedraw([this] {
+    if (store_.note(date_) != note_) showNote();
+  });
+  changes_ = store_.willChange.subscribe([this] { setNeedsRedraw(); });
   redraw();
+}
+
+void NoteEditorView::showNote() {
+  note_ = store_.note(date_);
+  editor_->setText(QString::fromStdString(note_));
+}
+
+void NoteEditorView::edit(const QString& text) {
+  store_.setNote(text.toStdString(), date_);
+  note_ = store_.note(date_);
 }
 
 QString NoteEditorView::dateLabel() const {
@@ -38,10 +52,10 @@ QString NoteEditorView::dateLabel() const {
 
 void NoteEditorView::showEvent(QShowEvent* event) {
   View::showEvent(event);
-  const std::string note = store_.note(date_);
-  editor_->setText(QString::fromStdString(note));
+  showNote();
   // A note of blanks alone, from an older store, goes when it is looked at.
-  if (!note.empty()) store_.setNote(note, date_);
+  if (!note_.empty()) store_.setNote(note_, date_);
+  note_ = store_.note(date_);
   editor_->setFocus();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 #include "app/AppSettings.hpp"
 #include "app/NotesStore.hpp"
@@ -11,6 +12,7 @@
 namespace Hilalor {
 
 /// The note of a day, to be typed in. Every change is stored at once; there is nothing to confirm.
+/// A stored note that changes by other means than the typing is shown anew.
 class NoteEditorView final : public View {
  public:
   /// `date` is the start of the day.
@@ -21,11 +23,15 @@ class NoteEditorView final : public View {
 
  private:
   [[nodiscard]] QString dateLabel() const;
+  void showNote();
+  void edit(const QString& text);
 
   AppSettings& settings_ = AppSettings::shared();
   Date date_;
   NotesStore& store_;
   TextEditor* editor_;
+  std::string note_;  // The stored one, as last seen.
+  Subscription changes_;
 };
 
 }  // namespace Hilalor

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "platform/Platform.hpp"
 
@@ -50,7 +51,15 @@ void NotesStore::resetShared() {
 NotesStore::NotesStore(DefaultsStore& store)
     : store_(store),
       notes_(store.dictionary(kDayNotes).value_or(TextDictionary())),
-      formatter_("yyyy-MM-dd") {}
+      formatter_("yyyy-MM-dd"),
+      cameIn_(store.cameIn.subscribe([this] { reload(); })) {}
+
+void NotesStore::reload() {
+  auto stored = store_.dictionary(kDayNotes).value_or(TextDictionary());
+  if (stored == notes_) return;
+  willChange.emit();
+  notes_ = std::move(stored);
+}
 
 bool NotesStore::hasNote(Date date) const {
   const auto found = notes_.find(formatter_.string(date));

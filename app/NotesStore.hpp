@@ -10,8 +10,8 @@
 namespace Hilalor {
 
 /// One note a day, in free text. A day is a Gregorian one of the machine's time zone, whatever
-/// calendar the panel shows. Each change is in the defaults store when its call returns. Main
-/// thread.
+/// calendar the panel shows. Each change is in the defaults store when its call returns; notes that
+/// come in there are taken over. Main thread.
 class NotesStore {
  public:
   /// The process's notes, built over the installed platform on first use.
@@ -40,9 +40,12 @@ class NotesStore {
   void setNote(const std::string& text, Date date);
 
  private:
+  void reload();
+
   DefaultsStore& store_;
   TextDictionary notes_;
   DateFormatter formatter_;
+  Subscription cameIn_;
 };
 
 }  // namespace Hilalor

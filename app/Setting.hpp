@@ -12,13 +12,18 @@
 namespace Hilalor {
 
 /// One preference: a published value that is written to the store whenever it is assigned, also
-/// when it is assigned what it was. Reading it never writes. Main thread.
+/// when it is assigned what it was. Reading it never writes. It follows the store when values come
+/// in there. Main thread.
 template <typename Value>
 class Setting {
  public:
   /// Loads the value under the key, or takes the default where there is none of its type.
   Setting(DefaultsStore& store, const Signal<>& ownerWillChange, const char* key, Value byDefault)
-      : store_(store), key_(key), value_(loaded(std::move(byDefault)), &ownerWillChange) {}
+      : store_(store),
+        key_(key),
+        byDefault_(std::move(byDefault)),
+        value_(loaded(), &ownerWillChange),
+        cameIn_(store.cameIn.subscribe([this] { reload(); })) {}
 
   [[nodiscard]] const Value& value() const { return value_.value(); }
   operator const Value&() const { return value(); }
@@ -33,17 +38,22 @@ class Setting {
   [[nodiscard]] Published<Value>& publisher() { return value_; }
 
  private:
-  [[nodiscard]] Value loaded(Value byDefault) const {
+  void reload() {
+    auto stored = loaded();
+    if (stored != value()) value_.assign(std::move(stored));
+  }
+
+  [[nodiscard]] Value loaded() const {
     if constexpr (std::is_enum_v<Value>) {
-      return fromRawValue<Value>(store_.string(key_).value_or("")).value_or(byDefault);
+      return fromRawValue<Value>(store_.string(key_).value_or("")).value_or(byDefault_);
     } else if constexpr (std::is_same_v<Value, bool>) {
-      return store_.boolean(key_).value_or(byDefault);
+      return store_.boolean(key_).value_or(byDefault_);
     } else if constexpr (std::is_same_v<Value, std::int64_t>) {
-      return store_.integer(key_).value_or(byDefault);
+      return store_.integer(key_).value_or(byDefault_);
     } else if constexpr (std::is_same_v<Value, double>) {
       return store_.number(key_);
     } else {
-      return store_.string(key_).value_or(std::move(byDefault));
+      return store_.string(key_).value_or(byDefault_);
     }
   }
 
@@ -57,7 +67,9 @@ class Setting {
 
   DefaultsStore& store_;
   const char* key_;
+  Value byDefault_;
   Published<Value> value_;
+  Subscription cameIn_;
 };
 
 }  // namespace Hilalor

@@ -102,6 +102,7 @@ void StatusBarController::handleClick(const StatusItemClick& click) {
 }
 
 void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
+  platform_.defaults.lookAgain();
   panel_ = platform_.surfaces.makeCalendarPanel({
       .onSizeChange = [this](Size size) { resize(size); },
       .onOpenSettings = [this] { openSettings(); },

@@ -74,6 +74,21 @@ TEST(AppDelegate, FirstRunReplacesAModeThatIsNotText) {
   EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
 }
 
+TEST(AppDelegate, FirstRunWaitsForAStoreThatCannotBeReadYet) {
+  FakePlatform desktop;
+  desktop.defaults.hasRead = false;
+  AppDelegate delegate;
+  delegate.applicationDidFinishLaunching();
+  EXPECT_TRUE(desktop.defaults.writes.empty());
+  EXPECT_EQ(desktop.location.authorizationRequests, 0);
+  desktop.defaults.setValue("locationMode", std::string("manual"));
+  desktop.defaults.hasRead = true;
+  desktop.defaults.cameIn.emit();
+  EXPECT_EQ(AppSettings::shared().locationMode, LocationMode::manual);
+  EXPECT_EQ(desktop.defaults.string("locationMode"), "manual");
+  EXPECT_EQ(desktop.location.authorizationRequests, 1);
+}
+
 TEST(AppDelegate, LaterRunsWriteAndAskNothing) {
   FakePlatform desktop;
   desktop.defaults.setValue(kFlag, true);

@@ -152,6 +152,22 @@ TEST_F(AppSettingsTest, WritesAndPublishesAlsoWhatItAlreadyIs) {
   EXPECT_EQ(store().writes.size(), 2U);
 }
 
+TEST_F(AppSettingsTest, PublishesWhatComesInAndWritesNothing) {
+  std::vector<AppTheme> themes;
+  const auto subscription =
+      settings().theme.publisher().subscribe([&](AppTheme theme) { themes.push_back(theme); });
+  settings().athanEnabled = true;
+  store().setValue("appTheme", std::string("dark"));
+  store().setValue("manualLatitude", 21.4);
+  store().writes.clear();
+  store().cameIn.emit();
+  store().cameIn.emit();
+  EXPECT_THAT(themes, ElementsAre(AppTheme::system, AppTheme::dark));
+  EXPECT_EQ(settings().manualLatitude, 21.4);
+  EXPECT_TRUE(settings().athanEnabled);
+  EXPECT_TRUE(store().writes.empty());
+}
+
 TEST_F(AppSettingsTest, ManualPlaceIsTheUsersOrTheFallback) {
   const SystemTimeZone zone("Europe/Oslo");
   settings().locationMode = LocationMode::manual;

@@ -93,6 +93,20 @@ TEST_F(NotesStoreTest, ReplacesAStoredValueThatIsNoDictionaryOfTexts) {
   EXPECT_EQ(stored(), (TextDictionary{{"2025-03-15", "new"}}));
 }
 
+TEST_F(NotesStoreTest, TakesOverWhatComesInAndTellsBefore) {
+  NotesStore notes(defaults);
+  int told = 0;
+  const auto subscription = notes.willChange.subscribe([&] {
+    ++told;
+    EXPECT_FALSE(notes.hasNote(day));
+  });
+  defaults.setDictionary("dayNotes", {{"2025-03-15", "note"}});
+  defaults.cameIn.emit();
+  EXPECT_EQ(notes.note(day), "note");
+  defaults.cameIn.emit();
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(NotesStoreTest, IsSharedOverTheInstalledPlatform) {
   FakePlatform desktop;
   NotesStore::shared().setNote("note", day);
