@@ -89,18 +89,28 @@ class LinuxDesktop {
                   .soundFolders = soundFolders()} {
     Platform::install(&platform_);
     application.remainTheRunningCopy(sessionBus_);
+    LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
+    if (!defaults_.isRead()) contactLaterIfAsked();
   }
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
   ~LinuxDesktop() {
     resetSharedObjects();
     Platform::install(nullptr);
-    // Work on other threads uses what goes next. What hangs there is left behind: everything was
-    // stored when it changed.
+    LinuxApplication::setLostDisplayHandler({});
+    defaults_.close();
+    // Work on other threads uses what goes next. What hangs there is left behind.
     if (!loop_.endBackgroundWork(kShutdownPatience)) std::_Exit(EXIT_SUCCESS);
   }
 
  private:
+  // The store tells only when it can be read that the user was asked in an earlier run.
+  void contactLaterIfAsked() {
+    cameIn_ = defaults_.cameIn.subscribe([this] {
+      if (AppDelegate::didRequestLocation(defaults_)) location_.requestWhenInUseAuthorization();
+    });
+  }
+
   SystemClock clock_;
   QtRunLoop loop_;
   SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
@@ -118,6 +128,7 @@ class LinuxDesktop {
   LinuxWorkspace workspace_;
   std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
   Platform platform_;
+  Subscription cameIn_;
 };
 
 }  // namespace

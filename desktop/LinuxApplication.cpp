@@ -51,10 +51,14 @@ void noteSignal(int) {
 
 bool isRunning = false;
 
+std::function<void()> lostDisplayHandler;
+
 // When the X server goes, Qt leaves by exit(1) from within the event loop. To this program that is
-// the end of the session like any other: everything was stored when it changed.
+// the end of the session like any other.
 void endWithTheSession() {
-  if (isRunning) _exit(EXIT_SUCCESS);
+  if (!isRunning) return;
+  if (lostDisplayHandler) lostDisplayHandler();
+  _exit(EXIT_SUCCESS);
 }
 
 }  // namespace
@@ -74,6 +78,7 @@ LinuxApplication::LinuxApplication() {
 
 LinuxApplication::~LinuxApplication() {
   isRunning = false;
+  setLostDisplayHandler({});
   signalNotifier_.reset();
   for (int& end : signalPipe)
     close(std::exchange(end, -1));
@@ -124,6 +129,10 @@ void LinuxApplication::terminate() {
   for (const int number : {SIGTERM, SIGINT})
     signal(number, SIG_DFL);
   QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+void LinuxApplication::setLostDisplayHandler(std::function<void()> handler) {
+  lostDisplayHandler = std::move(handler);
 }
 
 void LinuxApplication::setReopenHandler(std::function<void()> handler) {

@@ -32,6 +32,10 @@ class LinuxApplication final : public QObject, public Application {
   /// in between, this one ends. The bus must live as long as its changes are to be heard.
   void remainTheRunningCopy(SessionBus& sessionBus);
 
+  /// Runs when the display goes from under the program, which ends then and destroys nothing. The
+  /// display may not be used any more.
+  static void setLostDisplayHandler(std::function<void()> handler);
+
   // Application
   void terminate() override;
   void setReopenHandler(std::function<void()> handler) override;
