@@ -45,6 +45,7 @@ CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
                            std::function<void()> onOpenSettings)
     : onOpenSettings_(std::move(onOpenSettings)),
       now_(Platform::current().clock.now()),
+      zone_(TimeZone::current()),
       model_(now_, settings_.primaryCalendar),
       identity_{settings_.showCalendar, settings_.showPrayerTimes} {
   setFixedWidth(kWidth);
@@ -182,6 +183,10 @@ void CalendarView::refreshPage() {
     hoveredHoliday_.clear();
     resetModel();
   }
+  if (const auto zone = TimeZone::current(); zone != zone_) {
+    zone_ = zone;
+    resetModel();
+  }
   if (settings_.primaryCalendar != model_.primaryCalendar) resetModel();
   if (!settings_.showCalendar) return;
   page_ = model_.page(now_, settings_.showHolidays ? HolidayLabels::shown : HolidayLabels::hidden);
@@ -289,6 +294,8 @@ void CalendarView::focusOn(Date day) {
 }
 
 void CalendarView::openNote() {
+  // Another time zone has other days.
+  redraw();
   const Date day = keyboardDay();
   for (DayCellView* cell : cells_)
     if (cell->day() && cell->day()->cell.date == day) cell->openNote();

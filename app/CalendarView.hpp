@@ -71,7 +71,8 @@ class CalendarView final : public View {
   NotesStore& notes_ = NotesStore::shared();
   std::function<void()> onOpenSettings_;
 
-  Date now_;  // As of the last redraw.
+  Date now_;       // As of the last redraw.
+  TimeZone zone_;  // The machine's, in which the page's days begin; as of the last redraw.
   CalendarModel model_;
   bool yearMode_ = false;
   QString hoveredHoliday_;

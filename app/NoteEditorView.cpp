@@ -1,5 +1,6 @@
 #include "app/NoteEditorView.hpp"
 
+#include "datetime/Calendar.hpp"
 #include "datetime/DateFormatter.hpp"
 
 namespace Hilalor {
@@ -13,10 +14,19 @@ constexpr TextStyle kHeadingStyle{
 constexpr int kEditorTypeSize = 13;
 constexpr QSize kEditorSize{240, 120};
 
+DateComponents dayOf(Date date) {
+  const auto fields = Calendar(CalendarIdentifier::gregorian).components(date);
+  DateComponents day;
+  day.year = fields.year;
+  day.month = fields.month;
+  day.day = fields.day;
+  return day;
+}
+
 }  // namespace
 
 NoteEditorView::NoteEditorView(Date date, NotesStore& store)
-    : date_(date), store_(store), editor_(new TextEditor(kEditorTypeSize)) {
+    : day_(dayOf(date)), store_(store), editor_(new TextEditor(kEditorTypeSize)) {
   setFixedWidth(kWidth);
   setFocusProxy(editor_);
   editor_->setAccessibleName(dateLabel());
@@ -26,20 +36,24 @@ NoteEditorView::NoteEditorView(Date date, NotesStore& store)
               framed(editor_, kEditorSize.width(), kEditorSize.height())}));
   editor_->onEdit = [this](const QString& text) { edit(text); };
   atRedraw([this] {
-    if (store_.note(date_) != note_) showNote();
+    if (store_.note(startOfDay()) != note_) showNote();
   });
   changes_ = store_.willChange.subscribe([this] { setNeedsRedraw(); });
   redraw();
 }
 
 void NoteEditorView::showNote() {
-  note_ = store_.note(date_);
+  note_ = store_.note(startOfDay());
   editor_->setText(QString::fromStdString(note_));
 }
 
 void NoteEditorView::edit(const QString& text) {
-  store_.setNote(text.toStdString(), date_);
-  note_ = store_.note(date_);
+  store_.setNote(text.toStdString(), startOfDay());
+  note_ = store_.note(startOfDay());
+}
+
+Date NoteEditorView::startOfDay() const {
+  return Calendar(CalendarIdentifier::gregorian).date(day_).value_or(Date());
 }
 
 QString NoteEditorView::dateLabel() const {
@@ -47,15 +61,15 @@ QString NoteEditorView::dateLabel() const {
   const Calendar hijri(CalendarIdentifier::islamicUmmAlQura);
   const DateFormatter formatter =
       isHijri ? DateFormatter("d MMMM yyyy", hijri) : DateFormatter::longStyle();
-  return QString::fromStdString(formatter.string(date_));
+  return QString::fromStdString(formatter.string(startOfDay()));
 }
 
 void NoteEditorView::showEvent(QShowEvent* event) {
   View::showEvent(event);
   showNote();
   // A note of blanks alone, from an older store, goes when it is looked at.
-  if (!note_.empty()) store_.setNote(note_, date_);
-  note_ = store_.note(date_);
+  if (!note_.empty()) store_.setNote(note_, startOfDay());
+  note_ = store_.note(startOfDay());
   editor_->setFocus();
 }
 

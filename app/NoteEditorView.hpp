@@ -6,6 +6,7 @@
 #include "app/AppSettings.hpp"
 #include "app/NotesStore.hpp"
 #include "datetime/Date.hpp"
+#include "datetime/DateComponents.hpp"
 #include "ui/TextEditor.hpp"
 #include "ui/View.hpp"
 
@@ -22,12 +23,14 @@ class NoteEditorView final : public View {
   void showEvent(QShowEvent* event) override;
 
  private:
+  [[nodiscard]] Date startOfDay() const;
   [[nodiscard]] QString dateLabel() const;
   void showNote();
   void edit(const QString& text);
 
   AppSettings& settings_ = AppSettings::shared();
-  Date date_;
+  /// The Gregorian day, which stays when the machine's time zone changes.
+  DateComponents day_;
   NotesStore& store_;
   TextEditor* editor_;
   std::string note_;  // The stored one, as last seen.

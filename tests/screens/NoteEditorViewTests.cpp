@@ -76,6 +76,31 @@ TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
   EXPECT_EQ(NotesStore::shared().notes(), (TextDictionary{{"2026-02-11", " kept "}}));
 }
 
+TEST_F(NoteEditorViewTest, ShowsANoteThatComesInWhileItIsOpen) {
+  open(10);
+  desktop.defaults.setEntry("dayNotes", "2026-02-10", "stored");
+  desktop.defaults.cameIn.emit();
+  settle();
+  EXPECT_EQ(part<TextEditor>(*editor)->text(), "stored");
+  EXPECT_TRUE(cell(10).day()->hasNote);
+  type("!");
+  EXPECT_EQ(stored(10), "stored!");
+}
+
+TEST_F(NoteEditorViewTest, StaysAtItsDayWhenTheMachinesZoneChanges) {
+  NotesStore::shared().setNote("the day before", cell(9).day()->cell.date);
+  open(10);
+  type("1");
+  zone.set("Africa/Cairo");
+  type("2");
+  EXPECT_EQ(NotesStore::shared().notes(),
+            (TextDictionary{{"2026-02-09", "the day before"}, {"2026-02-10", "12"}}));
+  press(Qt::Key_Escape);
+  open(10);
+  EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");
+  EXPECT_EQ(part<TextEditor>(*editor)->text(), "12");
+}
+
 TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendar) {
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");
