@@ -13,10 +13,8 @@ std::unique_ptr<AppSettings>& sharedSettings() {
   return settings;
 }
 
-const EffectiveLocation& fallbackLocation() {
-  static const EffectiveLocation riyadh{
-      24.6877, 46.7219, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
-  return riyadh;
+EffectiveLocation fallbackLocation() {
+  return {24.6877, 46.7219, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
 }
 
 bool isSound(const std::filesystem::path& file) {
@@ -62,8 +60,10 @@ EffectiveLocation AppSettings::automaticLocation() const {
   const auto& coordinate = locationManager_.coordinate.value();
   if (!coordinate) return fallbackLocation();
   const auto& name = locationManager_.locationName.value();
+  // The fix may be weeks old, and the zone's rules have changed since.
+  const auto& zone = locationManager_.detectedTimeZone.value();
   return {coordinate->latitude, coordinate->longitude, name.empty() ? "My Location" : name,
-          locationManager_.detectedTimeZone.value()};
+          TimeZone::named(zone.identifier()).value_or(zone)};
 }
 
 std::vector<std::string> AppSettings::systemSoundNames() {

@@ -13,6 +13,8 @@ namespace {
 
 // Every minute gets a tick, so that no prayer minute is missed.
 constexpr Seconds kTickPeriod{30};
+// An update of the machine's time zones is seen within the hour.
+constexpr unsigned kTicksToNewRules = 120;
 constexpr Seconds kReopeningDelay{0.05};
 // How far the pointer may move between the press and the release of a click.
 constexpr double kClickReach = 8;
@@ -77,6 +79,7 @@ void StatusBarController::subscribe() {
 }
 
 void StatusBarController::tick() {
+  if (++ticks_ % kTicksToNewRules == 0) TimeZone::rereadChangedRules();
   updateTitle();
   alerts_.checkAndNotify();
 }

@@ -71,6 +71,7 @@ class StatusBarController {
   std::unique_ptr<Window> settingsWindow_;
   Updater* updater_;
   std::unique_ptr<Timer> timer_;
+  unsigned ticks_ = 0;
   std::vector<Subscription> subscriptions_;
 };
 

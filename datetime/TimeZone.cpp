@@ -16,9 +16,14 @@
 namespace Hilalor {
 namespace {
 
-constexpr const char* kZoneFolder = "/usr/share/zoneinfo";
 constexpr const char* kMachineZone = "/etc/localtime";
 constexpr std::int64_t kSecondsPerDay = 86400;
+
+// As the C library finds it.
+std::string zoneFolder() {
+  const char* folder = std::getenv("TZDIR");
+  return folder != nullptr && *folder != '\0' ? folder : "/usr/share/zoneinfo";
+}
 
 // A zone that only ICU's own copy of the database knows.
 class LibraryZone final : public ZoneOffsets {
@@ -45,14 +50,44 @@ std::shared_ptr<const ZoneOffsets> zoneFromLibrary(const std::string& identifier
   return std::make_shared<LibraryZone>(identifier, std::move(zone));
 }
 
+// Tells whether a file is the one seen before, without reading it.
+struct FileMark {
+  ino_t inode = 0;
+  std::int64_t seconds = 0;
+  std::int64_t nanoseconds = 0;
+
+  static FileMark of(const struct stat& status) {
+    return {status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+  }
+  static FileMark ofMachineZone() {
+    struct stat status {};
+    return lstat(kMachineZone, &status) == 0 ? of(status) : FileMark();
+  }
+  static FileMark ofZone(const std::string& identifier) {
+    struct stat status {};
+    return stat((zoneFolder() + '/' + identifier).c_str(), &status) == 0 ? of(status) : FileMark();
+  }
+  friend bool operator==(const FileMark&, const FileMark&) = default;
+};
+
+struct KnownZone {
+  std::shared_ptr<const ZoneOffsets> offsets;
+  FileMark file;  // None where the rules are the library's.
+};
+
+// There are a few hundred zones at most, and a program uses two or three.
+std::map<std::string, KnownZone>& knownZones() {
+  static std::map<std::string, KnownZone> known;
+  return known;
+}
+
 std::shared_ptr<const ZoneOffsets> knownZone(const std::string& identifier) {
-  // There are a few hundred zones at most, and a program uses two or three.
-  static std::map<std::string, std::shared_ptr<const ZoneOffsets>> known;
-  const auto found = known.find(identifier);
-  if (found != known.end()) return found->second;
-  auto zone = zoneFromFile(kZoneFolder, identifier);
+  const auto found = knownZones().find(identifier);
+  if (found != knownZones().end()) return found->second.offsets;
+  const auto mark = FileMark::ofZone(identifier);
+  auto zone = zoneFromFile(zoneFolder(), identifier);
   if (!zone) zone = zoneFromLibrary(identifier);
-  if (zone) known.emplace(identifier, zone);
+  if (zone) knownZones().emplace(identifier, KnownZone{zone, mark});
   return zone;
 }
 
@@ -74,19 +109,16 @@ std::string identifierFromCopy() {
   return text;
 }
 
-// Tells whether /etc/localtime is the one seen before, without reading it.
-struct FileMark {
-  ino_t inode = 0;
-  std::int64_t seconds = 0;
-  std::int64_t nanoseconds = 0;
-
-  static FileMark ofMachineZone() {
-    struct stat status {};
-    if (lstat(kMachineZone, &status) != 0) return {};
-    return {status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-  }
-  friend bool operator==(const FileMark&, const FileMark&) = default;
+// The machine's zone as of the last look.
+struct MachineZone {
+  FileMark file;
+  std::optional<TimeZone> zone;
 };
+
+MachineZone& machineZone() {
+  static MachineZone zone;
+  return zone;
+}
 
 }  // namespace
 
@@ -104,17 +136,28 @@ TimeZone TimeZone::current() {
     const auto zone = named(name.substr(name.starts_with(':') ? 1 : 0));
     if (zone) return *zone;
   }
-  static FileMark seen;
-  static std::optional<TimeZone> machineZone;
+  auto& [file, zone] = machineZone();
   const auto mark = FileMark::ofMachineZone();
-  if (!machineZone || mark != seen) {
-    seen = mark;
-    machineZone = named(identifierFromLink());
-    if (!machineZone) machineZone = named(identifierFromCopy());
-    if (!machineZone) machineZone = named("UTC");
-    if (!machineZone) machineZone = TimeZone(zoneFromLibrary("UTC"));
+  if (!zone || mark != file) {
+    file = mark;
+    zone = named(identifierFromLink());
+    if (!zone) zone = named(identifierFromCopy());
+    if (!zone) zone = named("UTC");
+    if (!zone) zone = TimeZone(zoneFromLibrary("UTC"));
   }
-  return *machineZone;
+  return *zone;
+}
+
+void TimeZone::rereadChangedRules() {
+  for (auto& [identifier, known] : knownZones()) {
+    // Taken before the reading, so that a file changed during it is read again.
+    const auto mark = FileMark::ofZone(identifier);
+    if (mark == known.file) continue;
+    auto zone = zoneFromFile(zoneFolder(), identifier);
+    if (!zone) continue;
+    known = {std::move(zone), mark};
+    machineZone().zone.reset();
+  }
 }
 
 const std::string& TimeZone::identifier() const {

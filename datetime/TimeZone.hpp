@@ -15,8 +15,10 @@ class ZoneOffsets;
 
 /// A time zone of the IANA database with its rules, past and future. Cheap to copy. Main thread.
 ///
-/// The rules are the machine's own (/usr/share/zoneinfo), which its updates keep current; ICU's
-/// older copy answers only for identifiers that the machine does not have.
+/// The rules are the machine's own (/usr/share/zoneinfo, or the folder that TZDIR names), which its
+/// updates keep current; ICU's older copy answers only for identifiers that the machine does not
+/// have. They are read when a zone is first asked for, and again as `rereadChangedRules` says; a
+/// value keeps those it was given with.
 class TimeZone {
  public:
   /// The zone of that identifier ("Asia/Riyadh"); none when no database knows it.
@@ -25,6 +27,10 @@ class TimeZone {
   /// The zone the machine is set to now: the variable TZ if it names one, else /etc/localtime, else
   /// UTC. Asked again at every call, so a change of the machine's zone is seen by the next one.
   [[nodiscard]] static TimeZone current();
+
+  /// Reads the rules again of the zones whose files have changed since. A look at each zone in use
+  /// costs about a microsecond: to be called now and then.
+  static void rereadChangedRules();
 
   [[nodiscard]] const std::string& identifier() const;
 

@@ -14,6 +14,7 @@
 
 #include "tests/datetime/Instants.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
+#include "tests/fakes/TemporaryFolder.hpp"
 
 namespace Hilalor {
 namespace {
@@ -183,6 +184,33 @@ TEST(TimeZone, KnowsNoZoneByAWrongName) {
                            "Asia/Riyadh/", "Asia", "tzdata.zi", "GMT+25", "Asia/Riy adh"}) {
     EXPECT_FALSE(TimeZone::named(name)) << name;
   }
+}
+
+TEST(TimeZone, TakesOverRulesThatAnUpdateOfTheMachineBrought) {
+  namespace fs = std::filesystem;
+  const fs::path rules = "/usr/share/zoneinfo";
+  const TemporaryFolder folder;
+  setenv("TZDIR", folder.path().c_str(), 1);
+  const auto update = [&](const char* with) {
+    fs::copy_file(rules / with, folder.path() / "new");
+    fs::rename(folder.path() / "new", folder.path() / "Country");
+    TimeZone::rereadChangedRules();
+  };
+  const SystemTimeZone system("Country");
+  const Date summer = utc(2026, 7, 1);
+  update("Asia/Riyadh");
+  const auto before = TimeZone::named("Country").value();
+  update("Africa/Algiers");
+  EXPECT_EQ(before.secondsFromUTC(summer), 10800);
+  EXPECT_EQ(TimeZone::named("Country").value().secondsFromUTC(summer), 3600);
+  EXPECT_EQ(TimeZone::current().secondsFromUTC(summer), 3600);
+  // An update on its way.
+  fs::resize_file(folder.path() / "Country", 60);
+  TimeZone::rereadChangedRules();
+  EXPECT_EQ(TimeZone::current().secondsFromUTC(summer), 3600);
+  update("Asia/Riyadh");
+  EXPECT_EQ(TimeZone::current().secondsFromUTC(summer), 10800);
+  unsetenv("TZDIR");
 }
 
 TEST(TimeZone, IsTheMachinesAnewAtEveryCall) {
