@@ -37,10 +37,12 @@ class CalendarModel {
   /// The day of the month that it is at that instant; none while another month is shown.
   [[nodiscard]] std::optional<int> todayDay(Date now) const;
 
-  /// The start of that day of the month: midnight, or the first moment of a day without one.
+  /// The start of that day of the month: midnight, or the first moment of a day without one. A day
+  /// that the month lacks carries over into its neighbours: day 31 of a month of 30 days is the
+  /// first of the next, day 0 the last of the one before. So it is with the texts of a day below.
   [[nodiscard]] std::optional<Date> date(int day) const;
 
-  /// The day's number in the secondary calendar; empty where there is no such day.
+  /// The day's number in the secondary calendar; empty where the calendar has no such month.
   [[nodiscard]] std::string secondaryDay(int day) const;
 
   /// Name and year of the secondary month that begins on the day, "Ramadan 1446"; empty on any
