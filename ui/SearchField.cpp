@@ -60,7 +60,6 @@ class SearchField::Row final : public QWidget {
 
  protected:
   void mouseMoveEvent(QMouseEvent*) override { onHover_(); }
-  // The field keeps the keyboard.
   void mousePressEvent(QMouseEvent* event) override { event->accept(); }
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (rect().contains(event->position().toPoint())) onClick_();
@@ -128,6 +127,8 @@ SearchField::SearchField(const QString& help, Events events) : events_(std::move
   layout->setContentsMargins({});
   layout->addWidget(button_);
   layout->addWidget(panel_);
+  // A press on any part of the open field leaves the keyboard where it is.
+  setFocusProxy(edit_);
   panel_->hide();
   fit();
 }

@@ -117,11 +117,14 @@ bool MapView::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-// Names give way to what lies over the map, also those far from it.
+// What lies over the map. Names give way to it, also those far from it, and a press, a touch or a
+// turn of the wheel on it is not one on the map, though it may do nothing there.
 
 void MapView::childEvent(QChildEvent* event) {
   QWidget::childEvent(event);
-  if (event->added()) event->child()->installEventFilter(this);
+  if (!event->added() || !event->child()->isWidgetType()) return;
+  static_cast<QWidget*>(event->child())->setAttribute(Qt::WA_NoMousePropagation);
+  event->child()->installEventFilter(this);
 }
 
 bool MapView::eventFilter(QObject* watched, QEvent* event) {

@@ -255,6 +255,46 @@ TEST_F(MapPickerViewTest, FindsAPlaceByTheSymbolInTheCorner) {
   EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
 }
 
+TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
+  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
+                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+  const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+  for (const bool isTouched : {false, true}) {
+    SCOPED_TRACE(isTouched);
+    open();
+    QWindow* window = picker->windowHandle();
+    // As the desktop tells it: to the window, which finds out whose it is.
+    const auto press = [&](QPoint place) {
+      if (isTouched) {
+        QTest::touchEvent(window, screen.get()).press(0, place, window);
+        QTest::touchEvent(window, screen.get()).release(0, place, window);
+      } else {
+        QTest::mouseClick(window, Qt::LeftButton, {}, place);
+      }
+      settle();
+    };
+    const auto place = [this](const QString& text) {
+      for (Text* found : parts<Text>(*picker))
+        if (found->text() == text) return found->mapTo(picker.get(), found->rect().center());
+      throw std::out_of_range("no such text");
+    };
+    desktop.geocoder.requests.clear();
+    QTest::keyClicks(&map(), "zz");
+    settle();
+    auto* edit = part<QLineEdit>(*picker);
+    press(place("No matches"));
+    press(edit->mapTo(picker.get(), QPoint(-3, 5)));
+    EXPECT_TRUE(desktop.geocoder.requests.empty()) << "what is under the field is not chosen";
+    EXPECT_TRUE(edit->hasFocus());
+    edit->setText("Med");
+    settle();
+    press(place("Medan"));
+    ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
+    EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
+    EXPECT_TRUE(map().hasFocus());
+  }
+}
+
 TEST_F(MapPickerViewTest, ChoosesNothingWhereNothingMatches) {
   open();
   QTest::keyClicks(&map(), "zz");
