@@ -20,6 +20,7 @@ SHEET_WIDTH = 640
 # From the left and the bottom of the window at its end, and of the sheet.
 SET_MANUALLY, MAP_BUTTON = (85, 306), (85, 305)
 CONFIRM = (589, 24)
+FIRST_FOUND = (497, 98)  # From its top.
 
 
 class PlaceByName(Check):
@@ -39,7 +40,7 @@ class PlaceByName(Check):
         self.session.ask("xdotool", "type", "--delay", "40", "kuala lum")
         self.screen.settled_picture(sheet)
         self.save("map-search")
-        self.session.ask("xdotool", "key", "Return")
+        self.screen.click((sheet.x + FIRST_FOUND[0], sheet.y + FIRST_FOUND[1]))
         self.screen.settled_picture(sheet)
         self.save("map-found")
         self.click_above_bottom(sheet, CONFIRM)
