@@ -62,15 +62,21 @@ void MapViewport::pan(double right, double down) {
 
 void MapViewport::zoom(double factor, Point fixed) {
   const double before = side_;
-  side_ *= factor;
+  side_ = possibleSide(side_ * factor);
+  // Not kept within the world on the way: at its ends that would move the fixed point.
+  const double nearer = 1 / before - 1 / side_;
+  middle_.x += (fixed.x - size_.width / 2) * nearer;
+  middle_.y += (fixed.y - size_.height / 2) * nearer;
   keepWithinWorld();
-  const double grown = side_ / before - 1;
-  pan((size_.width / 2 - fixed.x) * grown, (size_.height / 2 - fixed.y) * grown);
+}
+
+double MapViewport::possibleSide(double side) const {
+  const double smallest = std::max(size_.width, size_.height);
+  return std::clamp(side, smallest, std::max(smallest, size_.width * 360 / kNarrowestDegrees));
 }
 
 void MapViewport::keepWithinWorld() {
-  const double smallest = std::max(size_.width, size_.height);
-  side_ = std::clamp(side_, smallest, std::max(smallest, size_.width * 360 / kNarrowestDegrees));
+  side_ = possibleSide(side_);
   const double halfHeight = size_.height / 2 / side_;
   middle_.x -= std::floor(middle_.x);
   middle_.y = std::clamp(middle_.y, halfHeight, 1 - halfHeight);

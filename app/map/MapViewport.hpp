@@ -16,7 +16,7 @@ struct WorldPoint {
 };
 
 [[nodiscard]] WorldPoint projected(LocationCoordinate coordinate);
-/// The other way round; whatever x, the longitude is from -180 up to, not including, 180.
+/// The other way round; whatever x, the longitude is from -180 to 180.
 [[nodiscard]] LocationCoordinate unprojected(WorldPoint point);
 
 /// What is in the middle of a map, and how much it shows at least from edge to edge.
@@ -72,6 +72,8 @@ class MapViewport {
   [[nodiscard]] std::vector<VisibleTile> visibleTiles(const std::vector<int>& tileDegrees) const;
 
  private:
+  /// The nearest to that one with which neither more than the world is shown nor too little.
+  [[nodiscard]] double possibleSide(double side) const;
   void keepWithinWorld();
 
   Size size_{1, 1};

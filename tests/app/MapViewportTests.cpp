@@ -98,6 +98,10 @@ TEST(MapViewport, KeepsWhatIsUnderThePointerWhileZooming) {
   expectNear(viewport.coordinateAt({500, 90}), under, 1e-9);
   viewport.zoom(1 / 3.7 / 2, {500, 90});
   expectNear(viewport.coordinateAt({500, 90}), under, 1e-9);
+  // Near the world's end at least that end stays.
+  viewport.pan(0, 1e6);
+  viewport.zoom(0.7, {320, 20});
+  EXPECT_NEAR(viewport.coordinateAt({0, 0}).latitude, 85.0511, 1e-4);
 }
 
 TEST(MapViewport, EndsAtTheWorldAndAtAFifthOfADegree) {
