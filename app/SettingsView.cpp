@@ -47,11 +47,11 @@ QString labelOf(PrimaryCalendar calendar) {
 }  // namespace
 
 SettingsView::SettingsView(Updater* updater, const QPixmap& appIcon) {
-  auto* content =
-      column({.padding = kPadding},
-             {sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"), calendarCard(),
-              sectionHeader("Prayer Times"), new PrayerTimesCard, sectionHeader("Appearance"),
-              appearanceCard(), sectionHeader("About"), new AboutCard(updater, appIcon)});
+  auto* content = column(
+      {.padding = kPadding},
+      {sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"), calendarCard(),
+       sectionHeader("Prayer Times"), new PrayerTimesCard, sectionHeader("Appearance"), appearanceCard(),
+       sectionHeader("About"), new AboutCard(updater, appIcon), flexibleSpace()});
   content->setFixedWidth(kWidth);
   setBody(new ScrollColumn(content));
   redraw();

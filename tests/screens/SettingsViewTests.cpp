@@ -157,6 +157,10 @@ TEST_F(SettingsViewTest, CardsWithoutTheirSectionsHoldTheirSwitchAlone) {
   settings().showCalendar = false;
   settings().showPrayerTimes = false;
   show();
+  const QRect first = frame(*part<Card>(*view));
+  view->resize(380, 1000);
+  settle();
+  EXPECT_EQ(frame(*part<Card>(*view)), first) << "what is free is below";
   std::vector<QString> labels;
   for (const Toggle* found : parts<Toggle>(*view))
     if (found->isVisible()) labels.push_back(found->text());
