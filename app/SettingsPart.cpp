@@ -64,7 +64,7 @@ QWidget* SettingsPart::warning(const Warning& warning) {
   const TextStyle titleStyle{.size = warning.titleSize, .weight = QFont::Medium};
   auto* title = new Text(titleStyle, QString::fromUtf8(warning.title));
   auto* advice = new Text(kAdviceStyle, QString::fromUtf8(warning.advice));
-  advice->setVisible(warning.advice != nullptr);
+  if (warning.advice == nullptr) advice->hide();
   auto* open = linkButton(QStringLiteral("Open System Settings →"), [pane = warning.pane] {
     if (auto* workspace = Platform::current().workspace) workspace->openSettings(pane);
   });

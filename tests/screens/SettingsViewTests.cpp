@@ -184,6 +184,27 @@ TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
   EXPECT_TRUE(part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>()[2]->isChecked());
 }
 
+/// How many windows there were.
+class ShownWindows final : public QObject {
+ public:
+  ShownWindows() { qApp->installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool isWidget = event->type() == QEvent::Show && watched->isWidgetType();
+    if (isWidget && static_cast<QWidget*>(watched)->isWindow()) ++count;
+    return false;
+  }
+};
+
+TEST_F(SettingsViewTest, NoPartIsEverAWindowByItself) {
+  showEveryRow();
+  ShownWindows windows;
+  show();
+  EXPECT_EQ(windows.count, 1);
+}
+
 TEST_F(SettingsViewTest, ShowingItWritesNothing) {
   showEveryRow();
   desktop.defaults.writes.clear();
