@@ -18,8 +18,8 @@ const QString kDownTriangle = QStringLiteral("  \u25BE");
 /// One option of a segmented picker.
 class Segment final : public QAbstractButton {
  public:
-  Segment(const QString& label, std::function<void()> onSelect) {
-    setText(label);
+  Segment(const QString& label, std::function<void()> onSelect) : label_(label) {
+    setAccessibleName(label);
     setFont(systemFont(kTypeSize));
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
@@ -30,7 +30,7 @@ class Segment final : public QAbstractButton {
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {fontMetrics().horizontalAdvance(text()) + kSegmentHeight, kSegmentHeight};
+    return {fontMetrics().horizontalAdvance(label_) + kSegmentHeight, kSegmentHeight};
   }
 
  protected:
@@ -46,9 +46,12 @@ class Segment final : public QAbstractButton {
     painter.setBrush(isChecked() ? colors.accent : QColor(Qt::transparent));
     painter.drawRoundedRect(box, kSegmentRadius - 1, kSegmentRadius - 1);
     painter.setPen(isChecked() ? colors.white : colors.primary);
-    painter.drawText(rect(), Qt::AlignCenter, text());
+    painter.drawText(rect(), Qt::AlignCenter, label_);
     if (hasFocus()) paintFocusRing(painter, rect(), kSegmentRadius, colors);
   }
+
+ private:
+  QString label_;
 };
 
 /// The box that the segments lie in.

@@ -26,8 +26,9 @@ constexpr std::chrono::milliseconds kSlide{150};
 }  // namespace
 
 Toggle::Toggle(ToggleLook look, const QString& label, std::function<void(bool)> onToggle)
-    : look_(look), position_(0, [this] { update(); }) {
-  setText(label);
+    : look_(look), label_(label), position_(0, [this] { update(); }) {
+  // Not as its text, of which an ampersand would make a letter the shortcut.
+  setAccessibleName(label);
   setFont(systemFont(kTypeSize));
   setCheckable(true);
   setFocusPolicy(Qt::TabFocus);
@@ -68,14 +69,14 @@ QRect Toggle::labelRect() const {
 }
 
 QSize Toggle::sizeHint() const {
-  const QSize label = fontMetrics().size(0, text());
+  const QSize label = fontMetrics().size(0, label_);
   const QSize mark = markSize();
   return {mark.width() + kSpacing + label.width(), std::max(label.height(), mark.height())};
 }
 
 int Toggle::heightForWidth(int width) const {
   const QRect room(0, 0, width - markSize().width() - kSpacing, QWIDGETSIZE_MAX);
-  const int label = fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height();
+  const int label = fontMetrics().boundingRect(room, Qt::TextWordWrap, label_).height();
   return std::max(label, markSize().height());
 }
 
@@ -84,7 +85,7 @@ void Toggle::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   if (!isEnabled()) painter.setOpacity(kRingAtRestOpacity);
   painter.setPen(Colors::of(*this).primary);
-  painter.drawText(labelRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+  painter.drawText(labelRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, label_);
   painter.setPen(Qt::NoPen);
   const QRectF mark = markRect();
   switch (look_) {

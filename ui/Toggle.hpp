@@ -42,6 +42,7 @@ class Toggle final : public QAbstractButton {
   void paintRadio(QPainter& painter, const QRectF& mark) const;
 
   ToggleLook look_;
+  QString label_;
   Animation position_;  // Of a switch's knob: 0 is off, 1 on.
 };
 

@@ -63,7 +63,7 @@ class SettingsTest : public testing::Test {
 
   /// The shown switch, box or ring of that label; null for none.
   [[nodiscard]] Toggle* toggle(const QString& label) const {
-    return find<Toggle>([&](const Toggle& found) { return found.text() == label; });
+    return find<Toggle>([&](const Toggle& found) { return found.accessibleName() == label; });
   }
 
   /// The shown button that a screen reader calls that; null for none.

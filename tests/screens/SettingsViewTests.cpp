@@ -163,7 +163,7 @@ TEST_F(SettingsViewTest, CardsWithoutTheirSectionsHoldTheirSwitchAlone) {
   EXPECT_EQ(frame(*part<Card>(*view)), first) << "what is free is below";
   std::vector<QString> labels;
   for (const Toggle* found : parts<Toggle>(*view))
-    if (found->isVisible()) labels.push_back(found->text());
+    if (found->isVisible()) labels.push_back(found->accessibleName());
   EXPECT_THAT(labels, ElementsAre("Show calendar", "Show prayer times"));
   // A switch between the paddings of its card.
   for (const Card* card : parts<Card>(*view)) {
@@ -203,6 +203,12 @@ TEST_F(SettingsViewTest, NoPartIsEverAWindowByItself) {
   ShownWindows windows;
   show();
   EXPECT_EQ(windows.count, 1);
+}
+
+TEST_F(SettingsViewTest, NoLetterOfALabelIsAShortcut) {
+  show();
+  for (const QAbstractButton* control : parts<QAbstractButton>(*view))
+    EXPECT_TRUE(control->shortcut().isEmpty()) << control->accessibleName().toStdString();
 }
 
 TEST_F(SettingsViewTest, ShowingItWritesNothing) {
