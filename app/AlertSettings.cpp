@@ -114,11 +114,6 @@ QWidget* AlertSettings::supplicationRow() {
               flexibleSpace(), preview});
 }
 
-void AlertSettings::showEvent(QShowEvent* event) {
-  SettingsPart::showEvent(event);
-  refreshNotificationStatus();
-}
-
 void AlertSettings::requestPermission() {
   notifManager_.requestPermission([view = QPointer(this)](bool) {
     if (view) view->refreshNotificationStatus();

@@ -13,8 +13,8 @@ class AlertSettings final : public SettingsPart {
  public:
   AlertSettings();
 
- protected:
-  void showEvent(QShowEvent* event) override;
+  /// Asks anew whether banners are blocked: for whenever the window is shown, this part or not.
+  void refreshNotificationStatus();
 
  private:
   // The parts, from top to bottom.
@@ -27,7 +27,6 @@ class AlertSettings final : public SettingsPart {
   [[nodiscard]] QWidget* supplicationRow();
 
   void requestPermission();
-  void refreshNotificationStatus();
   void playBeep(const std::string& name);
   void previewVoice(AthanVoice voice, const char* recording);
 

@@ -45,11 +45,16 @@ QWidget* PrayerTimesCard::whileShown() {
       greenPicker<AsrCalculation>("Asr calculation", settings_.asrCalculation, schools, schoolName);
   auto* location = column({.spacing = kLocationSpacing, .alignment = Qt::AlignLeft},
                           {rowLabel("Location"), new LocationSettings});
+  alerts_ = new AlertSettings;
   return column(
       {.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
       {groupDivider(), toggleRow("Show Sunnah times", settings_.showSunnahTimes), groupDivider(),
        rowLabel("Calculation method"), method, groupDivider(), rowLabel("Asr calculation"), school,
-       groupDivider(), location, groupDivider(), new AlertSettings});
+       groupDivider(), location, groupDivider(), alerts_});
+}
+
+void PrayerTimesCard::refreshNotificationStatus() {
+  alerts_->refreshNotificationStatus();
 }
 
 }  // namespace Hilalor

@@ -4,13 +4,20 @@
 
 namespace Hilalor {
 
+class AlertSettings;
+
 /// How prayer times are computed, for which place, and how they are announced.
 class PrayerTimesCard final : public SettingsPart {
  public:
   PrayerTimesCard();
 
+  /// Asks anew whether banners are blocked.
+  void refreshNotificationStatus();
+
  private:
   [[nodiscard]] QWidget* whileShown();
+
+  AlertSettings* alerts_ = nullptr;
 };
 
 }  // namespace Hilalor

@@ -46,11 +46,12 @@ QString labelOf(PrimaryCalendar calendar) {
 
 }  // namespace
 
-SettingsView::SettingsView(Updater* updater, const QPixmap& appIcon) {
+SettingsView::SettingsView(Updater* updater, const QPixmap& appIcon)
+    : prayerTimes_(new PrayerTimesCard) {
   auto* content = column(
       {.padding = kPadding},
       {sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"), calendarCard(),
-       sectionHeader("Prayer Times"), new PrayerTimesCard, sectionHeader("Appearance"), appearanceCard(),
+       sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"), appearanceCard(),
        sectionHeader("About"), new AboutCard(updater, appIcon), flexibleSpace()});
   content->setFixedWidth(kWidth);
   setBody(new ScrollColumn(content));
@@ -83,6 +84,11 @@ QWidget* SettingsView::appearanceCard() {
   themes->setAccessibleName(QStringLiteral("Theme"));
   atRedraw([this, themes] { themes->setCurrent(static_cast<int>(settings_.theme.value())); });
   return new Card({rowLabel("Theme"), themes});
+}
+
+void SettingsView::showEvent(QShowEvent* event) {
+  SettingsPart::showEvent(event);
+  prayerTimes_->refreshNotificationStatus();
 }
 
 void SettingsView::paintEvent(QPaintEvent*) {

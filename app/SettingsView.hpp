@@ -7,6 +7,8 @@
 
 namespace Hilalor {
 
+class PrayerTimesCard;
+
 /// The settings window's screen: every preference of the user, each change stored at once.
 class SettingsView final : public SettingsPart {
  public:
@@ -15,6 +17,7 @@ class SettingsView final : public SettingsPart {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   // The cards, from top to bottom; those of the prayer times and of the program itself are views of
@@ -22,6 +25,8 @@ class SettingsView final : public SettingsPart {
   [[nodiscard]] QWidget* menuBarCard();
   [[nodiscard]] QWidget* calendarCard();
   [[nodiscard]] QWidget* appearanceCard();
+
+  PrayerTimesCard* prayerTimes_;
 };
 
 }  // namespace Hilalor

@@ -81,6 +81,17 @@ TEST_F(AlertSettingsTest, WarnsWhileBannersAreWantedAndBlocked) {
   EXPECT_FALSE(warns()) << "looked at afresh whenever the window is shown";
 }
 
+TEST_F(AlertSettingsTest, IsToldWhetherBannersAreBlockedWhenTheWindowIsShownAndNotLater) {
+  settings().prayerNotificationsEnabled = true;
+  settings().showPrayerTimes = false;
+  desktop.notifications.status = NotificationAuthorization::denied;
+  show();
+  desktop.notifications.status = NotificationAuthorization::authorized;
+  click(toggle("Show prayer times"));
+  settle();
+  EXPECT_TRUE(warns());
+}
+
 TEST_F(AlertSettingsTest, AnswersAfterTheWindowHasGoneComeToNothing) {
   show();
   click(toggle("Notify me at prayer times"));
