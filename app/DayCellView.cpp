@@ -82,7 +82,7 @@ void DayCellView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   paintMarks(painter);
   paintContent(painter);
-  if (hasFocus()) paintFocusRing(painter, rect(), kMarkRadius, Colors::of(*this));
+  paintFocusRing(painter, *this, kMarkRadius);
 }
 
 void DayCellView::paintMarks(QPainter& painter) const {

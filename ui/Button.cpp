@@ -82,8 +82,6 @@ QColor Button::ink() const {
 void Button::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (hasFocus()) paintFocusRing(painter, rect(), kBoxRadius, Colors::of(*this));
-
   const double presence = presence_.value();
   const double scale = kScaleWhenGone + (1 - kScaleWhenGone) * presence;
   painter.setOpacity(presence);
@@ -91,6 +89,7 @@ void Button::paintEvent(QPaintEvent*) {
   painter.scale(scale, scale);
   painter.translate(-QRectF(rect()).center());
   if (isBoxed(look_)) paintBox(painter);
+  paintFocusRing(painter, *this, kBoxRadius);
   paintLabel(painter);
 }
 

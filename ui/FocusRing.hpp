@@ -1,13 +1,13 @@
 #pragma once
 
 class QPainter;
-class QRectF;
+class QWidget;
 
 namespace Hilalor {
 
-struct Colors;
-
-/// Marks the control that the keyboard acts on, just inside its rectangle.
-void paintFocusRing(QPainter& painter, const QRectF& rect, double radius, const Colors& colors);
+/// Marks the control just inside its edges while the keyboard acts on it, and only if a key was
+/// pressed after the last press of the pointer: who uses the pointer alone has no use for it. To be
+/// called whenever the control is painted, over its ground.
+void paintFocusRing(QPainter& painter, const QWidget& control, double radius);
 
 }  // namespace Hilalor

@@ -47,7 +47,7 @@ class Segment final : public QAbstractButton {
     painter.drawRoundedRect(box, kSegmentRadius - 1, kSegmentRadius - 1);
     painter.setPen(isChecked() ? colors.white : colors.primary);
     painter.drawText(rect(), Qt::AlignCenter, label_);
-    if (hasFocus()) paintFocusRing(painter, rect(), kSegmentRadius, colors);
+    paintFocusRing(painter, *this, kSegmentRadius);
   }
 
  private:

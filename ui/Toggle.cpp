@@ -84,6 +84,8 @@ void Toggle::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (!isEnabled()) painter.setOpacity(kRingAtRestOpacity);
+  // Behind the label and the mark, which reach to the edges.
+  paintFocusRing(painter, *this, kFocusRadius);
   painter.setPen(Colors::of(*this).primary);
   painter.drawText(labelRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, label_);
   painter.setPen(Qt::NoPen);
@@ -99,7 +101,6 @@ void Toggle::paintEvent(QPaintEvent*) {
       paintRadio(painter, mark);
       break;
   }
-  if (hasFocus()) paintFocusRing(painter, rect(), kFocusRadius, Colors::of(*this));
 }
 
 void Toggle::paintSwitch(QPainter& painter, const QRectF& mark) const {

@@ -13,7 +13,6 @@
 #include <cmath>
 #include <utility>
 
-#include "ui/FocusRing.hpp"
 #include "ui/TextStyle.hpp"
 
 namespace Hilalor {

@@ -53,6 +53,25 @@ TEST_F(KeyboardTest, KeysMoveTheSelection) {
   EXPECT_TRUE(cell(22).hasFocus());
 }
 
+TEST_F(KeyboardTest, TheFocusIsMarkedOnceAKeyIsPressedAndUntilTheNextClick) {
+  const DayCellView& today = cell(22);
+  const auto shown = [&] {
+    settle();
+    return panel->grab(frame(today)).toImage();
+  };
+  ASSERT_TRUE(today.hasFocus());
+  QTest::mouseClick(&titleBlock(), Qt::RightButton);
+  const QImage unmarked = shown();
+  press(Qt::Key_Home);
+  const QImage marked = shown();
+  EXPECT_NE(marked.pixelColor(0, 20), unmarked.pixelColor(0, 20));
+  const QRect inside(4, 4, 24, 32);
+  EXPECT_EQ(marked.copy(inside), unmarked.copy(inside)) << "round the day, not over it";
+  QTest::mouseClick(&titleBlock(), Qt::RightButton);
+  EXPECT_TRUE(today.hasFocus());
+  EXPECT_EQ(shown(), unmarked);
+}
+
 TEST_F(KeyboardTest, ReturnOpensTheNoteAndEscapeClosesIt) {
   press(Qt::Key_Right);
   press(Qt::Key_Return);
