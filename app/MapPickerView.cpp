@@ -30,7 +30,7 @@ constexpr int kIndicatorSide = 11;
 std::string nameOf(const Placemark& place) {
   std::string name;
   for (const auto& part : {place.locality, place.administrativeArea, place.country}) {
-    if (!part) continue;
+    if (!part || part->empty()) continue;
     if (!name.empty()) name += ", ";
     name += *part;
   }

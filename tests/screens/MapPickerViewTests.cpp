@@ -150,7 +150,7 @@ TEST_F(MapPickerViewTest, NamesAPlaceByWhatIsKnownOfIt) {
     const char* zone;
   } cases[] = {
       {{{std::nullopt, std::nullopt, "Chad", riyadh}}, "Chad", "Chad", "Asia/Riyadh"},
-      {{{"Faya", std::nullopt, "Chad", std::nullopt}}, "Faya, Chad", "Faya, Chad", "Asia/Kuwait"},
+      {{{"Faya", "", "Chad", std::nullopt}}, "Faya, Chad", "Faya, Chad", "Asia/Kuwait"},
       {{{std::nullopt, std::nullopt, std::nullopt, riyadh}},
        kHint,
        "Custom Location",
