@@ -22,12 +22,17 @@ void OfflineGeocoder::reverseGeocode(LocationCoordinate coordinate, Answer answe
 }
 
 std::vector<Placemark> OfflineGeocoder::placemarks(LocationCoordinate coordinate) const {
-  if (!zones_ || !places_) return {};
-  const auto zone = zones_->zoneAt(coordinate);
-  const auto place = zone ? places_->describe(coordinate, *zone) : std::nullopt;
-  if (!place) return {};
-  return {{text(place->locality), text(place->area), std::string(place->country),
-           TimeZone::named(*zone)}};
+  const auto zone = zones_ ? zones_->zoneAt(coordinate) : std::nullopt;
+  if (!zone) return {};
+  Placemark found;
+  found.timeZone = TimeZone::named(*zone);
+  // Also a point that nothing else is known of is not to be taken for one in the desktop's zone.
+  const auto place = places_ ? places_->describe(coordinate, *zone) : std::nullopt;
+  if (!place) return {found};
+  found.locality = text(place->locality);
+  found.administrativeArea = text(place->area);
+  found.country = std::string(place->country);
+  return {found};
 }
 
 }  // namespace Hilalor

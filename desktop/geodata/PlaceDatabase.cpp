@@ -65,12 +65,13 @@ PlaceDatabase::PlaceDatabase(DataFile file)
 std::optional<PlaceDescription> PlaceDatabase::describe(LocationCoordinate coordinate,
                                                         std::string_view zone) const {
   const auto countries = table_.countriesOf(zone);
-  if (!countries || !table_.isNearLand(coordinate)) return std::nullopt;
-  const auto town = townAround(coordinate, *countries);
+  if (!countries || !isOnGlobe(coordinate)) return std::nullopt;
+  const bool isNearLand = table_.isNearLand(coordinate);
+  const auto town = isNearLand ? townAround(coordinate, *countries) : std::nullopt;
   const auto area = town ? table_.area(town->area) : nearestArea(coordinate, *countries);
   PlaceDescription description;
   if (town) description.locality = names_.name(town->number);
-  if (area && !area->name.empty()) description.area = area->name;
+  if (isNearLand && area && !area->name.empty()) description.area = area->name;
   description.country = table_.countryName(area ? area->country : countries->front());
   if (description.country.empty()) return std::nullopt;
   return description;

@@ -45,8 +45,9 @@ class PlaceDatabase {
   /// The same from bytes that outlive the result.
   [[nodiscard]] static std::optional<PlaceDatabase> over(std::span<const std::uint8_t> bytes);
 
-  /// The point in a time zone's land: the town in whose reach it is, its area and its country. None
-  /// at sea, outside the globe, in a zone without a country, or where the data are damaged.
+  /// The point in a time zone: the town in whose reach it is, its area and its country; of waters
+  /// and islets away from larger land the country alone. None outside the globe, in a zone without
+  /// a country, or where the data are damaged.
   [[nodiscard]] std::optional<PlaceDescription> describe(LocationCoordinate coordinate,
                                                          std::string_view zone) const;
 

@@ -83,12 +83,13 @@ TEST_F(PlaceDatabaseTest, GivesATownsPositionItsOwnNameAndCountry) {
   }
 }
 
-TEST_F(PlaceDatabaseTest, KnowsNoPlaceFarOutAtSea) {
+TEST_F(PlaceDatabaseTest, KnowsNothingButACountryFarOutAtSea) {
   const auto points = rowsOf("sea_points.tsv");
   ASSERT_EQ(points.size(), 1000U);
   for (const auto& point : points) {
-    EXPECT_EQ(describe({std::stod(point[0]), std::stod(point[1])}), std::nullopt)
-        << point[0] << ", " << point[1];
+    SCOPED_TRACE(point[0] + ", " + point[1]);
+    const auto place = describe({std::stod(point[0]), std::stod(point[1])});
+    EXPECT_TRUE(!place || (!place->locality && !place->area));
   }
 }
 

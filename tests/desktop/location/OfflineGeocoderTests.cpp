@@ -38,6 +38,27 @@ TEST_F(OfflineGeocoderTest, NamesAPlaceWithItsTimeZone) {
   EXPECT_NE(geocoder.places(), nullptr);
 }
 
+TEST_F(OfflineGeocoderTest, TellsTheZoneAndTheCountryOfWatersAndIslets) {
+  OfflineGeocoder geocoder(resourceFolder() / "geodata", loop);
+  const struct {
+    LocationCoordinate coordinate;
+    std::optional<std::string> country;
+    const char* zone;
+  } cases[] = {{{40.75, 28.5}, "Türkiye", "Europe/Istanbul"},
+               {{-6.0, 106.85}, "Indonesia", "Asia/Jakarta"},
+               {{25.30, 55.10}, "United Arab Emirates", "Asia/Dubai"},
+               {{28.2072, -177.3735}, std::nullopt, "Pacific/Midway"},
+               {{19.28, 166.65}, std::nullopt, "Pacific/Wake"}};
+  for (const auto& [coordinate, country, zone] : cases) {
+    SCOPED_TRACE(zone);
+    const auto found = placemarks(geocoder, coordinate);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].locality, std::nullopt);
+    EXPECT_EQ(found[0].country, country);
+    EXPECT_EQ(found[0].timeZone, TimeZone::named(zone));
+  }
+}
+
 TEST_F(OfflineGeocoderTest, KnowsNoPlaceWithoutSoundData) {
   const QTemporaryDir folder;
   const std::filesystem::path path(folder.path().toStdString());
