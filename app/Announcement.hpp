@@ -49,6 +49,13 @@ struct Announcement {
 /// The elements as the settings are now.
 [[nodiscard]] AnnouncementElements announcementElements(const AppSettings& settings);
 
+/// The rows that can fall due at the instant: the schedule of its civil day at the place and, after
+/// it, rows of the days beside it within a minute of the instant. Isha can come after midnight, and
+/// near the date line the schedule of a civil day can lie on the next one as a whole. Where the day
+/// itself has that prayer within twelve hours, the neighbour's is the same one told differently and
+/// is left out.
+[[nodiscard]] std::vector<PrayerTime> rowsAround(Date now, const AppSettings& settings);
+
 /// The announcement that is due at the instant: of the first of the five prayers in the schedule
 /// that falls in the same minute as the instant, both written by `minuteFormatter`. None when there
 /// is no such prayer, or its key is the last announced one.

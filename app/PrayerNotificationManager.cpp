@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "app/PrayerTimesCalculator.hpp"
 #include "app/Uuid.hpp"
 #include "platform/Platform.hpp"
 
@@ -64,11 +63,9 @@ PrayerNotificationManager::~PrayerNotificationManager() {
 
 void PrayerNotificationManager::checkAndNotify() {
   if (!settings_.prayerNotificationsEnabled) return;
-  const auto place = settings_.effectiveLocation();
   const auto now = clock_.now();
-  const auto schedule = PrayerTimesCalculator::calculate(now, place.latitude, place.longitude,
-                                                         place.timeZone, false, settings_);
-  const auto due = dueAnnouncement(settings_, schedule, now, lastFiredKey_, minuteFormatter_);
+  const auto due =
+      dueAnnouncement(settings_, rowsAround(now, settings_), now, lastFiredKey_, minuteFormatter_);
   if (!due) return;
   lastFiredKey_ = due->key;
   deliver(*due);

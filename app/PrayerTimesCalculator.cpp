@@ -59,6 +59,12 @@ std::vector<PrayerTime> PrayerTimesCalculator::calculate(Date date, double latit
                                                          const AppSettings& settings) {
   const auto local = Calendar(CalendarIdentifier::gregorian, timeZone).components(date);
   const DateComponents day{local.year, local.month, local.day, {}, {}, {}};
+  return calculate(day, latitude, longitude, showSunnah, settings);
+}
+
+std::vector<PrayerTime> PrayerTimesCalculator::calculate(const DateComponents& day, double latitude,
+                                                         double longitude, bool showSunnah,
+                                                         const AppSettings& settings) {
   const auto times = Adhan::PrayerTimes::make({latitude, longitude}, day, parameters(settings));
   if (!times) return {};
 

@@ -9,6 +9,7 @@
 #include "app/SettingsValues.hpp"
 #include "app/Uuid.hpp"
 #include "datetime/Date.hpp"
+#include "datetime/DateComponents.hpp"
 #include "datetime/TimeZone.hpp"
 
 namespace Hilalor {
@@ -39,6 +40,12 @@ namespace PrayerTimesCalculator {
 [[nodiscard]] std::vector<PrayerTime> calculate(
     Date date, double latitude, double longitude, const TimeZone& timeZone, bool showSunnah,
     const AppSettings& settings = AppSettings::shared());
+
+/// The same of a civil day by its Gregorian year, month and day, which may be out of range and
+/// carry over: day 0 is the last of the month before.
+[[nodiscard]] std::vector<PrayerTime> calculate(const DateComponents& day, double latitude,
+                                                double longitude, bool showSunnah,
+                                                const AppSettings& settings);
 
 }  // namespace PrayerTimesCalculator
 

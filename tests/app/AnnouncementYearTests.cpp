@@ -50,8 +50,9 @@ constexpr std::array kHomes{
     Home{"Riyadh", 24.6877, 46.7219, "Asia/Riyadh", Method::ummAlQura},
     Home{"London", 51.5074, -0.1278, "Europe/London", Method::moonsightingCommittee},
     Home{"Sydney", -33.8688, 151.2093, "Australia/Sydney", Method::muslimWorldLeague},
-    Home{"NewYork", 40.7128, -74.006, "America/New_York", Method::northAmerica},
+    Home{"ACoruna", 43.3713, -8.396, "Europe/Madrid", Method::muslimWorldLeague},
     // and ten years in all of them by hand.
+    Home{"NewYork", 40.7128, -74.006, "America/New_York", Method::northAmerica},
     Home{"Cairo", 30.0444, 31.2357, "Africa/Cairo", Method::egyptian},
     Home{"Casablanca", 33.5731, -7.5898, "Africa/Casablanca", Method::muslimWorldLeague},
     Home{"Tehran", 35.6892, 51.389, "Asia/Tehran", Method::tehran},
@@ -87,7 +88,7 @@ class Muezzin {
 
   void callAt(Date now, const TimeZone& machine, std::map<Call, int>& calls) {
     const auto minute = localMinute(now, machine);
-    for (const auto& [name, time] : prayers(localMinute(now, zone_) / (24 * 60))) {
+    for (const auto& [name, time] : prayersAround(localMinute(now, zone_) / (24 * 60))) {
       if (localMinute(time, machine) == minute) calls[{name, minute}] = 1;
     }
   }
@@ -95,21 +96,27 @@ class Muezzin {
  private:
   using Prayers = std::vector<std::pair<std::string, Date>>;
 
-  const Prayers& prayers(std::int64_t epochDay) {
+  // Of the day and the days beside it: a prayer can fall after its own day's midnight.
+  const Prayers& prayersAround(std::int64_t epochDay) {
     if (day_ == epochDay) return prayers_;
     day_ = epochDay;
     prayers_.clear();
+    for (const auto day : {epochDay - 1, epochDay, epochDay + 1})
+      add(day);
+    return prayers_;
+  }
+
+  void add(std::int64_t epochDay) {
     const DateComponents fields{1970, 1, 1 + static_cast<int>(epochDay), {}, {}, {}};
     const auto date = Adhan::gregorianUTC().components(*Adhan::gregorianUTC().date(fields));
     const auto times = Adhan::PrayerTimes::make({home_.latitude, home_.longitude}, date,
                                                 Adhan::params(adhanMethod(home_.method)));
-    if (!times) return prayers_;
-    prayers_ = {{"Fajr", times->fajr},
-                {"Dhuhr", times->dhuhr},
-                {"Asr", times->asr},
-                {"Maghrib", times->maghrib},
-                {"Isha", times->isha}};
-    return prayers_;
+    if (!times) return;
+    prayers_.insert(prayers_.end(), {{"Fajr", times->fajr},
+                                     {"Dhuhr", times->dhuhr},
+                                     {"Asr", times->asr},
+                                     {"Maghrib", times->maghrib},
+                                     {"Isha", times->isha}});
   }
 
   Home home_;
