@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <iostream>
+#include <mutex>
 
 namespace Hilalor {
 namespace {
@@ -19,18 +20,23 @@ std::filesystem::path moduleFile() {
 
 const SoundModule* load() {
   void* module = dlopen(moduleFile().c_str(), RTLD_NOW | RTLD_LOCAL);
-  auto* factory = module == nullptr
-                      ? nullptr
-                      : reinterpret_cast<SoundModuleFactory*>(dlsym(module, "hilalorSoundModule"));
+  auto* factory =
+      module == nullptr
+          ? nullptr
+          : reinterpret_cast<SoundModuleFactory*>(dlsym(module, HILALOR_SOUND_MODULE_FACTORY));
   if (factory != nullptr) return factory();
   std::cerr << "hilalor: no sound: " << dlerror() << '\n';
+  if (module != nullptr) dlclose(module);
   return nullptr;
 }
 
 }  // namespace
 
 const SoundModule* SoundModule::loaded() {
-  static const SoundModule* const module = load();
+  static std::mutex mutex;
+  static const SoundModule* module = nullptr;
+  const std::lock_guard lock(mutex);
+  if (module == nullptr) module = load();
   return module;
 }
 

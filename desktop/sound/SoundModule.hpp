@@ -15,7 +15,8 @@ class SoundModule {
  public:
   /// Loads the module when it is asked for first: `hilalor/hilalor-sound.so` in the folder of
   /// libraries, found from the running program's own place, or else the build tree's. Null where it
-  /// cannot be loaded; then there is no sound that could be read. Any thread.
+  /// cannot be loaded, or is of another build; then there is no sound that could be read, and the
+  /// next sound tries again. Any thread.
   [[nodiscard]] static const SoundModule* loaded();
 
   virtual ~SoundModule() = default;
@@ -36,7 +37,9 @@ class SoundModule {
   [[nodiscard]] virtual const SoundOutput& card() const = 0;
 };
 
-/// What the module exports, under the name `hilalorSoundModule`. The module is never destroyed.
+/// What the module exports, under a name that ends in a digest of these interfaces: a program that
+/// ran on while its files were replaced does not take a module that it would misunderstand. The
+/// module is never destroyed.
 using SoundModuleFactory = const SoundModule*();
 
 }  // namespace Hilalor

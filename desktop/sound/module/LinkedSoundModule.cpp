@@ -27,7 +27,8 @@ class LinkedSoundModule final : public SoundModule {
 }  // namespace
 }  // namespace Hilalor
 
-extern "C" [[gnu::visibility("default")]] const Hilalor::SoundModule* hilalorSoundModule() {
+extern "C" [[gnu::visibility("default")]] const Hilalor::SoundModule*
+HILALOR_SOUND_MODULE_FACTORY() {
   // Left for the process's end: a sound that hangs in a device may still use it.
   static const auto* const module = new Hilalor::LinkedSoundModule;  // NOLINT: never freed
   return module;
