@@ -38,23 +38,21 @@ std::stop_source PlaybackThreads::start(Work work, RunLoop::Task atEnd) {
     ++shared_->running;
   }
   const auto place = threads_.emplace(threads_.end());
-  const auto clearAway = [shared = shared_, place, atEnd = std::move(atEnd)](bool stopped) {
+  const auto clearAway = [shared = shared_, place, atEnd = std::move(atEnd)] {
     // On the main thread, like the owner's end.
     if (shared->owner == nullptr) return;
+    const bool stopped = place->get_stop_source().stop_requested();
     place->join();
     shared->owner->threads_.erase(place);
     if (!stopped && atEnd) atEnd();
   };
   *place = std::jthread(
-      [shared = shared_, work = std::move(work), clearAway](std::stop_token stop) mutable {
+      [shared = shared_, work = std::move(work), clearAway](const std::stop_token& stop) mutable {
         work(stop);
         // Whatever the work holds goes here, not on the main thread.
         work = nullptr;
         const std::lock_guard lock(shared->mutex);
-        if (shared->owner != nullptr) {
-          shared->owner->loop_.post(
-              [clearAway, stopped = stop.stop_requested()] { clearAway(stopped); });
-        }
+        if (shared->owner != nullptr) shared->owner->loop_.post(clearAway);
         --shared->running;
         shared->oneEnded.notify_all();
       });

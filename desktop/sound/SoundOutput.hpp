@@ -10,8 +10,9 @@ namespace Hilalor {
 class SoundOutput {
  public:
   enum class Outcome {
-    finished,  ///< The last sample was heard, or a stop was asked for.
-    lost,      ///< There is no such output, or it went away; the source stands where it was left.
+    finished,    ///< The last sample was heard, or a stop was asked for.
+    lost,        ///< There is no such output, or it went away; the source stands where it was left.
+    unanswered,  ///< As `lost`, of an output that is there and let seconds pass without an answer.
   };
 
   virtual ~SoundOutput() = default;

@@ -1,5 +1,6 @@
 #include "desktop/sound/SoundStage.hpp"
 
+#include <iterator>
 #include <utility>
 
 namespace Hilalor {
@@ -7,9 +8,16 @@ namespace {
 
 void playThrough(const SoundStage::Outputs& outputs, SoundStream& stream,
                  const std::stop_token& stop) {
-  while (true) {
-    for (const auto& output : outputs) {
-      if (output->play(stream, stop) == SoundOutput::Outcome::finished) return;
+  using Outcome = SoundOutput::Outcome;
+  std::vector<const SoundOutput*> promising;
+  for (const auto& output : outputs)
+    promising.push_back(output.get());
+  while (!promising.empty()) {
+    for (auto output = promising.begin(); output != promising.end();) {
+      const auto outcome = (*output)->play(stream, stop);
+      if (outcome == Outcome::finished) return;
+      // Asked again and again, one that hangs would make the recording last twice as long.
+      output = outcome == Outcome::unanswered ? promising.erase(output) : std::next(output);
     }
   }
 }

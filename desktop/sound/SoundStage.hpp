@@ -17,7 +17,8 @@ class SoundStage {
  public:
   using Outputs = std::vector<std::unique_ptr<const SoundOutput>>;
 
-  /// When the last of the outputs is lost, the first is tried again.
+  /// When the last of the outputs is lost, the first is tried again, unless it did not answer:
+  /// that one is left alone until the next sound. The last always answers.
   SoundStage(RunLoop& loop, Outputs outputs);
 
   /// Begins to play the stream. `atEnd` runs on the main thread when it was played to its end, and

@@ -40,7 +40,7 @@ struct Release {
 template <typename Handle>
 using Owned = std::unique_ptr<Handle, Release>;
 
-enum class Progress { made, stopped, lost };
+enum class Progress { made, stopped, lost, late };
 
 /// One connection to the server, with one sound on it.
 class Connection {
@@ -119,7 +119,8 @@ class Connection {
     while (!isMet()) {
       if (stop_.stop_requested()) return Progress::stopped;
       const auto left = std::chrono::duration_cast<std::chrono::microseconds>(end - Clock::now());
-      if (!isAlive() || left.count() <= 0) return Progress::lost;
+      if (!isAlive()) return Progress::lost;
+      if (left.count() <= 0) return Progress::late;
       if (pa_mainloop_prepare(loop_.get(), static_cast<int>(left.count())) < 0 ||
           pa_mainloop_poll(loop_.get()) < 0 || pa_mainloop_dispatch(loop_.get()) < 0) {
         return Progress::lost;
@@ -147,7 +148,16 @@ SoundOutput::Outcome PulseOutput::play(SampleSource& source, std::stop_token sto
   auto progress = connection.open(source.format());
   if (progress == Progress::made) progress = connection.send(source);
   if (progress == Progress::made) progress = connection.drain();
-  return progress == Progress::lost ? Outcome::lost : Outcome::finished;
+  switch (progress) {
+    case Progress::lost:
+      return Outcome::lost;
+    case Progress::late:
+      return Outcome::unanswered;
+    case Progress::made:
+    case Progress::stopped:
+      break;
+  }
+  return Outcome::finished;
 }
 
 }  // namespace Hilalor

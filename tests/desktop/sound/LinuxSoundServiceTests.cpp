@@ -168,6 +168,24 @@ TEST_F(LinuxSoundServiceTest, GoesOnThroughTheNextOutputWhereOneWasLost) {
   EXPECT_NEAR(second.back(), 0.999F, 0.001F);
 }
 
+TEST_F(LinuxSoundServiceTest, AsksAnOutputThatDoesNotAnswerOnlyOnceASound) {
+  std::vector<float> heard;
+  int asked = 0;
+  const auto service = serviceOver(
+      [&](auto&, auto&) {
+        ++asked;
+        return Outcome::unanswered;
+      },
+      [&](auto& stream, auto&) { return take(stream, 200, heard); });
+  for (int sound = 1; sound <= 2; ++sound) {
+    const auto player = athan(*service);
+    player->play();
+    EXPECT_TRUE(loop.runNext());
+    EXPECT_EQ(asked, sound);
+  }
+  EXPECT_EQ(ends.ended.size(), 2U);
+}
+
 TEST_F(LinuxSoundServiceTest, LoopsABeepUntilItIsStopped) {
   std::promise<void> longEnough;
   const auto service = serviceOver([&](SampleSource& stream, const std::stop_token& stop) {
