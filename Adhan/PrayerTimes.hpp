@@ -23,8 +23,11 @@ struct PrayerTimes {
   DateComponents date;
   CalculationParameters calculationParameters;
 
-  /// `date` names a civil day by year, month and day, whatever the place's time zone: the times are
-  /// those around that day's noon at the place.
+  /// `date` names a civil day by year, month and day: the times are those around the noon at the
+  /// place that falls within that day in UTC. This is the noon of the place's own day of that date,
+  /// except near the date line, where the clock is ahead of the sun (Apia, Kiritimati; Suva in
+  /// spring): there it is the next day's, and on the one day of the year on which that noon passes
+  /// midnight in UTC, a night is missing from the times or of negative length.
   ///
   /// No result without a year or for a day beyond the calendar's range, when the sun does not rise
   /// or set on the day or the next (polar day and night), or does not sink to the height of asr.

@@ -36,7 +36,8 @@ namespace PrayerTimesCalculator {
 /// Maghrib, Isha and, if wanted, Middle of Night and Last Third, in this order whatever their
 /// times. Latitude and longitude are degrees, north and east positive. The method and the school of
 /// Asr are the settings'. Empty where the sun gives no such day (polar day or night); without the
-/// last two rows where it gives none the next day.
+/// last two rows where it gives none the next day. Near the date line the times can be those of the
+/// day after (see Adhan::PrayerTimes::make).
 [[nodiscard]] std::vector<PrayerTime> calculate(
     Date date, double latitude, double longitude, const TimeZone& timeZone, bool showSunnah,
     const AppSettings& settings = AppSettings::shared());

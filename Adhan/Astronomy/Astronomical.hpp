@@ -85,8 +85,8 @@ struct Passage {
   double cosDeclination = 0;
 };
 
-/// The transit over the meridian as a fraction of the day, in [0, 1), good to some minutes (ch.
-/// 15). `longitude` east positive.
+/// The transit over the meridian as a fraction of the day, in [0, 1) but for the last bit, good
+/// to some minutes (ch. 15). `longitude` east positive.
 [[nodiscard]] double approximateTransit(Angle longitude, Angle siderealTime, Angle rightAscension);
 
 /// The transit in hours of the day (ch. 15). Near the antimeridian it can lie below 0 or above 24.

@@ -31,7 +31,7 @@ struct CalculationParameters {
   double fajrAngle;                    ///< Degrees of the sun below the horizon.
   std::optional<double> maghribAngle;  ///< Degrees below the horizon; absent for sunset itself.
   double ishaAngle;                    ///< Degrees below the horizon; not read with an interval.
-  int ishaInterval = 0;                ///< Minutes after maghrib; 0 to go by the angle.
+  int ishaInterval = 0;                ///< Minutes after sunset; by the angle if not above 0.
   Madhab madhab = Madhab::shafi;
   std::optional<HighLatitudeRule> highLatitudeRule;  ///< Absent for the place's recommended one.
   PrayerAdjustments adjustments;                     ///< The user's own.
