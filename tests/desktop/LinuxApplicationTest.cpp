@@ -8,7 +8,7 @@
 #include <functional>
 
 #include "desktop/SessionBus.hpp"
-#include "tests/desktop/location/PrivateBus.hpp"
+#include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor {

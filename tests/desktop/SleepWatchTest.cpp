@@ -6,7 +6,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
-#include "tests/desktop/location/PrivateBus.hpp"
+#include "tests/fakes/PrivateBus.hpp"
 
 namespace Hilalor {
 namespace {

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "tests/desktop/location/FakeGeoClue.hpp"
-#include "tests/desktop/location/PrivateBus.hpp"
+#include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor {

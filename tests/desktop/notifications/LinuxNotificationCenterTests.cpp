@@ -1,18 +1,17 @@
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QDBusContext>
 #include <QDBusMessage>
-#include <QProcess>
 #include <QVariantMap>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "desktop/QtRunLoop.hpp"
+#include "tests/fakes/PrivateBus.hpp"
 
 namespace Hilalor {
 
@@ -51,29 +50,6 @@ namespace {
 
 using Status = NotificationAuthorization;
 
-/// A message bus of the test's own.
-class PrivateBus {
- public:
-  PrivateBus() {
-    daemon_.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-    if (daemon_.waitForReadyRead()) address_ = QString::fromUtf8(daemon_.readLine().trimmed());
-  }
-  ~PrivateBus() {
-    daemon_.kill();
-    daemon_.waitForFinished();
-  }
-
-  [[nodiscard]] bool isThere() const { return !address_.isEmpty(); }
-
-  [[nodiscard]] QDBusConnection connection(const QString& name) const {
-    return QDBusConnection::connectToBus(address_, name);
-  }
-
- private:
-  QProcess daemon_;
-  QString address_;
-};
-
 struct Presentation final : NotificationCenter::Delegate {
   NotificationOptions options = NotificationOptions::banner | NotificationOptions::sound;
   NotificationOptions willPresent(const NotificationRequest&) override { return options; }
@@ -82,7 +58,7 @@ struct Presentation final : NotificationCenter::Delegate {
 class LinuxNotificationCenterTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (!bus.isThere()) GTEST_SKIP() << "no dbus-daemon here";
+    if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
     center.setDelegate(&presentation);
   }
   ~LinuxNotificationCenterTest() override {
@@ -189,11 +165,5 @@ TEST_F(LinuxNotificationCenterTest, AsksHowToShowIt) {
 
 }  // namespace
 }  // namespace Hilalor
-
-int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}
 
 #include "LinuxNotificationCenterTests.moc"
