@@ -10,8 +10,6 @@
 namespace Adhan {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
 TEST(SettingHour, SplitsHoursWithAFraction) {
   struct Case {
     double value;

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <limits>
 #include <optional>
 
 #include "Adhan/Extensions/UTCCalendar.hpp"
+#include "Adhan/Models/Coordinates.hpp"
 
 namespace Adhan {
+
+inline constexpr Coordinates kRiyadh{24.6877, 46.7219};
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 inline DateComponents day(int year, int month, int day) {
   return {year, month, day, std::nullopt, std::nullopt, std::nullopt};

@@ -45,20 +45,6 @@ TEST(CalculationMethod, HasItsPublishedParameters) {
   }
 }
 
-template <typename E>
-void expectRawValuesToLeadBack() {
-  for (const E value : allCases<E>())
-    EXPECT_EQ(fromRawValue<E>(rawValue(value)), value);
-}
-
-TEST(RawValues, LeadBackToTheirCases) {
-  expectRawValuesToLeadBack<CalculationMethod>();
-  expectRawValuesToLeadBack<HighLatitudeRule>();
-  expectRawValuesToLeadBack<Madhab>();
-  expectRawValuesToLeadBack<Rounding>();
-  expectRawValuesToLeadBack<Shafaq>();
-}
-
 TEST(RawValues, AreMatchedExactly) {
   using namespace std::string_literals;
   EXPECT_EQ(fromRawValue<CalculationMethod>("moonsightingCommittee"s),

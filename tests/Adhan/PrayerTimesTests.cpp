@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "Adhan/Astronomy/SeasonalTwilight.hpp"
 #include "Adhan/ExactTimes.hpp"
 #include "Adhan/Qibla.hpp"
 #include "Adhan/SunnahTimes.hpp"
@@ -14,35 +13,7 @@
 namespace Adhan {
 namespace {
 
-constexpr Coordinates kRiyadh{24.6877, 46.7219};
 constexpr Coordinates kHelsinki{60.1699, 24.9384};
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-// In seconds; the sunrise of the next day differs by some minutes.
-double nightAfter(const ExactTimes& times, const Coordinates& place,
-                  const DateComponents& nextDay) {
-  const auto next = ExactTimes::make(place, nextDay, params(CalculationMethod::muslimWorldLeague));
-  return (next.value().sunrise - times.maghrib).count();
-}
-
-TEST(ExactTimes, BoundTwilightByTheNightWhereItDoesNotEnd) {
-  auto parameters = params(CalculationMethod::muslimWorldLeague);
-  struct Case {
-    std::optional<HighLatitudeRule> rule;
-    double fajr, isha;  // of the night
-  };
-  const Case cases[] = {{std::nullopt, 1.0 / 7, 1.0 / 7},
-                        {HighLatitudeRule::middleOfTheNight, 0.5, 0.5},
-                        {HighLatitudeRule::twilightAngle, 18.0 / 60, 17.0 / 60}};
-  for (const auto& [rule, fajr, isha] : cases) {
-    SCOPED_TRACE(fajr);
-    parameters.highLatitudeRule = rule;
-    const auto times = ExactTimes::make(kHelsinki, day(2026, 6, 21), parameters).value();
-    const double night = nightAfter(times, kHelsinki, day(2026, 6, 22));
-    EXPECT_NEAR((times.sunrise - times.fajr).count(), fajr * night, 1e-6);
-    EXPECT_NEAR((times.isha - times.maghrib).count(), isha * night, 1e-6);
-  }
-}
 
 TEST(ExactTimes, TakeTheAngleWhereTheNightIsLongEnough) {
   auto parameters = params(CalculationMethod::muslimWorldLeague);
@@ -57,15 +28,6 @@ TEST(ExactTimes, TakeTheAngleWhereTheNightIsLongEnough) {
   EXPECT_NEAR((bounded->isha - bounded->maghrib).count() / 60, 12 * 60 / 7.0, 2);
 }
 
-TEST(ExactTimes, GiveIshaAtItsIntervalInEveryNight) {
-  for (const auto method : {CalculationMethod::ummAlQura, CalculationMethod::qatar}) {
-    for (const auto& date : {day(2026, 6, 21), day(2026, 12, 21)}) {
-      const auto times = ExactTimes::make(kHelsinki, date, params(method)).value();
-      EXPECT_EQ(times.isha - times.maghrib, std::chrono::minutes(90)) << method << date;
-    }
-  }
-}
-
 TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
   auto parameters = params(CalculationMethod::tehran);
   const auto usual = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value();
@@ -76,23 +38,6 @@ TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
     parameters.maghribAngle = angle;
     EXPECT_EQ(ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value().maghrib, sunset)
         << angle << " degrees: after isha, before sunset or never";
-  }
-}
-
-TEST(ExactTimes, TakeASeventhOfTheNightByTheSeasonOnlyInTheNorth) {
-  const auto parameters = params(CalculationMethod::moonsightingCommittee);
-  for (const double latitude : {54.9, 55.0, -56.0}) {
-    SCOPED_TRACE(latitude);
-    const Coordinates place{latitude, 0};
-    const auto times = ExactTimes::make(place, day(2026, 1, 15), parameters).value();
-    const double seventh = nightAfter(times, place, day(2026, 1, 16)) / 7;
-    const Seconds bound = seasonalMorningTwilight({latitude, 15, 2026});
-    const double morning = (times.sunrise - times.fajr).count();
-    if (latitude >= 55) {
-      EXPECT_NEAR(morning, std::min(seventh, -bound.count()), 1e-6);
-    } else {
-      EXPECT_GT(std::abs(morning - seventh), 60);
-    }
   }
 }
 
@@ -177,24 +122,6 @@ TEST(PrayerTimes, SurviveNonsense) {
       expectNoResultOrFinite(kHelsinki, dates[0], parameters);
     }
   }
-}
-
-TEST(SunnahTimes, DivideTheNightFromMaghribToFajr) {
-  const Date maghrib = at(2026, 11, 16, 18);
-  const auto night = SunnahTimes::ofNight(maghrib, at(2026, 11, 17, 4, 30));
-  EXPECT_EQ(night.middleOfTheNight, at(2026, 11, 16, 23, 15));
-  EXPECT_EQ(night.lastThirdOfTheNight, at(2026, 11, 17, 1, 0));
-  EXPECT_EQ(SunnahTimes::ofNight(maghrib, at(2026, 11, 17, 4, 1)).middleOfTheNight,
-            at(2026, 11, 16, 23, 1))
-      << "23:00:30 goes up";
-}
-
-TEST(SunnahTimes, HaveNoResultBeforeADayWithoutTimes) {
-  const auto parameters = params(CalculationMethod::muslimWorldLeague);
-  constexpr Coordinates kLongyearbyen{78.2232, 15.6267};
-  const auto lastDay = PrayerTimes::make(kLongyearbyen, day(2025, 4, 17), parameters);
-  ASSERT_TRUE(lastDay);
-  EXPECT_FALSE(SunnahTimes::make(*lastDay));
 }
 
 TEST(Qibla, PointsAlongTheGreatCircle) {

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "tests/Adhan/Days.hpp"
+
 namespace Adhan {
 namespace {
 
@@ -98,7 +100,6 @@ TEST(Records, RefuseValuesOfAnotherForm) {
 }
 
 TEST(Records, CannotHoldNumbersThatAreNotFinite) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
   EXPECT_EQ(jsonRecord(Coordinates{kInfinity, 0}), std::nullopt);
   EXPECT_EQ(jsonRecord(Coordinates{0, std::numeric_limits<double>::quiet_NaN()}), std::nullopt);
   auto parameters = params(CalculationMethod::tehran);

@@ -7,7 +7,6 @@
 namespace Adhan {
 namespace {
 
-constexpr Coordinates kRiyadh{24.6877, 46.7219};
 constexpr Coordinates kHonolulu{21.3069, -157.8583};
 
 TEST(SolarTime, ReadsOnlyTheDayAndKeepsItsSeconds) {

@@ -66,7 +66,6 @@ TEST(UTCCalendar, GoesToTheNextDayFromAnyHour) {
 }
 
 TEST(UTCCalendar, HasNoResultOutOfRange) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
   for (const double seconds : {kInfinity, -kInfinity, std::nan(""), 1e300, -1e17}) {
     SCOPED_TRACE(seconds);
     EXPECT_EQ(gregorianUTC().components({seconds}), DateComponents{});

@@ -1,8 +1,11 @@
 #include "app/PrayerList.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+
+#include "app/PrayerTimesCalculator.hpp"
 #include "datetime/Calendar.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
@@ -12,6 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::MatchesRegex;
 
 Date riyadh(int day, int hour, int minute) {
   const Calendar calendar(CalendarIdentifier::gregorian, TimeZone::current());
@@ -100,6 +104,18 @@ TEST_F(PrayerListTest, HasNoRowsWhereTheSunGivesNone) {
   const PrayerList list = prayerList(riyadh(16, 12, 0), riyadh(16, 12, 0));
   EXPECT_THAT(list.rows, IsEmpty());
   EXPECT_FALSE(list.gregorianDate.empty());
+}
+
+TEST_F(PrayerListTest, NoTwoRowsEverShareAnIdentifier) {
+  std::set<std::string> ids;
+  for (int time = 0; time < 100; ++time) {
+    for (const auto& row : PrayerTimesCalculator::calculate(riyadh(16, 12, 0), 24.6877, 46.7219,
+                                                            TimeZone::current(), true))
+      ids.insert(row.id.string());
+  }
+  EXPECT_EQ(ids.size(), 800U);
+  EXPECT_THAT(*ids.begin(),
+              MatchesRegex("[0-9a-f]+-[0-9a-f]+-4[0-9a-f]+-[89ab][0-9a-f]+-[0-9a-f]+"));
 }
 
 }  // namespace

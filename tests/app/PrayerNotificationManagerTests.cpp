@@ -1,20 +1,14 @@
 #include "app/PrayerNotificationManager.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/PrayerTimesCalculator.hpp"
-#include "tests/fakes/FakeGeocoder.hpp"
-#include "tests/fakes/FakeLocationService.hpp"
-#include "tests/fakes/FakeNotificationCenter.hpp"
-#include "tests/fakes/FakeSoundService.hpp"
-#include "tests/fakes/InMemoryDefaultsStore.hpp"
+#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
-#include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor {
 namespace {
@@ -25,6 +19,20 @@ using testing::IsEmpty;
 /// Noon in Riyadh on 16 November 2026; the settings' place is Riyadh too, for want of another.
 constexpr Date kNoon{1794819600};
 
+/// What the user wants of an announcement, and which recordings are no good.
+struct Choices {
+  bool enabled = true;
+  bool beep = false;
+  bool loop = false;
+  bool athan = false;
+  bool supplication = false;
+  const char* sound = "Glass";
+  int loopSeconds = 10;
+  AthanVoice voice = AthanVoice::vemran;
+  const char* missing = "";
+  const char* unreadable = "";
+};
+
 class PrayerNotificationManagerTest : public testing::Test {
  protected:
   PrayerNotificationManagerTest() {
@@ -34,6 +42,19 @@ class PrayerNotificationManagerTest : public testing::Test {
 
   [[nodiscard]] std::unique_ptr<PrayerNotificationManager> makeManager() {
     return std::make_unique<PrayerNotificationManager>(settings, loop, loop, notifications, sounds);
+  }
+
+  void choose(const Choices& choices) {
+    settings.prayerNotificationsEnabled = choices.enabled;
+    settings.beepSoundEnabled = choices.beep;
+    settings.beepLoopEnabled = choices.loop;
+    settings.beepLoopSeconds = choices.loopSeconds;
+    settings.selectedBeepSound = std::string(choices.sound);
+    settings.athanEnabled = choices.athan;
+    settings.athanVoice = choices.voice;
+    settings.playDuaAfterAthan = choices.supplication;
+    sounds.recordings.erase(choices.missing);
+    sounds.unreadable.insert(choices.unreadable);
   }
 
   [[nodiscard]] Date prayer(const std::string& name) const {
@@ -75,14 +96,11 @@ class PrayerNotificationManagerTest : public testing::Test {
   }
 
   SystemTimeZone machineZone{"Asia/Riyadh"};
-  VirtualLoop loop{kNoon};
-  FakeLocationService location;
-  FakeGeocoder geocoder;
-  LocationManager locationManager{location, geocoder, loop};
-  InMemoryDefaultsStore store;
-  AppSettings settings{store, locationManager};
-  FakeNotificationCenter notifications{loop};
-  FakeSoundService sounds{loop};
+  FakePlatform desktop{kNoon};
+  VirtualLoop& loop = desktop.loop;
+  FakeNotificationCenter& notifications = desktop.notifications;
+  FakeSoundService& sounds = desktop.sounds;
+  AppSettings& settings = AppSettings::shared();
   std::unique_ptr<PrayerNotificationManager> manager = makeManager();
 };
 
@@ -185,7 +203,7 @@ struct Moment {
 
 struct Course {
   std::string name;
-  std::function<void(AppSettings&, FakeSoundService&)> given;
+  Choices choices;
   std::vector<Moment> moments;
 };
 
@@ -205,7 +223,7 @@ class AnnouncementCourse : public PrayerNotificationManagerTest,
                            public testing::WithParamInterface<Course> {};
 
 TEST_P(AnnouncementCourse, GoesFromBeepToAthanToSupplication) {
-  GetParam().given(settings, sounds);
+  choose(GetParam().choices);
   announce("Dhuhr");
   std::size_t step = 0;
   for (const auto& moment : GetParam().moments) {
@@ -218,97 +236,56 @@ TEST_P(AnnouncementCourse, GoesFromBeepToAthanToSupplication) {
 
 const std::vector<Course> kCourses{
     {"titleAlone",
-     [](auto&, auto&) {},
+     {},
      {after(0, " [Dhuhr Athan]"), after(119.9, " [Dhuhr Athan]"), after(0.2, "")}},
     {"beepOnce",
-     [](auto& settings, auto&) { settings.beepSoundEnabled = true; },
+     {.beep = true},
      {after(0, "Glass [Dhuhr Athan]"), after(1.6, " [Dhuhr Athan]"), after(120, " [Dhuhr Athan]"),
       after(0.2, "")}},
     {"beepThatIsMissing",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.athanEnabled = true;
-       settings.selectedBeepSound = std::string("Gong");
-     },
+     {.beep = true, .athan = true, .sound = "Gong"},
      {after(1.6, " [Dhuhr Athan]"), after(0.2, "athan [Dhuhr Athan] vemran")}},
     {"beepInLoop",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.beepLoopEnabled = true;
-     },
+     {.beep = true, .loop = true},
      {after(9.9, "Glass looped [Dhuhr Athan]"), after(0.2, " [Dhuhr Athan]"),
       after(119.8, " [Dhuhr Athan]"), after(0.2, "")}},
     {"beepInLoopOfNoLength",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.beepLoopEnabled = true;
-       settings.beepLoopSeconds = 0;
-     },
+     {.beep = true, .loop = true, .loopSeconds = 0},
      {after(0.9, "Glass looped [Dhuhr Athan]"), after(0.2, " [Dhuhr Athan]")}},
     {"loopedBeepThatIsMissing",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.beepLoopEnabled = true;
-       settings.athanEnabled = true;
-       settings.selectedBeepSound = std::string("Gong");
-     },
+     {.beep = true, .loop = true, .athan = true, .sound = "Gong"},
      {after(9.9, " [Dhuhr Athan]"), after(0.2, "athan [Dhuhr Athan] vemran")}},
     {"athanAlone",
-     [](auto& settings, auto&) { settings.athanEnabled = true; },
+     {.athan = true},
      {after(0, "athan [Dhuhr Athan] vemran"), after(300, "athan [Dhuhr Athan] vemran"),
       endOf("athan", "")}},
     {"athanOfNoVoice",
-     [](auto& settings, auto&) {
-       settings.athanEnabled = true;
-       settings.athanVoice = AthanVoice::none;
-     },
+     {.athan = true, .voice = AthanVoice::none},
      {after(0, " [Dhuhr Athan]"), after(121, "")}},
     {"everything",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.selectedBeepSound = std::string("Bowl");
-       settings.athanEnabled = true;
-       settings.athanVoice = AthanVoice::tolsar;
-       settings.playDuaAfterAthan = true;
-     },
+     {.beep = true,
+      .athan = true,
+      .supplication = true,
+      .sound = "Bowl",
+      .voice = AthanVoice::tolsar},
      {after(0, "Bowl [Dhuhr Athan]"), after(2.1, " [Dhuhr Athan]"),
       after(0.2, "athan2 [Dhuhr Athan] tolsar"),
       endOf("athan2", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
     {"loopThenAthanAndSupplication",
-     [](auto& settings, auto&) {
-       settings.beepSoundEnabled = true;
-       settings.beepLoopEnabled = true;
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-     },
+     {.beep = true, .loop = true, .athan = true, .supplication = true},
      {after(10.1, "athan [Dhuhr Athan] vemran"),
       endOf("athan", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
     {"athanThatIsMissing",
-     [](auto& settings, auto& sounds) {
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-       sounds.recordings.erase("athan");
-     },
+     {.athan = true, .supplication = true, .missing = "athan"},
      {after(0, " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
     {"athanThatCannotBeRead",
-     [](auto& settings, auto& sounds) {
-       settings.athanEnabled = true;
-       sounds.unreadable.insert("athan");
-     },
+     {.athan = true, .unreadable = "athan"},
      {after(600, " [Dhuhr Athan]")}},
     {"supplicationThatIsMissing",
-     [](auto& settings, auto& sounds) {
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-       sounds.recordings.erase("after_athan");
-     },
+     {.athan = true, .supplication = true, .missing = "after_athan"},
      {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
     {"supplicationThatCannotBeRead",
-     [](auto& settings, auto& sounds) {
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-       sounds.unreadable.insert("after_athan");
-     },
+     {.athan = true, .supplication = true, .unreadable = "after_athan"},
      {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
 };
 
@@ -332,7 +309,7 @@ TEST_F(PrayerNotificationManagerTest, PlainAlertStandsInForTheAthanAlone) {
 // Every state of an announcement, left by the user's Stop.
 struct Stop {
   std::string name;
-  std::function<void(AppSettings&)> given;
+  Choices choices;
   double after;
   std::string ended;  // The recording that came to its end before.
   std::string comes;  // What is heard after all, ten seconds later.
@@ -346,7 +323,7 @@ class StoppedAnnouncement : public PrayerNotificationManagerTest,
                             public testing::WithParamInterface<Stop> {};
 
 TEST_P(StoppedAnnouncement, IsSilentAtOnce) {
-  GetParam().given(settings);
+  choose(GetParam().choices);
   announce("Maghrib");
   letPass(GetParam().after);
   if (!GetParam().ended.empty()) finish(GetParam().ended);
@@ -360,34 +337,13 @@ TEST_P(StoppedAnnouncement, IsSilentAtOnce) {
 }
 
 const std::vector<Stop> kStops{
-    {"idle", [](auto& settings) { settings.prayerNotificationsEnabled = false; }, 0, "", ""},
-    {"lingeringTitle", [](auto&) {}, 60, "", ""},
+    {"idle", {.enabled = false}, 0, "", ""},
+    {"lingeringTitle", {}, 60, "", ""},
     // The wait after a single beep is not taken back.
-    {"beepingOnce",
-     [](auto& settings) {
-       settings.beepSoundEnabled = true;
-       settings.athanEnabled = true;
-     },
-     0.5, "", "athan vemran"},
-    {"beepingInLoop",
-     [](auto& settings) {
-       settings.beepSoundEnabled = true;
-       settings.beepLoopEnabled = true;
-       settings.athanEnabled = true;
-     },
-     5, "", ""},
-    {"athan",
-     [](auto& settings) {
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-     },
-     30, "", ""},
-    {"supplication",
-     [](auto& settings) {
-       settings.athanEnabled = true;
-       settings.playDuaAfterAthan = true;
-     },
-     30, "athan", ""},
+    {"beepingOnce", {.beep = true, .athan = true}, 0.5, "", "athan vemran"},
+    {"beepingInLoop", {.beep = true, .loop = true, .athan = true}, 5, "", ""},
+    {"athan", {.athan = true, .supplication = true}, 30, "", ""},
+    {"supplication", {.athan = true, .supplication = true}, 30, "athan", ""},
 };
 
 INSTANTIATE_TEST_SUITE_P(, StoppedAnnouncement, testing::ValuesIn(kStops),
