@@ -41,6 +41,18 @@ bool areWithin(Seconds distance, Date one, Date other) {
   return Seconds(std::abs((one - other).count())) < distance;
 }
 
+/// The prayers of a day beside today near the instant, but for those that today has itself.
+void addThoseNear(Date now, const Adhan::PrayerTimes& beside,
+                  const std::optional<Adhan::PrayerTimes>& own, std::vector<PrayerTime>& rows) {
+  const auto prayers = Adhan::allCases<Adhan::Prayer>();
+  for (std::size_t index = 0; index < prayers.size(); ++index) {
+    const Date time = beside.time(prayers[index]);
+    const bool isOwn = own && areWithin(kHalfADay, own->time(prayers[index]), time);
+    if (isOwn || !areWithin(kMinute, time, now)) continue;
+    rows.push_back(PrayerTimesCalculator::rows(beside, false)[index]);
+  }
+}
+
 }  // namespace
 
 std::optional<std::string_view> athanFile(AthanVoice voice) {
@@ -62,20 +74,15 @@ AnnouncementElements announcementElements(const AppSettings& settings) {
 std::vector<PrayerTime> rowsAround(Date now, const AppSettings& settings) {
   const auto place = settings.effectiveLocation();
   const auto today = Calendar(CalendarIdentifier::gregorian, place.timeZone).components(now);
-  const auto scheduleOf = [&](int daysLater) {
-    const DateComponents day{today.year, today.month, *today.day + daysLater, {}, {}, {}};
-    return PrayerTimesCalculator::calculate(day, place.latitude, place.longitude, false, settings);
-  };
   if (!today.day) return {};
-  const auto own = scheduleOf(0);
-  auto rows = own;
+  const auto timesOf = [&](int daysLater) {
+    const DateComponents day{today.year, today.month, *today.day + daysLater, {}, {}, {}};
+    return PrayerTimesCalculator::times(day, place.latitude, place.longitude, settings);
+  };
+  const auto own = timesOf(0);
+  auto rows = own ? PrayerTimesCalculator::rows(*own, false) : std::vector<PrayerTime>();
   for (const int daysLater : {-1, 1}) {
-    for (const auto& row : scheduleOf(daysLater)) {
-      const bool isOwn = std::any_of(own.begin(), own.end(), [&](const PrayerTime& other) {
-        return other.name == row.name && areWithin(kHalfADay, other.time, row.time);
-      });
-      if (!isOwn && areWithin(kMinute, row.time, now)) rows.push_back(row);
-    }
+    if (const auto beside = timesOf(daysLater)) addThoseNear(now, *beside, own, rows);
   }
   return rows;
 }

@@ -59,36 +59,39 @@ std::vector<PrayerTime> PrayerTimesCalculator::calculate(Date date, double latit
                                                          const AppSettings& settings) {
   const auto local = Calendar(CalendarIdentifier::gregorian, timeZone).components(date);
   const DateComponents day{local.year, local.month, local.day, {}, {}, {}};
-  return calculate(day, latitude, longitude, showSunnah, settings);
+  const auto found = times(day, latitude, longitude, settings);
+  return found ? rows(*found, showSunnah) : std::vector<PrayerTime>();
 }
 
-std::vector<PrayerTime> PrayerTimesCalculator::calculate(const DateComponents& day, double latitude,
-                                                         double longitude, bool showSunnah,
-                                                         const AppSettings& settings) {
-  const auto times = Adhan::PrayerTimes::make({latitude, longitude}, day, parameters(settings));
-  if (!times) return {};
+std::optional<Adhan::PrayerTimes> PrayerTimesCalculator::times(const DateComponents& day,
+                                                               double latitude, double longitude,
+                                                               const AppSettings& settings) {
+  return Adhan::PrayerTimes::make({latitude, longitude}, day, parameters(settings));
+}
 
-  std::vector<PrayerTime> rows;
-  rows.reserve(8);
+std::vector<PrayerTime> PrayerTimesCalculator::rows(const Adhan::PrayerTimes& times,
+                                                    bool showSunnah) {
+  std::vector<PrayerTime> result;
+  result.reserve(8);
   const auto addPrayer = [&](std::string_view name, Date time) {
-    rows.push_back({Uuid::random(), std::string(name), time});
+    result.push_back({Uuid::random(), std::string(name), time});
   };
-  addPrayer("Fajr", times->fajr);
-  addPrayer("Sunrise", times->sunrise);
-  rows.back().isSunrise = true;
-  addPrayer("Dhuhr", times->dhuhr);
-  addPrayer("Asr", times->asr);
-  addPrayer("Maghrib", times->maghrib);
-  addPrayer("Isha", times->isha);
-  if (!showSunnah) return rows;
+  addPrayer("Fajr", times.fajr);
+  addPrayer("Sunrise", times.sunrise);
+  result.back().isSunrise = true;
+  addPrayer("Dhuhr", times.dhuhr);
+  addPrayer("Asr", times.asr);
+  addPrayer("Maghrib", times.maghrib);
+  addPrayer("Isha", times.isha);
+  if (!showSunnah) return result;
 
-  if (const auto sunnah = Adhan::SunnahTimes::make(*times)) {
+  if (const auto sunnah = Adhan::SunnahTimes::make(times)) {
     addPrayer("Middle of Night", sunnah->middleOfTheNight);
-    rows.back().isSunnah = true;
+    result.back().isSunnah = true;
     addPrayer("Last Third", sunnah->lastThirdOfTheNight);
-    rows.back().isSunnah = true;
+    result.back().isSunnah = true;
   }
-  return rows;
+  return result;
 }
 
 }  // namespace Hilalor

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "Adhan/Models/CalculationMethod.hpp"
+#include "Adhan/PrayerTimes.hpp"
 #include "app/AppSettings.hpp"
 #include "app/SettingsValues.hpp"
 #include "app/Uuid.hpp"
@@ -42,11 +44,14 @@ namespace PrayerTimesCalculator {
     Date date, double latitude, double longitude, const TimeZone& timeZone, bool showSunnah,
     const AppSettings& settings = AppSettings::shared());
 
-/// The same of a civil day by its Gregorian year, month and day, which may be out of range and
-/// carry over: day 0 is the last of the month before.
-[[nodiscard]] std::vector<PrayerTime> calculate(const DateComponents& day, double latitude,
-                                                double longitude, bool showSunnah,
-                                                const AppSettings& settings);
+/// The engine's times that such a schedule shows, of a civil day by its Gregorian year, month and
+/// day, which may be out of range and carry over: day 0 is the last of the month before.
+[[nodiscard]] std::optional<Adhan::PrayerTimes> times(const DateComponents& day, double latitude,
+                                                      double longitude,
+                                                      const AppSettings& settings);
+
+/// The rows of those times, the prayers in the engine's order first.
+[[nodiscard]] std::vector<PrayerTime> rows(const Adhan::PrayerTimes& times, bool showSunnah);
 
 }  // namespace PrayerTimesCalculator
 
