@@ -89,19 +89,24 @@ class Muezzin {
   void callAt(Date now, const TimeZone& machine, std::map<Call, int>& calls) {
     const auto minute = localMinute(now, machine);
     for (const auto& [name, time] : prayersAround(localMinute(now, zone_) / (24 * 60))) {
-      if (localMinute(time, machine) == minute) calls[{name, minute}] = 1;
+      if (localMinute(time, machine) != minute) continue;
+      // In the far north two prayers can fall in one minute, and both in an hour lived twice.
+      Call call{name, minute};
+      if (call != last_) ++calls[call];
+      last_ = std::move(call);
+      return;
     }
   }
 
  private:
   using Prayers = std::vector<std::pair<std::string, Date>>;
 
-  // Of the day and the days beside it: a prayer can fall after its own day's midnight.
+  // Of the day and then the days beside it: a prayer can fall after its own day's midnight.
   const Prayers& prayersAround(std::int64_t epochDay) {
     if (day_ == epochDay) return prayers_;
     day_ = epochDay;
     prayers_.clear();
-    for (const auto day : {epochDay - 1, epochDay, epochDay + 1})
+    for (const auto day : {epochDay, epochDay - 1, epochDay + 1})
       add(day);
     return prayers_;
   }
@@ -123,6 +128,7 @@ class Muezzin {
   TimeZone zone_;
   std::int64_t day_ = -1;
   Prayers prayers_;
+  Call last_;
 };
 
 /// A user's days, tick by tick, with all that happens to clocks, zones and places.
