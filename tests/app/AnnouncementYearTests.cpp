@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -101,27 +102,35 @@ class Muezzin {
  private:
   using Prayers = std::vector<std::pair<std::string, Date>>;
 
-  // Of the day and then the days beside it: a prayer can fall after its own day's midnight.
+  // Of the day and then of the days beside it, for a prayer can fall after its own day's midnight;
+  // but not once more what the day itself has within twelve hours, at the ends of the polar night.
   const Prayers& prayersAround(std::int64_t epochDay) {
     if (day_ == epochDay) return prayers_;
     day_ = epochDay;
-    prayers_.clear();
-    for (const auto day : {epochDay, epochDay - 1, epochDay + 1})
-      add(day);
+    const auto own = prayersOf(epochDay);
+    prayers_ = own;
+    for (const auto beside : {epochDay - 1, epochDay + 1}) {
+      for (const auto& [name, time] : prayersOf(beside)) {
+        const bool isOwn = std::any_of(own.begin(), own.end(), [&](const auto& prayer) {
+          return prayer.first == name && std::abs((prayer.second - time).count()) < 12 * 3600;
+        });
+        if (!isOwn) prayers_.emplace_back(name, time);
+      }
+    }
     return prayers_;
   }
 
-  void add(std::int64_t epochDay) {
+  [[nodiscard]] Prayers prayersOf(std::int64_t epochDay) const {
     const DateComponents fields{1970, 1, 1 + static_cast<int>(epochDay), {}, {}, {}};
     const auto date = Adhan::gregorianUTC().components(*Adhan::gregorianUTC().date(fields));
     const auto times = Adhan::PrayerTimes::make({home_.latitude, home_.longitude}, date,
                                                 Adhan::params(adhanMethod(home_.method)));
-    if (!times) return;
-    prayers_.insert(prayers_.end(), {{"Fajr", times->fajr},
-                                     {"Dhuhr", times->dhuhr},
-                                     {"Asr", times->asr},
-                                     {"Maghrib", times->maghrib},
-                                     {"Isha", times->isha}});
+    if (!times) return {};
+    return {{"Fajr", times->fajr},
+            {"Dhuhr", times->dhuhr},
+            {"Asr", times->asr},
+            {"Maghrib", times->maghrib},
+            {"Isha", times->isha}};
   }
 
   Home home_;
