@@ -16,6 +16,8 @@ constexpr Seconds kTickPeriod{30};
 // An update of the machine's time zones is seen within the hour.
 constexpr unsigned kTicksToNewRules = 120;
 constexpr Seconds kReopeningDelay{0.05};
+// Bars that draw the menu take about this long to close it.
+constexpr Seconds kMenuClosing{0.25};
 // How far the pointer may move between the press and the release of a click.
 constexpr double kClickReach = 8;
 // Bars report a click over D-Bus, a moment after the release.
@@ -46,7 +48,7 @@ StatusBarController::StatusBarController(Updater* updater)
   if (auto* button = statusItem_->button()) {
     button->setTitle(menuBarTitle(settings_, platform_.clock.now()));
     button->setAction([this](const StatusItemClick& click) { handleClick(click); });
-    button->setContextMenu({{"Quit Hilalor", 'q', [this] { platform_.application.terminate(); }}});
+    fillMenus(*button);
   }
   platform_.application.setReopenHandler([this] {
     if (!panel_) openCalendar(KeyboardAtOpening::taken);
@@ -59,6 +61,15 @@ StatusBarController::StatusBarController(Updater* updater)
 StatusBarController::~StatusBarController() {
   platform_.application.setReopenHandler({});
   platform_.application.setResumeHandler({});
+}
+
+void StatusBarController::fillMenus(StatusButton& button) {
+  const MenuItem quit{"Quit Hilalor", 'q', [this] { platform_.application.terminate(); }};
+  button.setContextMenu({quit});
+  button.setHostedMenu({{"Open Calendar", 'o', [this] { openCalendarFromMenu(); }},
+                        {"Settings...", 's', [this] { openSettings(); }},
+                        {},
+                        quit});
 }
 
 void StatusBarController::subscribe() {
@@ -117,6 +128,14 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
       {.onPress = [this](Point place) { closeForPress(place); },
        .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
+}
+
+void StatusBarController::openCalendarFromMenu() {
+  // The bar says that a line was chosen while it still holds mouse and keyboard for its menu.
+  reopening_ = platform_.loop.once(kMenuClosing, [this] {
+    close();
+    openCalendar(KeyboardAtOpening::taken);
+  });
 }
 
 void StatusBarController::close() {

@@ -40,6 +40,7 @@ class StatusBarController {
   };
 
   // The item and its text.
+  void fillMenus(StatusButton& button);
   void subscribe();
   void tick();
   void updateTitle();
@@ -47,6 +48,7 @@ class StatusBarController {
   // The panel.
   void handleClick(const StatusItemClick& click);
   void openCalendar(KeyboardAtOpening keyboard);
+  void openCalendarFromMenu();
   void close();
   [[nodiscard]] std::optional<Rect> itemPlace(const std::optional<Point>& pointer) const;
   [[nodiscard]] bool isPointerOnItem(const StatusItemClick& click) const;

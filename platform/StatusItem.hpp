@@ -19,9 +19,9 @@ struct StatusItemClick {
   std::optional<Point> pointer;
 };
 
-/// One line of a context menu.
+/// One line of a menu.
 struct MenuItem {
-  std::string title;
+  std::string title;          ///< Empty for a separator.
   char keyEquivalent = '\0';  ///< Chooses the line while the menu is open; none if '\0'.
   std::function<void()> action;
 };
@@ -42,6 +42,10 @@ class StatusButton {
   /// The menu that a right click opens, after the action has been told of the click. It is set
   /// beforehand because most bars open it themselves.
   virtual void setContextMenu(Menu menu) = 0;
+
+  /// What stands instead in a menu that the bar draws itself. On some bars that menu is all that a
+  /// single click, the keyboard or a touch screen reaches.
+  virtual void setHostedMenu(Menu menu) = 0;
 };
 
 /// An item in the desktop's bar, there for as long as this object lives. Main thread.

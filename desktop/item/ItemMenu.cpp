@@ -25,7 +25,11 @@ void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
   if (menu.empty()) return;
   menu_ = std::make_unique<QMenu>();
   for (const auto& line : menu) {
-    menu_->addAction(marked(line, u'&'), menu_.get(), line.action);
+    if (line.title.empty()) {
+      menu_->addSeparator();
+    } else {
+      menu_->addAction(marked(line, u'&'), menu_.get(), line.action);
+    }
   }
   menu_->popup(item ? anchor(*item, menu_->sizeHint()) : QCursor::pos());
 }

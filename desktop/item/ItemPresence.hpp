@@ -12,7 +12,8 @@ namespace Hilalor {
 struct ItemContent {
   QString title;
   std::function<void(const StatusItemClick&)> action;
-  Menu menu;
+  Menu menu;        ///< Where we open it ourselves.
+  Menu hostedMenu;  ///< Where the bar draws it.
 
   void tell(const StatusItemClick& click) const {
     // The action may replace itself or take the item away.

@@ -72,6 +72,10 @@ void LinuxStatusItem::setContextMenu(Menu menu) {
   content_.menu = std::move(menu);
 }
 
+void LinuxStatusItem::setHostedMenu(Menu menu) {
+  content_.hostedMenu = std::move(menu);
+}
+
 BarHosts LinuxStatusItem::hosts() const {
   static const bool desktopPrefers = desktopPrefersNotifier();
   const bool isThere = notifier_.state() == NotifierHost::State::present;

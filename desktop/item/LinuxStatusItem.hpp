@@ -27,6 +27,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   void setTitle(const std::string& title) override;
   void setAction(std::function<void(const StatusItemClick&)> action) override;
   void setContextMenu(Menu menu) override;
+  void setHostedMenu(Menu menu) override;
 
  private:
   [[nodiscard]] BarHosts hosts() const;

@@ -54,7 +54,7 @@ NotifierItem::NotifierItem(NotifierHost& host, const ItemContent& content,
       painter_(painter),
       pictures_(pictures),
       name_(freshName()),
-      dbusMenu_(content.menu, [this] { tell(StatusItemClick::Button::right); }) {
+      dbusMenu_(content.hostedMenu, [this] { tell(StatusItemClick::Button::right); }) {
   registerNotifierTypes();
   connection_.registerObject(kItemPath, this, kExported);
   connection_.registerObject(kMenuPath, &dbusMenu_, kExported);

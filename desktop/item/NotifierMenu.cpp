@@ -81,6 +81,7 @@ QVariantMap NotifierMenu::properties(int id) const {
   if (id == kRoot) return {{QStringLiteral("children-display"), QStringLiteral("submenu")}};
   if (!isLine(id)) return {};
   const auto& line = menu_[static_cast<std::size_t>(id - 1)];
+  if (line.title.empty()) return {{QStringLiteral("type"), QStringLiteral("separator")}};
   return {{QStringLiteral("label"), ItemMenu::marked(line, u'_')},
           {QStringLiteral("enabled"), true},
           {QStringLiteral("visible"), true}};

@@ -8,7 +8,7 @@
 
 namespace Hilalor {
 
-/// A context menu that the bar shows for us (com.canonical.dbusmenu, version 3). To be exported
+/// A menu that the bar shows for us (com.canonical.dbusmenu, version 3). To be exported
 /// with its properties, slots and signals.
 class NotifierMenu : public QObject {
   Q_OBJECT

@@ -126,13 +126,15 @@ TEST_F(StatusBarControllerTest, RunsOnWithoutAButton) {
   EXPECT_TRUE(bar().titles.empty());
 }
 
-TEST_F(StatusBarControllerTest, QuitsByItsMenu) {
+TEST_F(StatusBarControllerTest, QuitsByItsMenus) {
   start();
   ASSERT_EQ(bar().menu.size(), 1U);
-  EXPECT_EQ(bar().menu.front().title, "Quit Hilalor");
-  EXPECT_EQ(bar().menu.front().keyEquivalent, 'q');
-  bar().menu.front().action();
-  EXPECT_EQ(desktop().application.terminations, 1);
+  for (const auto& quit : {bar().menu.front(), bar().hostedMenu.back()}) {
+    EXPECT_EQ(quit.title, "Quit Hilalor");
+    EXPECT_EQ(quit.keyEquivalent, 'q');
+    quit.action();
+  }
+  EXPECT_EQ(desktop().application.terminations, 2);
 }
 
 TEST_F(StatusBarControllerTest, NothingIsDeliveredToOneThatIsGone) {

@@ -151,6 +151,25 @@ TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
 }
 
+TEST_F(StatusBarPanelTest, TheBarsOwnMenuLeadsToPanelAndSettings) {
+  desktop.statusBar.place.reset();
+  const auto& lines = desktop.statusBar.hostedMenu;
+  ASSERT_EQ(lines.size(), 4U);
+  EXPECT_EQ(lines[0].title, "Open Calendar");
+  EXPECT_EQ(lines[1].title, "Settings...");
+  for (int opening = 1; opening <= 2; ++opening) {
+    rightClick();
+    lines[0].action();
+    EXPECT_FALSE(panel()) << "the menu is still there";
+    loop().advance(Seconds(1));
+    ASSERT_TRUE(panel());
+    EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 500}})) << "where the menu was asked for";
+    EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+  }
+  lines[1].action();
+  EXPECT_TRUE(desktop.surfaces.settings);
+}
+
 TEST_F(StatusBarPanelTest, KnowsWhereTheItemHasMovedSinceTheClick) {
   click();
   desktop.statusBar.place = Rect{{560, 0}, {40, 24}};

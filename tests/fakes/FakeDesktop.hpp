@@ -37,6 +37,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
     action = std::move(newAction);
   }
   void setContextMenu(Menu newMenu) override { menu = std::move(newMenu); }
+  void setHostedMenu(Menu newMenu) override { hostedMenu = std::move(newMenu); }
 
   [[nodiscard]] const std::string& title() const { return titles.back(); }
 
@@ -45,6 +46,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
   std::vector<std::string> titles;
   std::function<void(const StatusItemClick&)> action;
   Menu menu;
+  Menu hostedMenu;
 
  private:
   struct Item final : StatusItem {

@@ -34,7 +34,7 @@ TEST(NotifierPixmap, IsArgbInNetworkByteOrderWithPlainColours) {
 
 class NotifierMenuTest : public testing::Test {
  protected:
-  const Menu menu{{"Quit Hilalor", 'q', [this] { told.emplace_back("quit"); }}};
+  const Menu menu{{"Quit Hilalor", 'q', [this] { told.emplace_back("quit"); }}, {}};
   NotifierMenu notifierMenu{menu, [this] { told.emplace_back("about to show"); }};
   std::vector<std::string> told;
 };
@@ -42,9 +42,10 @@ class NotifierMenuTest : public testing::Test {
 TEST_F(NotifierMenuTest, LaysOutItsLinesUnderTheRoot) {
   MenuNode root;
   notifierMenu.GetLayout(0, -1, {}, root);
-  ASSERT_EQ(root.children.size(), 1);
+  ASSERT_EQ(root.children.size(), 2);
   const auto line = root.children.front().variant().value<MenuNode>();
   EXPECT_EQ(line.properties.value("label").toString(), "_Quit Hilalor");
+  EXPECT_EQ(notifierMenu.GetProperty(2, "type").variant().toString(), "separator");
 
   MenuNode unknown;
   notifierMenu.GetLayout(7, -1, {}, unknown);
@@ -56,7 +57,8 @@ TEST_F(NotifierMenuTest, AClickOnALineRunsIt) {
   notifierMenu.Event(1, "hovered", {}, 0);
   notifierMenu.Event(0, "clicked", {}, 0);
   notifierMenu.Event(-1, "clicked", {}, 0);
-  EXPECT_THAT(notifierMenu.EventGroup({{2, "clicked", {}, 0}}), ElementsAre(2));
+  notifierMenu.Event(2, "clicked", {}, 0);
+  EXPECT_THAT(notifierMenu.EventGroup({{3, "clicked", {}, 0}}), ElementsAre(3));
   EXPECT_TRUE(told.empty());
 
   notifierMenu.Event(1, "clicked", {}, 0);
