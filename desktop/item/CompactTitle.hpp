@@ -10,17 +10,20 @@ struct CompactTitle {
   enum class Form {
     empty,     ///< Nothing to show.
     calendar,  ///< The calendar glyph.
-    mosque,    ///< The mosque glyph, alone or leading a text.
+    mosque,    ///< The mosque glyph.
     page,      ///< `upper` is the day of the month: a calendar's page.
-    lines,     ///< `upper` over `lower`, which may be empty.
+    lines,     ///< `upper` over `lower`, which may be empty, and `minutes` right after that.
   };
 
   Form form = Form::empty;
   QString upper;
   QString lower;
+  /// Beside hours; may stand smaller.
+  QString minutes;
 
-  /// "6 Apr" is the page 6; "Maghrib 1h 5m" is "Ma" over "1:05", "Isha 45m" is "Is" over "45m";
-  /// any other text is the first two characters of its first word.
+  /// "6 Apr" is the page 6; "Maghrib 1h 5m" is "Mag" over "1h" with "05", "Isha 45m" is "Isha" over
+  /// "45m", and their announcements are "Mag" and "Isha" over "now". From ten hours on there are no
+  /// minutes. Any other text is the beginning of its first word.
   [[nodiscard]] static CompactTitle of(const QString& title);
 
   friend bool operator==(const CompactTitle&, const CompactTitle&) = default;

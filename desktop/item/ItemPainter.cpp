@@ -7,15 +7,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/item/ItemColours.hpp"
+
 namespace Hilalor {
 namespace {
 
 using Glyph = TitleParts::Glyph;
-
-const QColor kGreen(34, 120, 70);
-const QColor kPaper(255, 255, 255);
-const QColor kPaperEdge(109, 122, 114);
-const QColor kPrint(32, 36, 34);
 
 /// A bar's text is as tall as a desktop's ordinary one, unless the bar is lower than that needs.
 constexpr double kTextPoints = 10.0;
@@ -28,7 +25,6 @@ constexpr double kLightGround = 140;
 
 constexpr int kWideHeight = 24;
 constexpr double kHaloWidth = 2.5;
-constexpr int kNarrowest = 75;  // percent
 
 QFont barFont(int barHeight) {
   QFont font = QApplication::font();
@@ -79,51 +75,6 @@ void drawPicture(QPainter& painter, const QRectF& square, const QImage& picture)
       square, picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
-QRect centredSquare(const QRect& rect) {
-  const int side = std::min(rect.width(), rect.height());
-  return {rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2, side, side};
-}
-
-int part(const QRect& square, double share) {
-  return static_cast<int>(std::lround(square.width() * share));
-}
-
-/// The largest font at which the text's capitals and figures fill the box; narrowed a little rather
-/// than made smaller.
-QFont fittingFont(const QString& text, const QRectF& box) {
-  QFont font = QApplication::font();
-  font.setWeight(QFont::Bold);
-  for (int pixels = static_cast<int>(box.height() * 1.5); pixels > 5; --pixels) {
-    font.setPixelSize(pixels);
-    for (const int stretch : {100, 87, kNarrowest}) {
-      font.setStretch(stretch);
-      const QFontMetricsF metrics(font);
-      if (metrics.capHeight() <= box.height() + 0.5 &&
-          metrics.tightBoundingRect(text).width() <= box.width()) {
-        return font;
-      }
-    }
-  }
-  return font;
-}
-
-/// Draws the text with its capitals in the middle of the box.
-void drawFitting(QPainter& painter, const QRectF& box, const QString& text) {
-  const QFont font = fittingFont(text, box);
-  const QFontMetricsF metrics(font);
-  const QRectF letters = metrics.tightBoundingRect(text);
-  const double x = box.center().x() - letters.center().x();
-  const double y = box.center().y() + metrics.capHeight() / 2;
-  painter.setFont(font);
-  painter.drawText(QPointF(std::round(x), std::round(y)), text);
-}
-
-QImage transparentImage(int width, int height) {
-  QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  return image;
-}
-
 }  // namespace
 
 double lightness(const QColor& colour) {
@@ -161,79 +112,26 @@ void ItemPainter::drawTitle(QPainter& painter, const QRect& rect, const QString&
 }
 
 void ItemPainter::drawCompact(QPainter& painter, const QRect& rect, const QString& title) const {
-  const auto compact = CompactTitle::of(title);
-  const QRect square = centredSquare(rect);
-  painter.setRenderHint(QPainter::Antialiasing);
-  switch (compact.form) {
-    case CompactTitle::Form::empty:
-      return;
-    case CompactTitle::Form::calendar:
-      drawPicture(painter, square, pictures_.picture(Glyph::calendar));
-      return;
-    case CompactTitle::Form::mosque:
-      drawPicture(painter, square, pictures_.picture(Glyph::mosque));
-      return;
-    case CompactTitle::Form::page:
-      drawPage(painter, square, compact.upper);
-      return;
-    case CompactTitle::Form::lines:
-      drawLines(painter, square, compact);
-      return;
-  }
-}
-
-void ItemPainter::drawPage(QPainter& painter, const QRect& square, const QString& day) const {
-  const int side = part(square, 0.04);
-  const QRect page = square.adjusted(side, part(square, 0.04), -side, -part(square, 0.04));
-  const double radius = square.width() * 0.14;
-  const int band = part(square, 0.27);
-  QPainterPath outline;
-  outline.addRoundedRect(QRectF(page).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  painter.fillPath(outline, kPaper);
-  painter.save();
-  painter.setClipPath(outline);
-  painter.fillRect(QRect(page.x(), page.y(), page.width(), band), kGreen);
-  painter.restore();
-  painter.strokePath(outline, QPen(kPaperEdge, std::max(1.0, square.width() / 32.0)));
-
-  painter.setPen(kPrint);
-  const QRect body(page.x(), page.y() + band, page.width(), page.height() - band);
-  const int air = std::max(2, part(square, 0.09));
-  drawFitting(painter, QRectF(body).adjusted(air, air, -air, -air), day);
-}
-
-void ItemPainter::drawLines(QPainter& painter, const QRect& square,
-                            const CompactTitle& compact) const {
-  const double radius = square.width() * 0.2;
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(kGreen);
-  painter.drawRoundedRect(square, radius, radius);
-
-  painter.setPen(kPaper);
-  const double air = std::max(1.0, square.width() * 0.05);
-  const QRectF inside = QRectF(square).adjusted(air, 2 * air, -air, -2 * air);
-  if (compact.lower.isEmpty()) {
-    drawFitting(painter, inside, compact.upper);
-    return;
-  }
-  const double line = (inside.height() - 1.5 * air) / 2;
-  QRectF box(inside.x(), inside.y(), inside.width(), line);
-  drawFitting(painter, box, compact.upper);
-  box.moveBottom(inside.bottom());
-  drawFitting(painter, box, compact.lower);
+  // Small letters need whole pixels of the screen, of which the painter's may be fractions.
+  const QTransform toScreen = painter.deviceTransform();
+  const QRectF screenRect = toScreen.mapRect(QRectF(rect));
+  const int side = static_cast<int>(std::min(screenRect.width(), screenRect.height()));
+  if (side <= 0) return;
+  const double left = std::floor(screenRect.center().x() - side / 2.0);
+  const double top = std::floor(screenRect.center().y() - side / 2.0);
+  const QRectF square(left, top, side, side);
+  painter.drawImage(toScreen.inverted().mapRect(square), compactPicture(title, side));
 }
 
 QImage ItemPainter::compactPicture(const QString& title, int side) const {
-  QImage image = transparentImage(side, side);
-  QPainter painter(&image);
-  drawCompact(painter, image.rect(), title);
-  return image;
+  return squares_.picture(CompactTitle::of(title), side);
 }
 
 QImage ItemPainter::widePicture(const QString& title, int scale) const {
   if (TitleParts::of(title).text.isEmpty()) return compactPicture(title, kWideHeight * scale);
   const QRect rect(0, 0, naturalWidth(title, kWideHeight) + kWideHeight / 4, kWideHeight);
-  QImage image = transparentImage(rect.width() * scale, rect.height() * scale);
+  QImage image(rect.size() * scale, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
   QPainter painter(&image);
   painter.scale(scale, scale);
   painter.setRenderHint(QPainter::Antialiasing);

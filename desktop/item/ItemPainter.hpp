@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "desktop/item/GlyphPictures.hpp"
+#include "desktop/item/SquarePainter.hpp"
 
 class QPainter;
 
@@ -35,7 +36,7 @@ struct Ink {
 class ItemPainter {
  public:
   /// The pictures must outlive the painter.
-  explicit ItemPainter(GlyphPictures& pictures) : pictures_(pictures) {}
+  explicit ItemPainter(GlyphPictures& pictures) : pictures_(pictures), squares_(pictures) {}
 
   /// What the whole title takes on a bar of that height, with a little air at both ends.
   [[nodiscard]] int naturalWidth(const QString& title, int barHeight) const;
@@ -54,10 +55,8 @@ class ItemPainter {
   [[nodiscard]] QImage widePicture(const QString& title, int scale) const;
 
  private:
-  void drawPage(QPainter& painter, const QRect& square, const QString& day) const;
-  void drawLines(QPainter& painter, const QRect& square, const CompactTitle& compact) const;
-
   GlyphPictures& pictures_;
+  SquarePainter squares_;
 };
 
 }  // namespace Hilalor

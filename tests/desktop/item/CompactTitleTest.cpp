@@ -9,7 +9,7 @@ namespace Hilalor {
 
 static std::ostream& operator<<(std::ostream& out, const CompactTitle& compact) {
   return out << static_cast<int>(compact.form) << " \"" << compact.upper.toStdString() << "\" \""
-             << compact.lower.toStdString() << '"';
+             << compact.lower.toStdString() << "\" \"" << compact.minutes.toStdString() << '"';
 }
 
 namespace {
@@ -21,24 +21,23 @@ TEST(CompactTitle, KeepsWhatMattersOfEveryTitle) {
     const char* title;
     CompactTitle expected;
   } cases[] = {
-      {"Maghrib 1h 5m", {Form::lines, "Ma", "1:05"}},
-      {"Fajr 12h 45m", {Form::lines, "Fa", "12:45"}},
-      {"Fajr 1h 0m", {Form::lines, "Fa", "1:00"}},
-      {"Isha 45m", {Form::lines, "Is", "45m"}},
-      {"Isha 0m", {Form::lines, "Is", "0m"}},
-      {"6 Apr", {Form::page, "6", ""}},
-      {"29 Rab. II", {Form::page, "29", ""}},
-      {"10 Dhuʻl-Q.", {Form::page, "10", ""}},
-      {"\U0001F4C5", {Form::calendar, "", ""}},
-      {"\U0001F54C", {Form::mosque, "", ""}},
-      {"\U0001F54C ", {Form::mosque, "", ""}},
-      {"\U0001F54C Maghrib Athan", {Form::mosque, "", ""}},
-      {"", {Form::empty, "", ""}},
-      {"  ", {Form::empty, "", ""}},
-      {"Hilalor", {Form::lines, "Hi", ""}},
-      {"1h 5m", {Form::lines, "1h", "5m"}},
-      {"45m", {Form::lines, "45", ""}},
-      {"123 Apr", {Form::lines, "12", ""}},
+      {"Maghrib 1h 5m", {Form::lines, "Mag", "1h", "05"}},
+      {"Fajr 1h 0m", {Form::lines, "Fajr", "1h", "00"}},
+      {"Dhuhr 9h 59m", {Form::lines, "Dhu", "9h", "59"}},
+      {"Fajr 10h 0m", {Form::lines, "Fajr", "10h", ""}},
+      {"Isha 45m", {Form::lines, "Isha", "45m", ""}},
+      {"Asr 0m", {Form::lines, "Asr", "0m", ""}},
+      {"\U0001F54C Maghrib Athan", {Form::lines, "Mag", "now", ""}},
+      {"\U0001F54C Asr Athan", {Form::lines, "Asr", "now", ""}},
+      {"\U0001F54C", {Form::mosque, "", "", ""}},
+      {"\U0001F54C ", {Form::mosque, "", "", ""}},
+      {"6 Apr", {Form::page, "6", "", ""}},
+      {"29 Rab. II", {Form::page, "29", "", ""}},
+      {"10 Dhuʻl-Q.", {Form::page, "10", "", ""}},
+      {"\U0001F4C5", {Form::calendar, "", "", ""}},
+      {"  ", {Form::empty, "", "", ""}},
+      {"Hilalor", {Form::lines, "Hil", "", ""}},
+      {"123 Apr", {Form::lines, "123", "", ""}},
   };
   for (const auto& [title, expected] : cases) {
     SCOPED_TRACE(title);

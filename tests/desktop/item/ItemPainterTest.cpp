@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/item/ItemMenu.hpp"
+#include "desktop/item/PixelLetters.hpp"
 
 namespace Hilalor {
 namespace {
@@ -61,6 +62,29 @@ TEST_F(ItemPainterTest, EveryTitleHasASquareOfItsOwn) {
       squares.append(square);
     }
   }
+}
+
+TEST_F(ItemPainterTest, SmallLettersFitAndKeepTheirPixelsOnEveryScreen) {
+  for (const QString title : {"Fajr", "Dhuhr", "Asr", "Maghrib", "Isha"}) {
+    for (const QString left : {" 48m", " 59m", " 3h 26m", " 10h 7m"}) {
+      SCOPED_TRACE((title + left).toStdString());
+      const auto [form, upper, lower, minutes] = CompactTitle::of(title + left);
+      EXPECT_LE(PixelLetters::light().width(upper), 16);
+      EXPECT_LE(PixelLetters::light().width(lower + minutes), 16);
+      EXPECT_LE(PixelLetters::bold().width(upper), 22);
+      EXPECT_LE(PixelLetters::bold().width(lower) + PixelLetters::raised().width(minutes), 21);
+      EXPECT_TRUE(PixelLetters::light().has(upper + lower + minutes + "now"));
+      EXPECT_TRUE(PixelLetters::bold().has(upper + lower + "now"));
+    }
+  }
+  QImage dense(60, 40, QImage::Format_ARGB32_Premultiplied);
+  dense.setDevicePixelRatio(1.5);
+  dense.fill(Qt::transparent);
+  QPainter onDense(&dense);
+  painter.drawCompact(onDense, QRect(3, 3, 15, 15), "Asr 45m");
+  onDense.end();
+  EXPECT_EQ(dense.copy(4, 4, 22, 22).convertToFormat(QImage::Format_ARGB32),
+            painter.compactPicture("Asr 45m", 22).convertToFormat(QImage::Format_ARGB32));
 }
 
 TEST_F(ItemPainterTest, AWidePictureIsAsWideAsItsTextAndTheSameAtEveryScale) {

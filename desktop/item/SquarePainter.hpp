@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+
+#include "desktop/item/CompactTitle.hpp"
+#include "desktop/item/GlyphPictures.hpp"
+
+class QPainter;
+
+namespace Hilalor {
+
+/// Draws what a square can say of the title, readable on any bar.
+class SquarePainter {
+ public:
+  /// The pictures must outlive the painter.
+  explicit SquarePainter(GlyphPictures& pictures) : pictures_(pictures) {}
+
+  /// A picture of `side` by `side` of the screen's own pixels, its ground transparent.
+  [[nodiscard]] QImage picture(const CompactTitle& title, int side) const;
+
+ private:
+  GlyphPictures& pictures_;
+};
+
+}  // namespace Hilalor
