@@ -10,13 +10,15 @@
 
 namespace Hilalor {
 
-struct CalendarEngine;
+class CalendarEngine;
 
 enum class CalendarIdentifier { gregorian, islamicUmmAlQura };
 
 enum class CalendarUnit { day, month, year };
 
 /// A calendar in a time zone: turns instants into fields and back.
+///
+/// Umm al-Qura months of 1451 to 1500 AH are those published, all others those of ICU's table.
 ///
 /// Without a zone of its own a calendar works in the machine's current zone, asked anew at every
 /// call. A value; copies are independent. Main thread.
@@ -78,7 +80,8 @@ class Calendar {
 
  private:
   Calendar(CalendarIdentifier identifier, std::optional<TimeZone> zone, Region region);
-  [[nodiscard]] CalendarEngine& engine() const;
+  // Null when ICU's data are missing.
+  [[nodiscard]] CalendarEngine* engine() const;
 
   CalendarIdentifier identifier_;
   std::optional<TimeZone> zone_;

@@ -22,6 +22,8 @@ class DateFormatter {
   /// Gregorian, in the machine's current zone. The pattern is one of Unicode's TR 35: "d MMM" gives
   /// "6 Apr", "yyyy-MM-dd HH:mm" gives "2026-11-16 05:12".
   explicit DateFormatter(std::string_view pattern);
+  /// In a Hijri calendar numbers of weeks and of days of the year (w, W, F, D) can be off by one
+  /// after 1450 AH.
   DateFormatter(std::string_view pattern, const Calendar& calendar);
 
   /// The long date style, "March 15, 2025": Gregorian, in the machine's current zone.

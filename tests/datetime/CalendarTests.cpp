@@ -90,6 +90,8 @@ TEST(Calendar, AddsUnitsAndStopsAtTheEndOfAShorterMonth) {
       {hijri, CalendarUnit::month, -1, fields(1447, 1, 29), fields(1446, 12, 29)},
       {hijri, CalendarUnit::year, 1, fields(1446, 9, 15), fields(1447, 9, 15)},
       {hijri, CalendarUnit::month, 1, fields(1445, 6, 30), fields(1445, 7, 29)},
+      {hijri, CalendarUnit::month, -2, fields(1451, 2, 30), fields(1450, 12, 29)},
+      {hijri, CalendarUnit::year, 50, fields(1450, 12, 29), fields(1500, 12, 29)},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.from);

@@ -4,6 +4,10 @@
 
 #include <memory>
 
+#include "datetime/Calendar.hpp"
+#include "datetime/DateFormatter.hpp"
+#include "tests/datetime/Instants.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -15,28 +19,54 @@ std::unique_ptr<icu::Calendar> libraryCalendar() {
       *icu::TimeZone::getGMT(), icu::Locale("en_US@calendar=islamic-umalqura"), status));
 }
 
-TEST(UmmAlQuraMonth, AgreesWithTheFieldsThatTheLibraryFinds) {
+TEST(UmmAlQura, AgreesWithTheLibraryWhereNoMonthsArePublished) {
   const auto calendar = libraryCalendar();
   const auto oracle = libraryCalendar();
-  // From 1302 to 1599 AH, at days that fall on all places of a month.
-  for (std::int64_t day = -31'000; day < 74'400; day += 5) {
+  UmmAlQura months(*calendar);
+  // From 1254 to 1641 AH, past both ends of the library's table, at all places of a month.
+  for (std::int64_t day = -46'998; day < 90'000; day += 4) {
+    if (day >= 21683 && day < 39402) continue;  // 14 May 2029 to 16 November 2077
     UErrorCode status = U_ZERO_ERROR;
     oracle->setTime(static_cast<double>(day) * kMillisecondsPerDay, status);
-    const auto month = ummAlQuraMonth(*calendar, day);
+    const auto month = months.monthOf(day);
     ASSERT_TRUE(month) << day;
     ASSERT_EQ(month->year, oracle->get(UCAL_EXTENDED_YEAR, status)) << day;
     ASSERT_EQ(month->month, oracle->get(UCAL_MONTH, status) + 1) << day;
     ASSERT_EQ(day - month->firstDay + 1, oracle->get(UCAL_DATE, status)) << day;
-    if (day % 25 != 0) continue;
+    ASSERT_EQ(months.ordinalDay(day), oracle->get(UCAL_DAY_OF_YEAR, status)) << day;
+    if (day % 20 != 0) continue;
     ASSERT_EQ(month->length, oracle->getActualMaximum(UCAL_DATE, status)) << day;
   }
 }
 
-TEST(UmmAlQuraMonth, EndsWithTheTable) {
-  const auto calendar = libraryCalendar();
-  const std::int64_t days[] = {-1'000'000'000'000, -40'000, -31'827, 74'839, 1'000'000'000'000};
-  for (const auto day : days)
-    EXPECT_FALSE(ummAlQuraMonth(*calendar, day)) << day;
+// The table itself is held by the expected values.
+TEST(UmmAlQura, CountsEveryDayOnceFromBeforeThePublishedYearsToAfterThem) {
+  const Calendar hijri(CalendarIdentifier::islamicUmmAlQura, TimeZone::named("UTC").value());
+  const DateFormatter formatter("yyyy-M-d, EEE 'd' dd", hijri);
+  const DateFormatter weekday(", EEE 'd' ",
+                              Calendar(CalendarIdentifier::gregorian, hijri.timeZone()));
+  int day = 0;
+  int month = 12;
+  int year = 1449;
+  for (auto date = utc(2028, 5, 25, 12); date < utc(2078, 11, 6); date = date + Seconds(86400)) {
+    const auto fields = hijri.components(date);
+    if (fields.day == 1) {
+      ASSERT_TRUE(day == 29 || day == 30 || day == 0) << fields;
+      year += month / 12;
+      month = month % 12 + 1;
+      day = 0;
+    }
+    ++day;
+    ASSERT_EQ(fields, (DateComponents{year, month, day, 12, 0, 0})) << date;
+    ASSERT_EQ(hijri.date(fields), date);
+    ASSERT_EQ(hijri.adding(CalendarUnit::day, 1, date), date + Seconds(86400));
+    ASSERT_GE(hijri.daysInMonth(date), day);
+    const auto figures = std::to_string(day);
+    ASSERT_EQ(formatter.string(date), std::to_string(year) + '-' + std::to_string(month) + '-' +
+                                          figures + weekday.string(date) + (day < 10 ? "0" : "") +
+                                          figures);
+  }
+  EXPECT_EQ(year, 1501);
 }
 
 }  // namespace

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace Hilalor {
+
+/// The months of the Umm al-Qura calendar as published for the years 1451 to 1500 AH (2029 to
+/// 2077). Days count from 1970-01-01. docs/CREDITS.md says where the table comes from.
+inline constexpr int kFirstPublishedYear = 1451;
+inline constexpr std::int64_t kFirstPublishedDay = 21683;  ///< 14 May 2029, 1 Muharram 1451.
+
+/// A number a year, its first month in the highest of twelve bits: 1 for 30 days, 0 for 29.
+inline constexpr std::array<std::uint16_t, 50> kPublishedYears{
+    0xD2A, 0xE95, 0x72A, 0x755, 0x35A, 0x95D, 0x49B, 0xA4D, 0xD26, 0xD53,  // 1451
+    0x5AA, 0xAAD, 0x4B6, 0xA57, 0x527, 0xA95, 0xB4A, 0xB55, 0x36C, 0x9AE,  // 1461
+    0x4B6, 0xA96, 0xB4A, 0xDA5, 0x5D2, 0x5D9, 0x2DC, 0x96D, 0x4AD, 0x655,  // 1471
+    0x6D2, 0xB69, 0x374, 0x9B6, 0x4D7, 0x2AB, 0x54B, 0x6A5, 0x752, 0xB69,  // 1481
+    0x56B, 0x2AD, 0x94D, 0xC95, 0xD4A, 0xEA5, 0x6CA, 0xAD5, 0x556, 0xC97,  // 1491
+};
+
+}  // namespace Hilalor
