@@ -19,10 +19,11 @@ class Program:
         self.session = session
         self.executable = executable
         self.process = None
+        self.environment = {}  # Beside the session's.
 
     def start(self, **settings):
         self.store(**settings)
-        self.process = self.session.start(self.executable)
+        self.process = self.session.start(self.executable, **self.environment)
 
     def end(self):
         """As the end of a session does."""

@@ -47,14 +47,41 @@ class Picture:
 
     def difference(self, other):
         """The smallest rectangle outside which both are alike; none where all is."""
-        places = [i // 3 for i in range(0, len(self.pixels), 3)
-                  if self.pixels[i:i + 3] != other.pixels[i:i + 3]]
-        if not places:
+        return self._around(self._changes(other))
+
+    def new_ground(self, other):
+        """The smallest rectangle around the colour that most of what differs has in this."""
+        places = list(self._changes(other))
+        colours = collections.Counter(self.pixels[3 * place:3 * place + 3] for place in places)
+        ground = max(colours, key=colours.get, default=None)
+        return self._around(place for place in places
+                            if self.pixels[3 * place:3 * place + 3] == ground)
+
+    def part(self, rect):
+        """A picture of a part of it."""
+        begin = 3 * (rect.x - self.rect.x)
+        rows = (3 * self.rect.width * (rect.y - self.rect.y + row) + begin
+                for row in range(rect.height))
+        return Picture(rect, b"".join(self.pixels[row:row + 3 * rect.width] for row in rows))
+
+    def _changes(self, other):
+        """The places of the pixels that differ, counted row by row."""
+        width = self.rect.width
+        for begin in range(0, len(self.pixels) // 3, width):
+            rows = slice(3 * begin, 3 * (begin + width))
+            if self.pixels[rows] != other.pixels[rows]:
+                yield from (place for place in range(begin, begin + width)
+                            if self.pixels[3 * place:3 * place + 3] !=
+                            other.pixels[3 * place:3 * place + 3])
+
+    def _around(self, places):
+        rows_and_columns = [divmod(place, self.rect.width) for place in places]
+        if not rows_and_columns:
             return None
-        columns = [place % self.rect.width for place in places]
-        left, right = min(columns), max(columns)
-        top, bottom = places[0] // self.rect.width, places[-1] // self.rect.width
-        return Rect(self.rect.x + left, self.rect.y + top, right - left + 1, bottom - top + 1)
+        rows, columns = zip(*rows_and_columns)
+        left, top = min(columns), min(rows)
+        return Rect(self.rect.x + left, self.rect.y + top, max(columns) - left + 1,
+                    max(rows) - top + 1)
 
 
 def lightness(colour):
@@ -113,6 +140,6 @@ class Screen:
     def point(self, place):
         self.session.ask("xdotool", "mousemove", str(place[0]), str(place[1]))
 
-    def click(self, place, button=1):
+    def click(self, place, button=1, clicks=1):
         self.point(place)
-        self.session.ask("xdotool", "click", str(button))
+        self.session.ask("xdotool", "click", "--repeat", str(clicks), "--delay", "60", str(button))

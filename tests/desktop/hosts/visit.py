@@ -1,0 +1,283 @@
+"""One desktop visited: each step by hand and keyboard, and judged by what is on the screen."""
+
+import os
+import sqlite3
+import time
+
+from announcement.announcements import place_of_noon, the_minute_of_the_first_tick
+from session.panel import WIDTH, cell
+from session.program import Program
+from session.screen import Rect, Screen, centre
+from session.session import wait_until
+
+LEAST_CONTRAST = 90
+PATIENCE = 12
+RIGHT_BUTTON = 3
+SETTINGS_WIDTH = 380
+ITEM_STYLE = (80, 100)  # In the settings window.
+LONGER_THAN_A_DOUBLE_CLICK = 0.6
+NOTHING = Rect(0, 0, 0, 0)
+
+
+class Visit:
+    def __init__(self, name, host, session, build, pictures):
+        self.name, self.host, self.session = name, host, session
+        self.build, self.pictures = build, pictures
+        self.screen = Screen(session)
+        self.program = Program(session, os.path.join(build, "app", "hilalor"))
+        self.bar = self.without_item = self.item = None
+        # Where windows come, apart from the bar with its clock.
+        above = host.bar.y > 0
+        begin, end = (0, host.bar.y) if above else (host.bar.height, self.screen.rect.height)
+        self.stage = Rect(0, begin, self.screen.rect.width, end - begin - host.below)
+
+    # The desktop.
+
+    def start(self):
+        host, session = self.host, self.session
+        # Shells want a system's bus too.
+        session.environment.update(
+            host.environment,
+            DBUS_SYSTEM_BUS_ADDRESS=session.environment["DBUS_SESSION_BUS_ADDRESS"])
+        for name, text in host.files.items():
+            file = os.path.join(session.environment["XDG_CONFIG_HOME"], name)
+            os.makedirs(os.path.dirname(file), exist_ok=True)
+            with open(file, "w", encoding="utf-8") as config:
+                config.write(text() if callable(text) else text)
+        if host.compositor:
+            session.start(*host.compositor)
+            self.program.environment = wait_until(lambda: host.inner(session), "it is up", 60)
+            if not host.has_x:
+                self.program.environment["DISPLAY"] = ""
+        for program in host.programs:
+            bare = self.rested()
+            self.bar = self.start_one(program)
+        if self.host.has_bar:
+            wait_until(lambda: self.picture_of_bar().difference(bare.part(host.bar)), "a bar", 40)
+        self.without_item = self.rested().part(host.bar)
+        self.save("empty")
+
+    def start_one(self, program, **environment):
+        return self.session.start(*program.split(), **self.program.environment, **environment)
+
+    def rested(self):
+        """The screen once nothing has moved on it for a while."""
+        picture, since = self.screen.picture(), time.monotonic()
+        while time.monotonic() - since < self.host.rest:
+            now = self.screen.picture()
+            if now.pixels != picture.pixels:
+                picture, since = now, time.monotonic()
+        return picture
+
+    def save(self, what):
+        self.screen.save(os.path.join(self.pictures, f"{self.name}-{what}.png"))
+
+    # The item.
+
+    def start_item(self, **settings):
+        """Starts the program anew; where its item is to be seen."""
+        if self.program.process and self.program.process.poll() is None:
+            self.program.end()
+        if self.host.moves_others and self.item is None:
+            self.without_item = self.with_another_item()
+        self.program.start(menuBarStyle="nextPrayer", **settings)
+        return self.find_item()
+
+    def with_another_item(self):
+        """The bar with the same square and something else in it."""
+        self.program.start(menuBarStyle="date")
+        self.wait(lambda: self.picture_of_bar().difference(self.without_item), "an item is there")
+        picture = self.rested().part(self.host.bar)
+        self.program.end()
+        return picture
+
+    def picture(self):
+        return self.screen.picture(self.stage)
+
+    def picture_of_bar(self):
+        return self.screen.picture(self.host.bar)
+
+    def find_item(self):
+        def item():
+            place = self.screen.settled_picture(self.host.bar).difference(self.without_item)
+            is_square = place and place.width <= 1.5 * self.host.bar.height
+            return place if place and is_square == (self.host.shape == "square") else None
+
+        place = self.wait(item, f"the item is there ({self.host.shape})")
+        self.wait(lambda: self.screen.picture(place).contrast() > LEAST_CONTRAST, "it can be read")
+        return place
+
+    # The windows, as the eye finds them.
+
+    def wait(self, condition, what):
+        return wait_until(condition, what, PATIENCE)
+
+    def new_frame(self, before, width=None):
+        """Around the ground of what is new on the screen; none where it has another width."""
+        frame = self.picture().new_ground(before)
+        return frame if frame and (width is None or abs(frame.width - width) <= 2) else None
+
+    def click_item(self, button=1, clicks=1):
+        assert self.item, "there is no item"
+        self.screen.click(centre(self.item), button, clicks)
+
+    def open(self):
+        """The panel's frame, and the screen before it."""
+        before = self.closed_screen()
+        self.click_item(clicks=self.host.clicks)
+        frame = self.wait(lambda: self.new_frame(before, WIDTH), "the panel is there")
+        self.screen.settled_picture(frame)
+        return frame, before
+
+    def closed_screen(self):
+        self.screen.point((self.screen.rect.width // 2, 120))
+        return self.screen.settled_picture(self.stage)
+
+    def wait_for_closed(self, before):
+        self.wait(lambda: not self.new_frame(before, WIDTH), "the panel is closed")
+
+    def press(self, *keys):
+        self.session.ask("xdotool", "key", *keys)
+
+    # The steps, in their order.
+
+    def shows_item(self):
+        self.item = self.start_item()
+
+    def opens_by_click(self):
+        frame, before = self.open()
+        across = centre(self.item)[0]
+        bar = self.item
+        gap = max(frame.y - bar.y - bar.height, bar.y - frame.y - frame.height)
+        assert frame.x <= across <= frame.x + frame.width and -2 <= gap < 20, \
+            f"the panel at {frame} is not at the item at {bar}"
+        self.save("panel")
+        time.sleep(LONGER_THAN_A_DOUBLE_CLICK)
+        self.click_item(clicks=self.host.clicks)
+        self.wait_for_closed(before)
+
+    def closes_elsewhere(self):
+        for place in (centre(self.screen.rect), (150, 700)):
+            _, before = self.open()
+            self.screen.click(place)
+            self.wait_for_closed(before)
+
+    def closes_by_escape(self):
+        _, before = self.open()
+        self.press("Escape")
+        self.wait_for_closed(before)
+
+    def keeps_note(self):
+        frame, before = self.open()
+        with_panel = self.picture()
+        across, down = cell(1, 3)
+        self.screen.click((frame.x + across, frame.y + down), clicks=2)
+        note = self.wait(lambda: self.new_frame(with_panel), "the note is there")
+        empty_note = self.screen.settled_picture(note)
+        self.session.ask("xdotool", "type", "--delay", "30", "call home")
+        self.wait(lambda: "call home" in self.stored(), "the note is stored")
+        typed = self.screen.picture(note).difference(empty_note)
+        assert typed and typed.width > 30, "the typed text is not to be seen"
+        self.save("note")
+        self.press("Escape")
+        self.wait(lambda: (self.screen.picture(note).new_ground(with_panel.part(note)) or NOTHING)
+                  .width < note.width // 2, "the note is closed")
+        self.press("Escape")
+        self.wait_for_closed(before)
+
+    def stored(self):
+        file = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "hilalor",
+                            "defaults.sqlite")
+        store = sqlite3.connect(f"file:{file}?mode=ro", uri=True)
+        text = "\n".join(store.iterdump())
+        store.close()
+        return text
+
+    def changes_style(self):
+        frame, _ = self.open()
+        with_panel = self.picture()
+        self.screen.click((frame.x + frame.width - 21, frame.y + frame.height - 19))
+        self.wait(lambda: (self.new_frame(with_panel) or NOTHING).width >= SETTINGS_WIDTH // 2,
+                  "the settings are there")
+        self.rested()
+        window = self.new_frame(with_panel)
+        self.save("settings")
+        with_item = self.picture_of_bar()
+        # Where windows are tiles, what is in it stands in its middle.
+        left = centre(window)[0] - SETTINGS_WIDTH // 2
+        self.screen.click((left + ITEM_STYLE[0], window.y + ITEM_STYLE[1]))
+        time.sleep(LONGER_THAN_A_DOUBLE_CLICK)
+        self.press("Down", "Return")
+        self.wait(lambda: self.picture_of_bar().difference(with_item), "the item changes")
+        self.save("style")
+        self.item = self.start_item()
+
+    def restart(self, **environment):
+        self.session.end(self.bar)
+        gone = self.rested().part(self.host.bar)
+        self.bar = self.start_one(self.host.programs[-1], **environment)
+        wait_until(lambda: self.picture_of_bar().difference(gone), "a bar", 40)
+        self.rested()
+
+    def survives_restart(self):
+        self.restart()
+        self.item = self.find_item()
+        self.save("restarted")
+        _, before = self.open()
+        self.press("Escape")
+        self.wait_for_closed(before)
+
+    def can_be_read_on_other_shade(self):
+        was_dark = self.picture_of_bar().is_dark()
+        if self.host.other_shade:
+            self.session.ask("sh", "-c", self.host.other_shade)
+        elif self.host.dark:
+            self.restart(**self.host.dark)
+        else:
+            return "only " + ("dark" if was_dark else "light")
+        self.wait(lambda: self.picture_of_bar().is_dark() != was_dark, "the bar changes")
+        self.wait(lambda: self.screen.picture(self.item).contrast() > LEAST_CONTRAST,
+                  "the item can be read")
+        self.save("shade")
+        return "light and dark"
+
+    def quits_by_menu(self):
+        before = self.closed_screen()
+        self.click_item(RIGHT_BUTTON)
+        self.wait(lambda: self.new_frame(before), "the menu is there")
+        self.screen.settled_picture()
+        menu = self.new_frame(before)
+        self.save("menu")
+        self.screen.click((centre(menu)[0], menu.y + menu.height - 12))
+        assert self.program.status() == 0, "the program ends well"
+
+    def shows_banner(self):
+        # The bar may have another shade than it had at first.
+        if self.program.process.poll() is None:
+            self.program.end()
+        self.without_item, self.item = self.rested().part(self.host.bar), None
+        place = place_of_noon(self.build, the_minute_of_the_first_tick())
+        self.item = self.start_item(prayerNotificationsEnabled=True, **place)
+        frame, _ = self.open()
+        with_panel = self.picture()
+
+        def banner():
+            new = self.new_frame(with_panel)
+            return new and new.width > 100 and new.height > 30 and not is_within(new, frame)
+
+        wait_until(banner, "the banner is there", 50)
+        self.rested()
+        self.save("banner")
+
+
+def is_within(one, other):
+    return (other.x <= one.x and one.x + one.width <= other.x + other.width
+            and other.y <= one.y and one.y + one.height <= other.y + other.height)
+
+
+STEPS = {
+    "item": Visit.shows_item, "open": Visit.opens_by_click, "elsewhere": Visit.closes_elsewhere,
+    "escape": Visit.closes_by_escape, "note": Visit.keeps_note, "style": Visit.changes_style,
+    "restart": Visit.survives_restart, "shade": Visit.can_be_read_on_other_shade,
+    "quit": Visit.quits_by_menu, "banner": Visit.shows_banner,
+}
