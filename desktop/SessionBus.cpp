@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <chrono>
+#include <utility>
 
 namespace Hilalor {
 namespace {
@@ -39,6 +40,16 @@ void SessionBus::connectInBackground() {
     }
     return [bus, connection] {
       if (bus) bus->use(connection);
+    };
+  });
+}
+
+void SessionBus::openAnother(std::function<void(const QDBusConnection&)> told) {
+  const QString name = connectionName(++attempts_);
+  loop_.inBackground([name, told = std::move(told)]() -> RunLoop::Task {
+    const auto connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+    return [connection, told] {
+      if (connection.isConnected()) told(connection);
     };
   });
 }

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -26,6 +27,11 @@ class SessionBus : public QObject {
 
   /// None while there is no bus.
   [[nodiscard]] const std::optional<QDBusConnection>& connection() const { return connection_; }
+
+  /// Opens one more connection to the bus, for what must be able to leave the bus by itself. Told
+  /// on the main thread, unless there is no bus. Who is told closes it
+  /// (QDBusConnection::disconnectFromBus).
+  void openAnother(std::function<void(const QDBusConnection&)> told);
 
   /// Whether the first attempt to connect has ended, well or not.
   [[nodiscard]] bool isSettled() const { return isSettled_; }

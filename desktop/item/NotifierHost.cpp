@@ -5,6 +5,8 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFile>
+#include <QRegularExpression>
+#include <QStringList>
 #include <functional>
 #include <utility>
 
@@ -22,10 +24,24 @@ QDBusMessage busCall(const QString& method, const QString& argument) {
   return call;
 }
 
+QDBusMessage propertyCall(const char* property) {
+  auto call = QDBusMessage::createMethodCall(
+      kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  call << kService << QLatin1String(property);
+  return call;
+}
+
 QString processName(uint process) {
   QFile file(QStringLiteral("/proc/%1/comm").arg(process));
   if (!file.open(QIODevice::ReadOnly)) return {};
   return QString::fromUtf8(file.readAll()).trimmed();
+}
+
+/// Whether one of a bar's items is of the connection. Bars put the path behind its name, each with
+/// a sign of its own between.
+bool names(const QStringList& items, const QString& connection) {
+  const QRegularExpression name(QRegularExpression::escape(connection) + QStringLiteral("(?!\\d)"));
+  return !items.filter(name).isEmpty();
 }
 
 /// Calls back with the reply, good or bad, unless the receiver has gone.
@@ -82,9 +98,7 @@ void NotifierHost::find(const QString& owner) {
 
 void NotifierHost::askIfItShows() {
   if (!bus_.connection()) return;
-  auto call = QDBusMessage::createMethodCall(
-      kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  call << kService << QStringLiteral("IsStatusNotifierHostRegistered");
+  const auto call = propertyCall("IsStatusNotifierHostRegistered");
   whenAnswered(bus_.connection()->asyncCall(call), this,
                [this, generation = generation_](const QDBusPendingCall& answer) {
                  if (generation != generation_) return;
@@ -101,6 +115,18 @@ void NotifierHost::registerItem(const QString& name) const {
                                              QStringLiteral("RegisterStatusNotifierItem"));
   call << name;
   bus_.connection()->asyncCall(call);
+}
+
+void NotifierHost::lookForItem(const QString& name, QObject* owner,
+                               std::function<void()> missing) const {
+  if (!bus_.connection()) return;
+  const auto call = propertyCall("RegisteredStatusNotifierItems");
+  whenAnswered(bus_.connection()->asyncCall(call), owner,
+               [name, missing = std::move(missing)](const QDBusPendingCall& answer) {
+                 const QDBusPendingReply<QDBusVariant> items = answer;
+                 if (items.isError()) return;
+                 if (!names(items.value().variant().toStringList(), name)) missing();
+               });
 }
 
 void NotifierHost::setState(State state) {

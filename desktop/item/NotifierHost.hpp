@@ -3,6 +3,7 @@
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "desktop/SessionBus.hpp"
@@ -28,8 +29,12 @@ class NotifierHost : public QObject {
 
   [[nodiscard]] SessionBus& bus() { return bus_; }
 
-  /// Shows the item exported at /StatusNotifierItem under the given name on the bus.
+  /// Shows the item exported at /StatusNotifierItem by the connection with that unique name.
   void registerItem(const QString& name) const;
+
+  /// Tells the item's owner, while it lives, if the bar says which items it has and this one is not
+  /// among them.
+  void lookForItem(const QString& name, QObject* owner, std::function<void()> missing) const;
 
   /// Told when a bar has come or gone; a bar that is another one goes first.
   Signal<> changed;

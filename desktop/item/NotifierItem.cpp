@@ -1,11 +1,11 @@
 #include "desktop/item/NotifierItem.hpp"
 
-#include <QCoreApplication>
 #include <QCursor>
-#include <QDBusMessage>
-#include <QDBusPendingCall>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QRegularExpression>
+#include <QTimer>
+#include <chrono>
 
 namespace Hilalor {
 namespace {
@@ -15,26 +15,13 @@ const QString kMenuPath = QStringLiteral("/MenuBar");
 constexpr auto kExported = QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSlots |
                            QDBusConnection::ExportAllSignals;
 
-/// Of a name request: none but this program may have it.
-constexpr uint kDoNotQueue = 4;
+/// A bar that has lost the item by then gets it again, so many times.
+constexpr std::chrono::seconds kTimeToEnter{4};
+constexpr int kLooks = 2;
 
 /// The sizes bars draw icons at, ordinary and on dense screens; each is drawn for itself.
 constexpr int kSquareSides[] = {16, 22, 24, 32, 48};
 constexpr int kWideScales[] = {1, 2};
-
-QDBusMessage busCall(const QString& method) {
-  return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                        QStringLiteral("/org/freedesktop/DBus"),
-                                        QStringLiteral("org.freedesktop.DBus"), method);
-}
-
-/// Another one for every item: a bar forgets an item only with its name.
-QString freshName() {
-  static int count = 0;
-  return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
-      .arg(QCoreApplication::applicationPid())
-      .arg(++count);
-}
 
 /// Wayland does not tell programs where the pointer is.
 std::optional<Point> pointerPlace() {
@@ -48,29 +35,35 @@ std::optional<Point> pointerPlace() {
 NotifierItem::NotifierItem(NotifierHost& host, const ItemContent& content,
                            const ItemPainter& painter, const GlyphPictures& pictures)
     : host_(host),
-      connection_(*host.bus().connection()),
       drawing_(host.traits().drawing),
       content_(content),
       painter_(painter),
       pictures_(pictures),
-      name_(freshName()),
       dbusMenu_(content.hostedMenu, [this] { tell(StatusItemClick::Button::right); }) {
   registerNotifierTypes();
-  connection_.registerObject(kItemPath, this, kExported);
-  connection_.registerObject(kMenuPath, &dbusMenu_, kExported);
-  auto request = busCall(QStringLiteral("RequestName"));
-  request << name_ << kDoNotQueue;
-  connection_.asyncCall(request);
-  host_.registerItem(name_);
+  host_.bus().openAnother([item = QPointer(this)](const QDBusConnection& connection) {
+    if (item) return item->appearOn(connection);
+    QDBusConnection::disconnectFromBus(connection.name());
+  });
 }
 
 NotifierItem::~NotifierItem() {
-  connection_.unregisterObject(kItemPath);
-  connection_.unregisterObject(kMenuPath);
-  // Bars take away an item whose name is gone.
-  auto release = busCall(QStringLiteral("ReleaseName"));
-  release << name_;
-  connection_.asyncCall(release);
+  if (connection_) QDBusConnection::disconnectFromBus(connection_->name());
+}
+
+void NotifierItem::appearOn(const QDBusConnection& connection) {
+  connection_ = connection;
+  connection_->registerObject(kItemPath, this, kExported);
+  connection_->registerObject(kMenuPath, &dbusMenu_, kExported);
+  enter(kLooks);
+}
+
+void NotifierItem::enter(int looks) {
+  host_.registerItem(connection_->baseService());
+  if (looks == 0) return;
+  QTimer::singleShot(kTimeToEnter, this, [this, looks] {
+    host_.lookForItem(connection_->baseService(), this, [this, looks] { enter(looks - 1); });
+  });
 }
 
 void NotifierItem::titleChanged() {

@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QObject>
+#include <optional>
 
 #include "desktop/item/ItemMenu.hpp"
 #include "desktop/item/ItemPainter.hpp"
@@ -14,7 +15,9 @@
 namespace Hilalor {
 
 /// The item on D-Bus (StatusNotifierItem), drawn by the bar: as text where the bar draws labels,
-/// else as a picture. Bars do not tell its place.
+/// else as a picture. Bars do not tell its place. It is there under the unique name of a connection
+/// of its own: a bar forgets an item only with its name, and GNOME's loses, now and then, an item
+/// with a name that was asked for.
 class NotifierItem : public QObject, public ItemPresence {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -79,16 +82,17 @@ class NotifierItem : public QObject, public ItemPresence {
   void XAyatanaNewLabel(const QString& label, const QString& guide);
 
  private:
+  void appearOn(const QDBusConnection& connection);
+  void enter(int looks);
   void tell(StatusItemClick::Button button) const;
   [[nodiscard]] bool isGlyphLeftToThePicture() const;
 
   NotifierHost& host_;
-  QDBusConnection connection_;
+  std::optional<QDBusConnection> connection_;  // None until the bus has let it in.
   NotifierDrawing drawing_;
   const ItemContent& content_;
   const ItemPainter& painter_;
   const GlyphPictures& pictures_;
-  QString name_;
   NotifierMenu dbusMenu_;
   ItemMenu ownMenu_;
 };

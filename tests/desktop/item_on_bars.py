@@ -54,6 +54,7 @@ class ItemOnBus:
         self.screen = screen
         self.bar_rect = Rect(0, 0, screen.rect.width, bar.height)
         self.empty_bar = screen.settled_picture(self.bar_rect)
+        self.name = ""
 
     def title(self):
         told = {self._property("Title").strip("'"), self._property("XAyatanaLabel").strip("'"),
@@ -64,10 +65,14 @@ class ItemOnBus:
         return self.screen.picture(self.bar_rect).difference(self.empty_bar)
 
     def _property(self, key):
-        session = self.screen.session
-        name = re.search(r"org\.kde\.StatusNotifierItem-\d+-\d+", session.bus_names())
-        return session.bus_property(name[0], "/StatusNotifierItem", "org.kde.StatusNotifierItem",
-                                    key) if name else ""
+        names = re.findall(r"':\d+\.\d+'", self.screen.session.bus_names())
+        if self.name not in names:
+            self.name = next((name for name in names if self._property_of(name, "Id")), "")
+        return self._property_of(self.name, key) if self.name else ""
+
+    def _property_of(self, name, key):
+        return self.screen.session.bus_property(
+            name.strip("'"), "/StatusNotifierItem", "org.kde.StatusNotifierItem", key)
 
     def _tool_tip(self):
         texts = re.findall(r"'(.*?)'", self._property("ToolTip"))
