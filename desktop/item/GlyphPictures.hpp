@@ -21,6 +21,11 @@ class GlyphPictures {
   /// Whether programs that draw text themselves find the glyph in a font.
   [[nodiscard]] static bool fontHas(TitleParts::Glyph glyph);
 
+  /// Whether the pictures stand in for the glyph with programs that draw text themselves.
+  [[nodiscard]] static bool standInFor(TitleParts::Glyph glyph) {
+    return glyph != TitleParts::Glyph::none && !fontHas(glyph);
+  }
+
   /// Our own picture as a file, for bars that want a path; of no glyph, a transparent one.
   [[nodiscard]] QString file(TitleParts::Glyph glyph) const;
 

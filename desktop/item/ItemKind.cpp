@@ -4,6 +4,7 @@ namespace Hilalor {
 
 ItemKind bestKind(const BarHosts& hosts) {
   using Notifier = BarHosts::Notifier;
+  if (hosts.shellExtension) return ItemKind::shell;
   if (hosts.prefersNotifier) {
     if (hosts.notifier == Notifier::present) return ItemKind::notifier;
     if (hosts.notifier == Notifier::unknown) return ItemKind::none;

@@ -3,12 +3,14 @@
 namespace Hilalor {
 
 /// The ways of being in the bar.
-enum class ItemKind { none, trayWindow, notifier, strip };
+enum class ItemKind { none, shell, trayWindow, notifier, strip };
 
 /// What there is to be in. `notifier` is not answered until the bus has been asked.
 struct BarHosts {
   enum class Notifier { unknown, absent, present };
 
+  /// Our own extension of GNOME Shell.
+  bool shellExtension = false;
   bool systemTray = false;
   Notifier notifier = Notifier::unknown;
   /// The desktop's own bar does better by an item on D-Bus than by a window in its tray.

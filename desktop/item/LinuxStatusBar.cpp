@@ -10,13 +10,15 @@ LinuxStatusBar::LinuxStatusBar(RunLoop& loop, SessionBus& bus,
     : loop_(loop),
       pictures_(pictures),
       painter_(pictures_),
+      shell_(bus),
       tray_(SystemTray::ofDisplay()),
       notifier_(bus) {}
 
 LinuxStatusBar::~LinuxStatusBar() = default;
 
 std::unique_ptr<StatusItem> LinuxStatusBar::makeItem() {
-  return std::make_unique<LinuxStatusItem>(loop_, tray_.get(), notifier_, painter_, pictures_);
+  return std::make_unique<LinuxStatusItem>(loop_, shell_, tray_.get(), notifier_, painter_,
+                                           pictures_);
 }
 
 }  // namespace Hilalor

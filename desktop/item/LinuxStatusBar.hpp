@@ -7,6 +7,7 @@
 #include "desktop/item/GlyphPictures.hpp"
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/NotifierHost.hpp"
+#include "desktop/item/ShellExtension.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
 
@@ -14,8 +15,9 @@ namespace Hilalor {
 
 class SystemTray;
 
-/// The bars of Linux desktops: a window of our own in an X11 system tray, an item on D-Bus, or,
-/// where there is neither, a strip of our own at the edge of the screen. Needs the Qt application.
+/// The bars of Linux desktops: our own extension of GNOME Shell, a window in an X11 system tray, an
+/// item on D-Bus, or, where there is neither, a strip of our own at the edge of the screen. Needs
+/// the Qt application.
 class LinuxStatusBar : public StatusBar {
  public:
   /// `pictures` is the folder of the item's pictures. Loop and bus must outlive the bar.
@@ -30,6 +32,7 @@ class LinuxStatusBar : public StatusBar {
   RunLoop& loop_;
   GlyphPictures pictures_;
   ItemPainter painter_;
+  ShellExtension shell_;
   std::unique_ptr<SystemTray> tray_;
   NotifierHost notifier_;
 };

@@ -8,6 +8,7 @@
 
 #include "desktop/item/ItemStrip.hpp"
 #include "desktop/item/NotifierItem.hpp"
+#include "desktop/item/ShellItem.hpp"
 #include "desktop/item/TrayWindow.hpp"
 
 namespace Hilalor {
@@ -39,9 +40,16 @@ BarHosts::Notifier notifierOf(NotifierHost::State state) {
 
 }  // namespace
 
-LinuxStatusItem::LinuxStatusItem(RunLoop& loop, SystemTray* tray, NotifierHost& notifier,
-                                 const ItemPainter& painter, const GlyphPictures& pictures)
-    : loop_(loop), tray_(tray), notifier_(notifier), painter_(painter), pictures_(pictures) {
+LinuxStatusItem::LinuxStatusItem(RunLoop& loop, ShellExtension& shell, SystemTray* tray,
+                                 NotifierHost& notifier, const ItemPainter& painter,
+                                 const GlyphPictures& pictures)
+    : loop_(loop),
+      shell_(shell),
+      tray_(tray),
+      notifier_(notifier),
+      painter_(painter),
+      pictures_(pictures) {
+  shellChanged_ = shell_.changed.subscribe([this] { shellChanged(); });
   if (tray_ != nullptr) trayChanged_ = tray_->changed.subscribe([this] { trayChanged(); });
   notifierChanged_ = notifier_.changed.subscribe([this] { notifierChanged(); });
   // On the next pass the item has its title and its menu.
@@ -79,7 +87,8 @@ void LinuxStatusItem::setHostedMenu(Menu menu) {
 BarHosts LinuxStatusItem::hosts() const {
   static const bool desktopPrefers = desktopPrefersNotifier();
   const bool isThere = notifier_.state() == NotifierHost::State::present;
-  return {.systemTray = tray_ != nullptr && tray_->isThere() && !trayRefuses_,
+  return {.shellExtension = shell_.isThere(),
+          .systemTray = tray_ != nullptr && tray_->isThere() && !trayRefuses_,
           .notifier = notifierOf(notifier_.state()),
           .prefersNotifier = desktopPrefers || (isThere && notifier_.traits().outdoesTray),
           .stripIsDue = stripIsDue_ || isAlone()};
@@ -89,6 +98,11 @@ BarHosts LinuxStatusItem::hosts() const {
 bool LinuxStatusItem::isAlone() const {
   return notifier_.state() == NotifierHost::State::absent && tray_ != nullptr &&
          !tray_->isThere() && !tray_->hasWindowManager();
+}
+
+void LinuxStatusItem::shellChanged() {
+  if (kind_ == ItemKind::shell) show(ItemKind::none);
+  choose();
 }
 
 void LinuxStatusItem::trayChanged() {
@@ -126,6 +140,9 @@ void LinuxStatusItem::show(ItemKind kind) {
   kind_ = kind;
   switch (kind) {
     case ItemKind::none:
+      return;
+    case ItemKind::shell:
+      presence_ = std::make_unique<ShellItem>(shell_, content_, pictures_);
       return;
     case ItemKind::trayWindow:
       presence_ = std::make_unique<TrayWindow>(*tray_, loop_, content_, painter_, [this] {

@@ -8,6 +8,7 @@
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/ItemPresence.hpp"
 #include "desktop/item/NotifierHost.hpp"
+#include "desktop/item/ShellExtension.hpp"
 #include "desktop/item/SystemTray.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
@@ -18,7 +19,7 @@ namespace Hilalor {
 class LinuxStatusItem : public StatusItem, public StatusButton {
  public:
   /// `tray` is null where the program is not on X11. All must outlive the item.
-  LinuxStatusItem(RunLoop& loop, SystemTray* tray, NotifierHost& notifier,
+  LinuxStatusItem(RunLoop& loop, ShellExtension& shell, SystemTray* tray, NotifierHost& notifier,
                   const ItemPainter& painter, const GlyphPictures& pictures);
   ~LinuxStatusItem() override;
 
@@ -32,6 +33,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
  private:
   [[nodiscard]] BarHosts hosts() const;
   [[nodiscard]] bool isAlone() const;
+  void shellChanged();
   void trayChanged();
   void notifierChanged();
   void choose();
@@ -39,6 +41,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   void show(ItemKind kind);
 
   RunLoop& loop_;
+  ShellExtension& shell_;
   SystemTray* tray_;
   NotifierHost& notifier_;
   const ItemPainter& painter_;
@@ -51,6 +54,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   bool stripIsDue_ = false;
   std::unique_ptr<Timer> firstChoice_;
   std::unique_ptr<Timer> waitForBar_;
+  Subscription shellChanged_;
   Subscription trayChanged_;
   Subscription notifierChanged_;
 };

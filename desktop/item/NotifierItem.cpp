@@ -134,9 +134,8 @@ void NotifierItem::tell(StatusItemClick::Button button) const {
 }
 
 bool NotifierItem::isGlyphLeftToThePicture() const {
-  const auto glyph = TitleParts::of(content_.title).glyph;
-  return drawing_ == NotifierDrawing::label && glyph != TitleParts::Glyph::none &&
-         !GlyphPictures::fontHas(glyph);
+  return drawing_ == NotifierDrawing::label &&
+         GlyphPictures::standInFor(TitleParts::of(content_.title).glyph);
 }
 
 }  // namespace Hilalor

@@ -13,6 +13,12 @@ TEST(ItemKind, TakesTheBestHostThereIs) {
     BarHosts hosts;
     ItemKind expected;
   } cases[] = {
+      {"our own extension goes before all else",
+       {.shellExtension = true,
+        .systemTray = true,
+        .notifier = Notifier::present,
+        .prefersNotifier = true},
+       ItemKind::shell},
       {"a tray does not wait for the bus", {.systemTray = true}, ItemKind::trayWindow},
       {"a tray goes before D-Bus",
        {.systemTray = true, .notifier = Notifier::present},

@@ -1,0 +1,88 @@
+#include "desktop/item/ShellItem.hpp"
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+
+#include "desktop/XConnection.hpp"
+
+namespace Hilalor {
+namespace {
+
+const QString kName = QStringLiteral("org.hilalor.Hilalor.Item");
+const QString kInterface = QStringLiteral("org.hilalor.Item");
+const QString kItemPath = QStringLiteral("/org/hilalor/Hilalor/Item");
+const QString kMenuPath = QStringLiteral("/org/hilalor/Hilalor/Menu");
+
+/// Of a name request: none but this program may have it.
+constexpr uint kDoNotQueue = 4;
+
+}  // namespace
+
+ShellItem::ShellItem(ShellExtension& extension, const ItemContent& content,
+                     const GlyphPictures& pictures)
+    : connection_(*extension.bus().connection()),
+      content_(content),
+      pictures_(pictures),
+      menu_(content.hostedMenu, [this] { tell(StatusItemClick::Button::right); }) {
+  registerNotifierTypes();
+  connection_.registerObject(
+      kItemPath, this, QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSlots);
+  connection_.registerObject(kMenuPath, &menu_,
+                             QDBusConnection::ExportAllProperties |
+                                 QDBusConnection::ExportAllSlots |
+                                 QDBusConnection::ExportAllSignals);
+  callBus(QStringLiteral("RequestName"), {kName, kDoNotQueue});
+}
+
+ShellItem::~ShellItem() {
+  connection_.unregisterObject(kItemPath);
+  connection_.unregisterObject(kMenuPath);
+  callBus(QStringLiteral("ReleaseName"), {kName});
+}
+
+void ShellItem::callBus(const QString& method, const QVariantList& arguments) {
+  auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                             QStringLiteral("/org/freedesktop/DBus"),
+                                             QStringLiteral("org.freedesktop.DBus"), method);
+  call.setArguments(arguments);
+  connection_.asyncCall(call);
+}
+
+void ShellItem::titleChanged() {
+  auto told =
+      QDBusMessage::createSignal(kItemPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                 QStringLiteral("PropertiesChanged"));
+  told << kInterface
+       << QVariantMap{{QStringLiteral("Text"), text()}, {QStringLiteral("Picture"), picture()}}
+       << QStringList();
+  connection_.send(told);
+}
+
+QString ShellItem::text() const {
+  return picture().isEmpty() ? content_.title : TitleParts::of(content_.title).text;
+}
+
+QString ShellItem::picture() const {
+  const auto glyph = TitleParts::of(content_.title).glyph;
+  return GlyphPictures::standInFor(glyph) ? pictures_.file(glyph) : QString();
+}
+
+void ShellItem::Activate(int x, int y, int width, int height) {
+  Place(x, y, width, height);
+  tell(StatusItemClick::Button::left);
+}
+
+void ShellItem::Place(int x, int y, int width, int height) {
+  place_ = logicalRect(QRectF(x, y, width, height));
+}
+
+void ShellItem::tell(StatusItemClick::Button button) const {
+  StatusItemClick click{.button = button, .pointer = std::nullopt};
+  if (place_) {
+    click.pointer = Point{place_->origin.x + place_->size.width / 2,
+                          place_->origin.y + place_->size.height / 2};
+  }
+  content_.tell(click);
+}
+
+}  // namespace Hilalor
