@@ -64,6 +64,7 @@ class Visit:
         """The screen once nothing has moved on it for a while."""
         picture, since = self.screen.picture(), time.monotonic()
         while time.monotonic() - since < self.host.rest:
+            time.sleep(0.1)
             now = self.screen.picture()
             if now.pixels != picture.pixels:
                 picture, since = now, time.monotonic()
