@@ -62,9 +62,11 @@ bool write(snd_pcm_t* pcm, std::span<const float> samples, std::size_t channels,
     if (written > 0) {
       samples = samples.subspan(static_cast<std::size_t>(written) * channels);
       waits = 0;
+    } else if (++waits > kMostWaits) {
+      // Where a sound server that was the card is gone, every recovery succeeds and helps nothing.
+      return false;
     } else if (written == 0 || written == -EAGAIN) {
       snd_pcm_wait(pcm, kWaitMilliseconds);
-      if (++waits > kMostWaits) return false;
     } else if (snd_pcm_recover(pcm, static_cast<int>(written), 1) < 0) {
       return false;
     }
