@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Announcements as a user sees and hears them: on a bar, by a notification daemon and a sound server.
 
-    announcements.py CASE BUILD
+    announcements.py BUILD
 
-CASE is the name of one of the functions at the end; BUILD the folder of the build. Ends with status
-77 where the machine lacks one of the programs that make up the desktop.
+BUILD is the folder of the build. Ends with status 77 where the machine lacks one of the programs that
+make up the desktop.
 """
 
 import json
@@ -25,14 +25,16 @@ from session.bars import XfcePanel
 from session.program import Program
 from session.screen import Screen
 from session.session import Session, wait_until
-from session.sound import Recorder, SoundServer
+from session.sound import Recorder, SoundServer, is_like
 
 SKIPPED = 77
 NEEDED = ("Xvfb", "dbus-daemon", "gdbus", "openbox", "xfce4-panel", "xwininfo", "dunst", "dunstctl",
           "pipewire", "wireplumber", "pipewire-pulse", "pactl", "parec")
 
 # Short stand-ins, told from one another by their pitch: seconds and Hz.
-BEEP, ATHAN, SUPPLICATION = (1.0, 900), (3.0, 500), (2.0, 700)
+BEEP, ATHAN, SUPPLICATION = (0.8, 900), (2.0, 500), (1.2, 700)
+LONGEST = BEEP[0] + 0.2 + ATHAN[0] + SUPPLICATION[0]
+FIRST_TICK = 30.0  # Seconds after the program's start.
 
 
 def write_sounds(folder):
@@ -119,130 +121,103 @@ def place_of_noon(build, minute):
 
 
 def the_minute_of_the_first_tick():
-    """Waits until the program's tick, 30 s after its start, would fall well into a minute."""
-    while not 5 < (time.time() + 30) % 60 < 50:
+    """Waits until the first tick of a program that starts now would fall well into a minute."""
+    while not 1 < (time.time() + FIRST_TICK) % 60 < 55:
         time.sleep(0.5)
-    return (time.time() + 30) // 60 * 60
+    return (time.time() + FIRST_TICK) // 60 * 60
 
 
-def whole_announcement(session, build):
-    """The program itself, from the tick to the end of the supplication."""
-    XfcePanel(session).start()
-    session.start("dunst")
-    server = SoundServer(session)
-    server.start()
-    write_sounds(os.path.join(session.environment["XDG_DATA_HOME"], "hilalor", "sounds"))
+class Announcements:
+    """The program itself announces a prayer; before and after that, a probe does at our command."""
 
-    screen = Screen(session)
-    program = Program(session, os.path.join(build, "app", "hilalor"))
+    def __init__(self, session, build):
+        self.session = session
+        XfcePanel(session).start()
+        session.start("dunst")
+        self.server = SoundServer(session)
+        self.server.start()
+        write_sounds(os.path.join(session.environment["XDG_DATA_HOME"], "hilalor", "sounds"))
+        self.screen = Screen(session)
+        self.program = Program(session, os.path.join(build, "app", "hilalor"))
+        place = place_of_noon(build, the_minute_of_the_first_tick())
+        self.program.start(menuBarStyle="emoji", prayerNotificationsEnabled=True,
+                           beepSoundEnabled=True, athanEnabled=True, playDuaAfterAthan=True, **place)
+        self.first_tick = time.monotonic() + FIRST_TICK
+        wait_until(lambda: self.titles() == ["\U0001F4C5"], "the item shows the calendar")
+        self.probe = Probe(session, build)
 
-    def titles():
-        return [window.title.removesuffix(" \u2014 Hilalor") for window in screen.windows()
-                if window.name == "hilalor" and screen.is_shown(window)]
+    def titles(self):
+        return [window.title.removesuffix(" \u2014 Hilalor") for window in self.screen.windows()
+                if window.name == "hilalor" and self.screen.is_shown(window)]
 
-    place = place_of_noon(build, the_minute_of_the_first_tick())
-    program.start(menuBarStyle="emoji", prayerNotificationsEnabled=True, beepSoundEnabled=True,
-                  athanEnabled=True, playDuaAfterAthan=True, **place)
-    wait_until(lambda: titles() == ["\U0001F4C5"], "the item shows the calendar")
-    with Recorder(session) as recorder:
-        wait_until(lambda: "\U0001F54C Dhuhr Athan" in titles(), "the item announces", 40)
-        wait_until(lambda: titles() == ["\U0001F4C5"], "the announcement ends", 20)
-        ended = time.monotonic()
-        time.sleep(2)
-        assert "hilalor" not in server.listeners(), f"still connected: {server.listeners()}"
-        assert recorder.is_silent(1.5), "silence follows"
-    heard = recorder.tones()
-    assert_tones(heard, BEEP, ATHAN, SUPPLICATION)
-    pauses = [b.start - a.end for a, b in zip(heard, heard[1:])]
-    assert 0.1 < pauses[0] < 0.6, f"a short pause after the beep: {pauses}"
-    session.ask("dunstctl", "close-all")
-    wait_until(lambda: banners(session), "the banner is in the history")
-    assert banners(session) == [("\U0001F54C Dhuhr", "It's time for Dhuhr prayer")], banners(session)
-    program.end()
-    print("heard", [(round(tone.frequency), round(tone.seconds, 2)) for tone in heard],
-          "pauses", [round(pause, 2) for pause in pauses],
-          f"title back {ended - heard[-1].end:.2f} s after the last sound")
+    def run(self):
+        self.stop_brings_silence()
+        self.nothing_is_left_behind()
+        self.whole_announcement()
+        self.ends_at_its_time_without_the_server()
 
-
-def stop(session, build):
-    """Silence within a tenth of a second, in each of the sounding states."""
-    SoundServer(session).start()
-    probe = Probe(session, build)
-    for state, wait in (("beep", 0.5), ("athan", 2.5), ("supplication", 5.5)):
-        with Recorder(session) as recorder:
-            probe.announce()
-            time.sleep(wait)
-            assert not recorder.is_silent(0.1), f"no {state}"
-            stops = len(probe.told("stopped")) + 1
-            probe.say("stop")
-            wait_until(lambda: len(probe.told("stopped")) == stops, "stopped")
+    def stop_brings_silence(self):
+        """Within a tenth of a second."""
+        with Recorder(self.session) as recorder:
+            self.probe.announce()
+            wait_until(lambda: any(is_like(tone, ATHAN[1]) for tone in recorder.tones()), "the athan")
+            self.probe.say("stop")
             wait_until(lambda: recorder.is_silent(0.3), "silence", 2)
-        # The athan follows a single beep even so.
-        ending = recorder.tones()[0 if state == "beep" else -1].end - probe.told("stopped")[-1][0]
-        print(f"{state}: silent {1000 * ending:.0f} ms after the stop")
-        assert ending < 0.1, f"{state} was heard {ending:.3f} s after the stop"
-        time.sleep(1.5)
-        probe.say("stop")
+        ending = recorder.tones()[-1].end - self.probe.told("stopped")[-1][0]
+        print(f"silent {1000 * ending:.0f} ms after the stop")
+        assert ending < 0.1, f"heard {ending:.3f} s after the stop"
 
+    def nothing_is_left_behind(self):
+        """No thread, no connection and no memory by those that fit before the program's own."""
+        self.probe.announce()
+        self.probe.wait_for_end()
+        before = memory(self.probe.process), self.probe.threads()
+        while time.monotonic() < self.first_tick - 3 * LONGEST:
+            self.probe.announce()
+            self.probe.wait_for_end()
+        wait_until(lambda: "Hilalor" not in self.server.listeners(), "it is disconnected")
+        after = memory(self.probe.process), self.probe.threads()
+        print(f"memory {before[0]:.2f} MB before, {after[0]:.2f} MB after; "
+              f"threads {before[1]}, {after[1]}; {len(self.probe.told('title'))} titles")
+        assert after[0] < before[0] + 1, "memory"
+        assert after[1] <= before[1], "threads"
 
-def ten_announcements(session, build):
-    """What they leave behind: no thread, no connection, no memory."""
-    server = SoundServer(session)
-    server.start()
-    session.start("dunst")
-    probe = Probe(session, build)
-    probe.announce()
-    probe.wait_for_end()
-    others = {name for name in server.listeners() if name != "Hilalor"}
-    before = memory(probe.process), probe.threads()
-    for _ in range(10):
-        probe.announce()
-        probe.wait_for_end()
-    time.sleep(2)
-    after = memory(probe.process), probe.threads()
-    print(f"memory {before[0]:.2f} MB before, {after[0]:.2f} MB after; "
-          f"threads {before[1]}, {after[1]}")
-    assert set(server.listeners()) <= others, server.listeners()
-    assert after[0] < before[0] + 1, "memory"
-    assert after[1] <= before[1], "threads"
+    def whole_announcement(self):
+        """From the tick to the end of the supplication."""
+        self.session.ask("dunstctl", "close-all")
+        before = wait_until(lambda: banners(self.session), "the probe's banners are in the history")
+        with Recorder(self.session) as recorder:
+            wait_until(lambda: "\U0001F54C Dhuhr Athan" in self.titles(), "the item announces", 40)
+            wait_until(lambda: self.titles() == ["\U0001F4C5"], "the announcement ends", 20)
+            wait_until(lambda: recorder.is_silent(1.5), "silence follows", 4)
+        assert "Hilalor" not in self.server.listeners(), self.server.listeners()
+        heard = recorder.tones()
+        assert_tones(heard, BEEP, ATHAN, SUPPLICATION)
+        pause = heard[1].start - heard[0].end
+        print("heard", [(round(tone.frequency), round(tone.seconds, 2)) for tone in heard], pause)
+        assert 0.1 < pause < 0.6, f"a short pause after the beep: {pause}"
+        self.session.ask("dunstctl", "close-all")
+        wait_until(lambda: banners(self.session) != before, "the banner is in the history")
+        assert banners(self.session) == [("\U0001F54C Dhuhr", "It's time for Dhuhr prayer"), *before]
+        self.program.end()
 
-
-def server_that_dies(session, build):
-    """The announcement goes on in silence, to its end at its time, and aloud where a server comes."""
-    server = SoundServer(session)
-    server.start()
-    probe = Probe(session, build)
-    probe.announce()
-    time.sleep(2.5)
-    server.kill()
-    probe.wait_for_end()
-    begun, ended = (when for when, _ in probe.told("title")[-2:])
-    expected = BEEP[0] + 0.2 + ATHAN[0] + SUPPLICATION[0]
-    print(f"died in the athan: ended after {ended - begun:.2f} s, aloud {expected:.2f} s")
-    assert abs(ended - begun - expected) < 1.5
-
-    # Without a server from the start; one that comes during the athan is heard.
-    probe.announce()
-    time.sleep(1.5)
-    server.start()
-    with Recorder(session) as recorder:
-        probe.wait_for_end()
-    assert recorder.tones(), "nothing was heard of the server that came"
-    assert probe.process.poll() is None
-
-
-CASES = {case.__name__: case
-         for case in (whole_announcement, stop, ten_announcements, server_that_dies)}
+    def ends_at_its_time_without_the_server(self):
+        """Killed in the athan, it takes the sound with it and nothing else."""
+        self.probe.announce()
+        time.sleep(BEEP[0] + 0.2 + ATHAN[0] / 2)
+        self.server.kill()
+        self.probe.wait_for_end()
+        begun, ended = (when for when, _ in self.probe.told("title")[-2:])
+        assert abs(ended - begun - LONGEST) < 1.5, f"{ended - begun} s, not {LONGEST}"
 
 
 def main():
-    name, build = sys.argv[1:]
     missing = [program for program in NEEDED if not shutil.which(program)]
     if missing:
         print("skipped, for want of", *missing)
         sys.exit(SKIPPED)
-    with Session(name) as session:
-        CASES[name](session, os.path.abspath(build))
+    with Session("announcement") as session:
+        Announcements(session, os.path.abspath(sys.argv[1])).run()
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
 // location_probe: finds out where the machine is as the program does, on the system bus, and prints
 // every change; the word "ask" on its input asks for permission.
-// location_probe agent allow|refuse: stands for the desktop's agent, which speaks for the user.
+// location_probe agent: stands for the desktop's agent, which speaks for a user who allows it.
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -26,7 +26,7 @@ using namespace Hilalor;
 
 class Agent final : public QDBusVirtualObject {
  public:
-  explicit Agent(bool allows) : allows_(allows) {
+  Agent() {
     QDBusConnection::systemBus().registerVirtualObject(
         QStringLiteral("/org/freedesktop/GeoClue2/Agent"), this);
     connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, [] { announce(); });
@@ -44,8 +44,8 @@ class Agent final : public QDBusVirtualObject {
   [[nodiscard]] QString introspect(const QString&) const override { return {}; }
 
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-    // The switch by which a desktop's settings turn locations off.
-    const QVariant level(allows_ ? 8U : 0U);
+    // As good as the desktop's settings let it be.
+    const QVariant level(8U);
     if (message.member() == QStringLiteral("GetAll")) {
       return bus.send(
           message.createReply(QVariantMap{{QStringLiteral("MaxAccuracyLevel"), level}}));
@@ -54,11 +54,10 @@ class Agent final : public QDBusVirtualObject {
       return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(level))));
     }
     if (message.member() != QStringLiteral("AuthorizeApp")) return false;
-    return bus.send(message.createReply({allows_, message.arguments().at(1)}));
+    return bus.send(message.createReply({true, message.arguments().at(1)}));
   }
 
  private:
-  bool allows_;
   QDBusServiceWatcher watcher_{QStringLiteral("org.freedesktop.GeoClue2"),
                                QDBusConnection::systemBus()};
 };
@@ -100,8 +99,8 @@ int findLocation(QCoreApplication& application) {
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  if (argc == 3 && std::string(argv[1]) == "agent") {
-    const Agent agent(std::string(argv[2]) == "allow");
+  if (argc == 2 && std::string(argv[1]) == "agent") {
+    const Agent agent;
     return QCoreApplication::exec();
   }
   return findLocation(application);
