@@ -25,7 +25,6 @@ class Host:
     other_shade: str = ""  # The command that makes a light bar dark, or a dark one light.
     dark: dict = dataclasses.field(default_factory=dict)  # The environment of a dark bar.
     below: int = 0  # The height of a second bar, at the bottom.
-    has_bar: bool = True
     rest: float = 1  # For how many seconds the screen rests once the desktop is up.
     compositor: tuple = ()  # In whose window on the X server everything else runs.
     inner: object = None  # Finds the environment of the programs in that.
@@ -73,17 +72,18 @@ def gnome(*extensions):
 def gnome_session(kind):
     return {"XDG_CURRENT_DESKTOP": "GNOME", "XDG_SESSION_TYPE": kind,
             "GSETTINGS_BACKEND": "keyfile", "LIBGL_ALWAYS_SOFTWARE": "1",
-            "XDG_DATA_DIRS": "/usr/local/share:/usr/share"}
+            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{WIDTH}x{HEIGHT}", "XDG_DATA_DIRS": "/usr/local/share:/usr/share"}
 
 
-def gnome_on_x11(shape, *extensions):
-    return Host(shape, top(32, right=1210), (OTHER_X, "gnome-shell --x11"),
-                gnome_session("x11"), gnome(*extensions), rest=4)
+def gnome_on_x11(shape, *extensions, clicks=1):
+    return Host(shape, top(28, right=1230), (OTHER_X, "gnome-shell --x11"),
+                gnome_session("x11"), gnome(*extensions), clicks=clicks, rest=6, is_root=False)
 
 
-def gnome_on_wayland(shape, *extensions):
-    return Host(shape, top(32, right=1210), (OTHER_WAYLAND,), gnome_session("wayland"),
-                gnome(*extensions), rest=4, inner=told_by_shell, without=("restart",),
+def gnome_on_wayland(shape, *extensions, clicks=1):
+    return Host(shape, top(28, right=1230), (OTHER_WAYLAND,), gnome_session("wayland"),
+                gnome(*extensions), clicks=clicks, rest=6, is_root=False, inner=told_by_shell,
+                without=("restart",),
                 compositor=("gnome-shell", "--nested", "--wayland-display=wayland-test"))
 
 
@@ -147,8 +147,8 @@ HOSTS = {
     "cinnamon": Host("square", bottom(40, right=1200), (OTHER_X, "cinnamon"),
                      {"XDG_CURRENT_DESKTOP": "X-Cinnamon", "GSETTINGS_BACKEND": "keyfile",
                       "LIBGL_ALWAYS_SOFTWARE": "1"}, rest=5, moves_others=True),
-    "gnome-appindicator-x11": gnome_on_x11("text", APP_INDICATOR),
-    "gnome-appindicator": gnome_on_wayland("text", APP_INDICATOR),
+    "gnome-appindicator-x11": gnome_on_x11("text", APP_INDICATOR, clicks=2),
+    "gnome-appindicator": gnome_on_wayland("text", APP_INDICATOR, clicks=2),
     "gnome-x11": gnome_on_x11("strip"),
     "gnome": gnome_on_wayland("strip"),
     "i3": Host("square", bottom(24), (OTHER_X, "dunst", "i3"), {"XDG_CURRENT_DESKTOP": "i3"},
@@ -162,5 +162,5 @@ HOSTS = {
                     files={"polybar/config.ini": POLYBAR}),
     "sway": sway("force"),
     "sway-without-x": sway("disable"),
-    "none": Host("strip", top(60), ("dunst", OTHER_X), has_bar=False, without=("restart",)),
+    "none": Host("strip", top(25), ("dunst", OTHER_X), without=("restart",)),
 }

@@ -44,6 +44,7 @@ class Visit:
             os.makedirs(os.path.dirname(file), exist_ok=True)
             with open(file, "w", encoding="utf-8") as config:
                 config.write(text() if callable(text) else text)
+        session.ask("xsetroot", "-solid", "#304050")
         if host.compositor:
             session.start(*host.compositor)
             self.program.environment = wait_until(lambda: host.inner(session), "it is up", 60)
@@ -52,8 +53,11 @@ class Visit:
         for program in host.programs:
             bare = self.rested()
             self.bar = self.start_one(program)
-        if self.host.has_bar:
+        if "restart" not in host.without:
             wait_until(lambda: self.picture_of_bar().difference(bare.part(host.bar)), "a bar", 40)
+        # Some shells begin with an overview.
+        self.rested()
+        self.press("Escape")
         self.without_item = self.rested().part(host.bar)
         self.save("empty")
 
