@@ -51,7 +51,8 @@ StatusBarController::StatusBarController(Updater* updater)
     fillMenus(*button);
   }
   platform_.application.setReopenHandler([this] {
-    if (!panel_) openCalendar(KeyboardAtOpening::taken);
+    if (!panel_) return openCalendar(KeyboardAtOpening::taken);
+    panel_->orderFront(KeyboardAtOpening::taken);
   });
   platform_.application.setResumeHandler([this] { tick(); });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });

@@ -10,6 +10,7 @@
 #include "app/ScreenSurfaces.hpp"
 #include "app/SharedObjects.hpp"
 #include "desktop/CodePages.hpp"
+#include "desktop/DisplayKind.hpp"
 #include "desktop/GeoClueLocationService.hpp"
 #include "desktop/LinuxApplication.hpp"
 #include "desktop/LinuxScreens.hpp"
@@ -134,7 +135,9 @@ class LinuxDesktop {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  const bool isChosen = chooseX11();
   QApplication qtApplication(argc, argv);
+  if (isChosen) forgetChoice();
   QApplication::setApplicationName("hilalor");
   QApplication::setDesktopFileName("hilalor");
   QApplication::setQuitOnLastWindowClosed(false);

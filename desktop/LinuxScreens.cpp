@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <array>
 
+#include "desktop/Sway.hpp"
 #include "desktop/XConnection.hpp"
 
 namespace Hilalor {
@@ -72,6 +73,7 @@ std::vector<Screen> LinuxScreens::all() const {
   std::vector<Screen> all;
   const auto screens = QGuiApplication::screens();
   const auto struts = screens.size() > 1 ? bars() : decltype(bars())();
+  const auto free = Sway::freeAreas();
   for (const QScreen* screen : screens) {
     Screen found{.frame = rect(screen->geometry()),
                  .visibleFrame = rect(screen->availableGeometry())};
@@ -81,6 +83,9 @@ std::vector<Screen> LinuxScreens::all() const {
       for (const auto& bar : struts)
         cut(visible, frame, bar);
       found.visibleFrame = logical(visible, *screen);
+    }
+    for (const QRect& area : free) {
+      if (screen->geometry().contains(area)) found.visibleFrame = rect(area);
     }
     all.push_back(found);
   }

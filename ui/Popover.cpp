@@ -22,9 +22,10 @@ constexpr int kArrowHalfWidth = 10;
 Qt::WindowFlags flagsBeside(const QWidget& window) {
   const Qt::WindowFlags inherited =
       window.windowFlags() & (Qt::X11BypassWindowManagerHint | Qt::WindowStaysOnTopHint);
-  const bool isPopup = window.windowType() == Qt::Popup;
+  // Wayland places nothing but a popup beside another window.
+  const bool isOnWayland = QGuiApplication::platformName() == QStringLiteral("wayland");
   return inherited | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
-         (isPopup ? Qt::Popup : Qt::Tool);
+         (isOnWayland ? Qt::Popup : Qt::Tool);
 }
 
 }  // namespace

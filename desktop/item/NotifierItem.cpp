@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <chrono>
 
+#include "desktop/DisplayKind.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -23,9 +25,9 @@ constexpr int kLooks = 2;
 constexpr int kSquareSides[] = {16, 22, 24, 32, 48};
 constexpr int kWideScales[] = {1, 2};
 
-/// Wayland does not tell programs where the pointer is.
+/// Compositors do not tell programs where the pointer is.
 std::optional<Point> pointerPlace() {
-  if (QGuiApplication::platformName() != QStringLiteral("xcb")) return std::nullopt;
+  if (displayKind() != DisplayKind::x11) return std::nullopt;
   const QPoint pointer = QCursor::pos();
   return Point{static_cast<double>(pointer.x()), static_cast<double>(pointer.y())};
 }

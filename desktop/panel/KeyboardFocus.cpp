@@ -4,13 +4,15 @@
 #include <QEvent>
 #include <QWidget>
 
+#include "desktop/DisplayKind.hpp"
 #include "desktop/XConnection.hpp"
 
 namespace Hilalor {
 namespace {
 
 std::optional<xcb_window_t> focusedWindow() {
-  if (!isOnX11()) return std::nullopt;
+  // Elsewhere the compositor gives it back.
+  if (!isOnX11() || displayKind() != DisplayKind::x11) return std::nullopt;
   xcb_connection_t* connection = qtConnection();
   const auto reply =
       Xcb::answer(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/DisplayKind.hpp"
 #include "desktop/XConnection.hpp"
 
 namespace Hilalor {
@@ -102,6 +103,9 @@ bool hasXInput2(const XConnection& server) {
 }  // namespace
 
 std::unique_ptr<EventMonitor> LinuxMouseMonitor::addGlobalMonitor(Handlers handlers) {
+  // Under a compositor the server hears of the presses over its own windows only, and may not know
+  // where the pointer is.
+  if (displayKind() != DisplayKind::x11) return nullptr;
   auto server = XConnection::open();
   if (!server || !hasXInput2(*server)) return nullptr;
   return std::make_unique<RawButtons>(std::move(server), std::move(handlers));

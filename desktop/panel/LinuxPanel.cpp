@@ -2,6 +2,7 @@
 
 #include <QRect>
 
+#include "desktop/DisplayKind.hpp"
 #include "desktop/panel/PanelWindow.hpp"
 #include "ui/Colors.hpp"
 #include "ui/View.hpp"
@@ -58,12 +59,18 @@ void LinuxPanel::setFrame(const Rect& frame) {
 void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
   window_->show();
   window_->raise();
-  if (keyboard == KeyboardAtOpening::taken) {
+  const bool isX11 = displayKind() == DisplayKind::x11;
+  if (!isX11 || keyboard == KeyboardAtOpening::taken) {
     keyboard_.rememberOwner();
     window_->activateWindow();
   }
+  if (escape_) return;
   escape_ = std::make_unique<EscapeKey>([told = onDismiss_] {
     if (told) told(Dismissal::byEscape);
+  });
+  if (isX11) return;
+  focusLoss_ = std::make_unique<FocusLoss>([told = onDismiss_] {
+    if (told) told(Dismissal::byDesktop);
   });
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desktop/panel/EscapeKey.hpp"
+#include "desktop/panel/FocusLoss.hpp"
 #include "desktop/panel/KeyboardFocus.hpp"
 #include "platform/Panel.hpp"
 #include "platform/Surfaces.hpp"
@@ -36,6 +37,7 @@ class LinuxPanel final : public Panel {
   PanelWindow* window_;
   KeyboardFocus keyboard_;
   std::unique_ptr<EscapeKey> escape_;
+  std::unique_ptr<FocusLoss> focusLoss_;  // Where presses elsewhere are not told.
 };
 
 /// Puts the window and all in it into light or dark, or leaves it to the application.

@@ -9,10 +9,14 @@
 #include <QPainterPath>
 #include <QtMath>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
+#include "desktop/DisplayKind.hpp"
+#include "desktop/Sway.hpp"
 #include "desktop/XConnection.hpp"
+#include "desktop/panel/SwayPlace.hpp"
 #include "ui/Colors.hpp"
 
 namespace Hilalor {
@@ -21,24 +25,39 @@ namespace {
 constexpr double kCornerRadius = 12;
 constexpr int kShadowWidth = 20;
 constexpr double kShadowOpacity = 0.28;
+constexpr const char* kShadowExtents = "_GTK_FRAME_EXTENTS";
 
 Qt::WindowFlags panelFlags() {
-  const Qt::WindowFlags looks = Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
-  // Wayland lets a program place and raise nothing but a popup.
-  if (QGuiApplication::platformName() == QStringLiteral("wayland")) return Qt::Popup | looks;
-  return Qt::Tool | Qt::WindowStaysOnTopHint | Qt::X11BypassWindowManagerHint | looks;
+  const Qt::WindowFlags flags =
+      Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint | Qt::WindowStaysOnTopHint;
+  // Compositors give the keyboard to nothing but the windows that they manage.
+  return displayKind() == DisplayKind::x11 ? flags | Qt::X11BypassWindowManagerHint : flags;
 }
 
 /// Whether somebody mixes windows, by the owner of the screen's selection for it (Extended Window
 /// Manager Hints).
 bool hasCompositor() {
-  if (!isOnX11()) return QGuiApplication::platformName() == QStringLiteral("wayland");
+  if (displayKind() != DisplayKind::x11) return true;
   const auto server = XConnection::open();
   if (!server) return false;
   const auto selection = server->atom("_NET_WM_CM_S" + std::to_string(server->screenNumber()));
   const auto reply = Xcb::answer(xcb_get_selection_owner_reply, server->get(),
                                  xcb_get_selection_owner(server->get(), selection));
   return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+/// Whether the window manager counts a declared shadow as none of the window.
+bool isShadowKnown() {
+  const auto server = XConnection::open();
+  if (!server) return false;
+  const auto supported = server->numbers(server->root(), "_NET_SUPPORTED");
+  return std::ranges::find(supported, server->atom(kShadowExtents)) != supported.end();
+}
+
+/// Where a compositor manages the window, a shadow that it does not know takes presses on the bar.
+int shadowWidth() {
+  const bool hasShadow = displayKind() == DisplayKind::x11 ? hasCompositor() : isShadowKnown();
+  return hasShadow ? kShadowWidth : 0;
 }
 
 QPainterPath rounded(const QRectF& rect) {
@@ -77,18 +96,23 @@ PanelWindow::PanelWindow(QWidget* content, std::function<void(Dismissal)> onDism
     : QWidget(nullptr, panelFlags()),
       content_(content),
       onDismiss_(std::move(onDismiss)),
-      shadow_(hasCompositor() ? kShadowWidth : 0) {
+      shadow_(shadowWidth()) {
   setWindowTitle(QStringLiteral("Hilalor"));
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_ShowWithoutActivating, displayKind() == DisplayKind::x11);
   setAttribute(Qt::WA_AlwaysShowToolTips);
-  setAttribute(Qt::WA_TranslucentBackground, shadow_ > 0);
+  setAttribute(Qt::WA_TranslucentBackground, hasCompositor());
   content->setParent(this);
+  if (Sway::isHere()) new SwayPlace(*this);
 }
 
 void PanelWindow::setFrame(const QRect& frame) {
-  setGeometry(frame.adjusted(-shadow_, -shadow_, shadow_, shadow_));
+  const QRect whole = frame.adjusted(-shadow_, -shadow_, shadow_, shadow_);
+  // What cannot be made larger floats, also where other windows are tiled.
+  if (displayKind() != DisplayKind::x11) setFixedSize(whole.size());
+  setGeometry(whole);
   content_->setGeometry(body());
   cutToShape();
+  if (!isVisible()) Sway::placeWhenShown(windowTitle(), whole.topLeft());
 }
 
 QRect PanelWindow::body() const {
@@ -96,12 +120,12 @@ QRect PanelWindow::body() const {
 }
 
 void PanelWindow::cutToShape() {
-  if (shadow_ == 0) {
+  if (!testAttribute(Qt::WA_TranslucentBackground)) {
     setMask(QRegion(rounded(body()).toFillPolygon().toPolygon()));
     return;
   }
   // What lies under the shadow is not covered by it for the mouse.
-  if (!isOnX11()) return;
+  if (shadow_ == 0) return;
   const double ratio = devicePixelRatioF();
   const auto pixels = [ratio](int length) { return std::lround(length * ratio); };
   const xcb_rectangle_t seen{static_cast<std::int16_t>(pixels(shadow_)),
@@ -111,6 +135,17 @@ void PanelWindow::cutToShape() {
   xcb_shape_rectangles(qtConnection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
                        XCB_CLIP_ORDERING_UNSORTED, static_cast<xcb_window_t>(winId()), 0, 0, 1,
                        &seen);
+  if (displayKind() == DisplayKind::xwayland) declareShadow();
+}
+
+void PanelWindow::declareShadow() {
+  const auto width = static_cast<std::uint32_t>(std::lround(shadow_ * devicePixelRatioF()));
+  const std::array<std::uint32_t, 4> extents{width, width, width, width};
+  const auto server = XConnection::open();
+  if (!server) return;
+  xcb_change_property(qtConnection(), XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(winId()),
+                      server->atom(kShadowExtents), XCB_ATOM_CARDINAL, 32, extents.size(),
+                      extents.data());
 }
 
 bool PanelWindow::event(QEvent* event) {
@@ -138,6 +173,15 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 void PanelWindow::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
   dismiss(Dismissal::byDesktop);
+}
+
+void PanelWindow::childEvent(QChildEvent* event) {
+  QWidget::childEvent(event);
+  auto* window = qobject_cast<QWidget*>(event->child());
+  const bool isPopover = window != nullptr && window->windowType() == Qt::Tool;
+  if (!event->polished() || !isPopover || !Sway::isHere()) return;
+  window->setWindowTitle(QStringLiteral("Note"));
+  new SwayPlace(*window);
 }
 
 void PanelWindow::showEvent(QShowEvent* event) {

@@ -8,8 +8,9 @@
 namespace Hilalor {
 
 /// A window without a frame that floats above others with rounded corners, and a content that fills
-/// it. It does not take the keyboard when it is shown or clicked. Where a compositor mixes windows
-/// it has a shadow and smooth corners; elsewhere it is cut to shape.
+/// it. On X11 it does not take the keyboard when it is shown or clicked; under a Wayland compositor
+/// it is a window like others, which takes it. Where a compositor mixes windows it has a shadow and
+/// smooth corners; elsewhere it is cut to shape.
 class PanelWindow final : public QWidget {
   Q_OBJECT
 
@@ -29,12 +30,14 @@ class PanelWindow final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void childEvent(QChildEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
   void dismiss(Dismissal how) const;
   [[nodiscard]] QRect body() const;
   void cutToShape();
+  void declareShadow();
 
   QWidget* content_;
   std::function<void(Dismissal)> onDismiss_;

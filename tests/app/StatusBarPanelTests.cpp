@@ -149,6 +149,10 @@ TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
   ASSERT_TRUE(panel());
   EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 500}}));
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+  panel()->keyboard = KeyboardAtOpening::leftWhereItIs;
+  desktop.application.reopen();
+  ASSERT_TRUE(panel()) << "one that is open stays";
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
 }
 
 TEST_F(StatusBarPanelTest, TheBarsOwnMenuLeadsToPanelAndSettings) {
