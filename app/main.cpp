@@ -116,7 +116,7 @@ class LinuxDesktop {
   QtRunLoop loop_;
   SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
   SessionBus sessionBus_{loop_};
-  LinuxStatusBar statusBar_{loop_, sessionBus_, resourceFolder() / "item"};
+  LinuxStatusBar statusBar_{loop_, sessionBus_, defaults_, resourceFolder() / "item"};
   ScreenSurfaces surfaces_{resourceFolder() / "AppIcon.png"};
   LinuxScreens screens_;
   LinuxMouseMonitor mouse_;

@@ -5,9 +5,10 @@
 
 namespace Hilalor {
 
-LinuxStatusBar::LinuxStatusBar(RunLoop& loop, SessionBus& bus,
+LinuxStatusBar::LinuxStatusBar(RunLoop& loop, SessionBus& bus, DefaultsStore& defaults,
                                const std::filesystem::path& pictures)
     : loop_(loop),
+      defaults_(defaults),
       pictures_(pictures),
       painter_(pictures_),
       shell_(bus),
@@ -18,7 +19,7 @@ LinuxStatusBar::~LinuxStatusBar() = default;
 
 std::unique_ptr<StatusItem> LinuxStatusBar::makeItem() {
   return std::make_unique<LinuxStatusItem>(loop_, shell_, tray_.get(), notifier_, painter_,
-                                           pictures_);
+                                           pictures_, defaults_);
 }
 
 }  // namespace Hilalor

@@ -8,6 +8,7 @@
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/NotifierHost.hpp"
 #include "desktop/item/ShellExtension.hpp"
+#include "platform/DefaultsStore.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
 
@@ -20,8 +21,9 @@ class SystemTray;
 /// the Qt application.
 class LinuxStatusBar : public StatusBar {
  public:
-  /// `pictures` is the folder of the item's pictures. Loop and bus must outlive the bar.
-  LinuxStatusBar(RunLoop& loop, SessionBus& bus, const std::filesystem::path& pictures);
+  /// `pictures` is the folder of the item's pictures. The others must outlive the bar.
+  LinuxStatusBar(RunLoop& loop, SessionBus& bus, DefaultsStore& defaults,
+                 const std::filesystem::path& pictures);
 
   ~LinuxStatusBar() override;
 
@@ -30,6 +32,7 @@ class LinuxStatusBar : public StatusBar {
 
  private:
   RunLoop& loop_;
+  DefaultsStore& defaults_;
   GlyphPictures pictures_;
   ItemPainter painter_;
   ShellExtension shell_;

@@ -42,13 +42,14 @@ BarHosts::Notifier notifierOf(NotifierHost::State state) {
 
 LinuxStatusItem::LinuxStatusItem(RunLoop& loop, ShellExtension& shell, SystemTray* tray,
                                  NotifierHost& notifier, const ItemPainter& painter,
-                                 const GlyphPictures& pictures)
+                                 const GlyphPictures& pictures, DefaultsStore& defaults)
     : loop_(loop),
       shell_(shell),
       tray_(tray),
       notifier_(notifier),
       painter_(painter),
-      pictures_(pictures) {
+      pictures_(pictures),
+      defaults_(defaults) {
   shellChanged_ = shell_.changed.subscribe([this] { shellChanged(); });
   if (tray_ != nullptr) trayChanged_ = tray_->changed.subscribe([this] { trayChanged(); });
   notifierChanged_ = notifier_.changed.subscribe([this] { notifierChanged(); });
@@ -154,7 +155,7 @@ void LinuxStatusItem::show(ItemKind kind) {
       presence_ = std::make_unique<NotifierItem>(notifier_, content_, painter_, pictures_);
       return;
     case ItemKind::strip:
-      presence_ = std::make_unique<ItemStrip>(content_, painter_);
+      presence_ = std::make_unique<ItemStrip>(content_, painter_, defaults_);
       return;
   }
 }

@@ -10,6 +10,7 @@
 #include "desktop/item/NotifierHost.hpp"
 #include "desktop/item/ShellExtension.hpp"
 #include "desktop/item/SystemTray.hpp"
+#include "platform/DefaultsStore.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
 
@@ -20,7 +21,8 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
  public:
   /// `tray` is null where the program is not on X11. All must outlive the item.
   LinuxStatusItem(RunLoop& loop, ShellExtension& shell, SystemTray* tray, NotifierHost& notifier,
-                  const ItemPainter& painter, const GlyphPictures& pictures);
+                  const ItemPainter& painter, const GlyphPictures& pictures,
+                  DefaultsStore& defaults);
   ~LinuxStatusItem() override;
 
   [[nodiscard]] StatusButton* button() override { return this; }
@@ -46,6 +48,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   NotifierHost& notifier_;
   const ItemPainter& painter_;
   const GlyphPictures& pictures_;
+  DefaultsStore& defaults_;
 
   ItemContent content_;
   ItemKind kind_ = ItemKind::none;

@@ -116,8 +116,7 @@ class Check:
         place = self.see(lambda title: title == today(), "date")
         if self.case.item is ItemOnBus:
             self.open_by_menu(place)
-        self.choose(place, LAST_LINE)
-        assert self.program.status() == 0, f"ended with status {self.program.status()}"
+        self.quit_by_menu(place)
 
     def start_program(self, style):
         self.item = self.case.item(self.screen, self.bar, self.program)
@@ -154,6 +153,10 @@ class Check:
         # It has the keyboard, which is given back.
         self.screen.session.ask("xdotool", "key", "Escape")
         panel.wait_for_closed()
+
+    def quit_by_menu(self, place):
+        self.choose(place, LAST_LINE)
+        assert self.program.status() == 0, f"ended with status {self.program.status()}"
 
     def choose(self, place, line):
         """Opens the menu and clicks on its first or last line."""

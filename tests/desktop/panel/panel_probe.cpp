@@ -135,10 +135,10 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   QtRunLoop loop;
   SessionBus bus(loop);
-  LinuxStatusBar bar(loop, bus, HILALOR_ITEM_PICTURES);
+  SqliteDefaultsStore store(SqliteDefaultsStore::userFile(), loop);
+  LinuxStatusBar bar(loop, bus, store, HILALOR_ITEM_PICTURES);
   QtApplication qtApplication;
   StoppedClock clock;
-  SqliteDefaultsStore store(SqliteDefaultsStore::userFile(), loop);
   ScreenSurfaces surfaces;
   LinuxScreens screens;
   LinuxMouseMonitor mouse;
