@@ -3,18 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "datetime/Calendar.hpp"
-
 namespace Hilalor {
 namespace {
 
 constexpr Seconds kShortestLoop{1.0};
 
-/// A row further from the instant than this cannot share its minute.
 constexpr Seconds kMinute{60.0};
-
-/// Two times of one prayer nearer than this are of one day.
-constexpr Seconds kHalfADay{12 * 3600.0};
 
 std::optional<BeepElement> beepElement(const AppSettings& settings) {
   if (!settings.beepSoundEnabled) return std::nullopt;
@@ -33,24 +27,8 @@ std::optional<AthanElement> athanElement(const AppSettings& settings) {
   return AthanElement{*file, settings.athanVoice, settings.playDuaAfterAthan};
 }
 
-bool isAnnounced(const PrayerTime& row) {
-  return !row.isSunrise && !row.isSunnah;
-}
-
-bool areWithin(Seconds distance, Date one, Date other) {
-  return Seconds(std::abs((one - other).count())) < distance;
-}
-
-/// The prayers of a day beside today near the instant, but for those that today has itself.
-void addThoseNear(Date now, const Adhan::PrayerTimes& beside,
-                  const std::optional<Adhan::PrayerTimes>& own, std::vector<PrayerTime>& rows) {
-  const auto prayers = Adhan::allCases<Adhan::Prayer>();
-  for (std::size_t index = 0; index < prayers.size(); ++index) {
-    const Date time = beside.time(prayers[index]);
-    const bool isOwn = own && areWithin(kHalfADay, own->time(prayers[index]), time);
-    if (isOwn || !areWithin(kMinute, time, now)) continue;
-    rows.push_back(PrayerTimesCalculator::rows(beside, false)[index]);
-  }
+Date minuteOf(Date date) {
+  return {std::floor(date.secondsSince1970 / 60) * 60};
 }
 
 }  // namespace
@@ -71,34 +49,29 @@ AnnouncementElements announcementElements(const AppSettings& settings) {
   return {settings.notificationBannerEnabled, beepElement(settings), athanElement(settings)};
 }
 
-std::vector<PrayerTime> rowsAround(Date now, const AppSettings& settings) {
-  const auto place = settings.effectiveLocation();
-  const auto today = Calendar(CalendarIdentifier::gregorian, place.timeZone).components(now);
-  if (!today.day) return {};
-  const auto timesOf = [&](int daysLater) {
-    const DateComponents day{today.year, today.month, *today.day + daysLater, {}, {}, {}};
-    return PrayerTimesCalculator::times(day, place.latitude, place.longitude, settings);
-  };
-  const auto own = timesOf(0);
-  auto rows = own ? PrayerTimesCalculator::rows(*own, false) : std::vector<PrayerTime>();
-  for (const int daysLater : {-1, 1}) {
-    if (const auto beside = timesOf(daysLater)) addThoseNear(now, *beside, own, rows);
-  }
-  return rows;
+void Announced::add(const CalledPrayer& prayer, Date now) {
+  prayers_[count_++ % prayers_.size()] = prayer;
+  latest_ = now;
 }
 
-std::optional<Announcement> dueAnnouncement(const AppSettings& settings,
-                                            const std::vector<PrayerTime>& schedule, Date now,
-                                            std::string_view lastKey,
-                                            const DateFormatter& minuteFormatter) {
-  const auto minute = minuteFormatter.string(now);
-  const auto due = std::find_if(schedule.begin(), schedule.end(), [&](const PrayerTime& row) {
-    return isAnnounced(row) && minuteFormatter.string(row.time) == minute;
+bool Announced::contains(const CalledPrayer& prayer) const {
+  const auto end = prayers_.begin() + std::min(count_, prayers_.size());
+  return std::any_of(prayers_.begin(), end, [&](const CalledPrayer& announced) {
+    return announced.prayer == prayer.prayer && minuteOf(announced.time) == minuteOf(prayer.time);
   });
-  if (due == schedule.end()) return std::nullopt;
-  auto key = due->name + "-" + minute;
-  if (key == lastKey) return std::nullopt;
-  return Announcement{*due, std::move(key), announcementElements(settings)};
+}
+
+Date Announced::firstMinute(Date now) const {
+  const bool wasJustNow = count_ > 0 && latest_ <= now && now - latest_ <= kMinute;
+  return minuteOf(wasJustNow ? latest_ : now);
+}
+
+std::optional<CalledPrayer> duePrayer(const PrayerCourse& course, const Announced& announced,
+                                      Date now) {
+  const auto prayers = course.between(announced.firstMinute(now), minuteOf(now) + kMinute);
+  const auto due = std::find_if(prayers.begin(), prayers.end(),
+                                [&](const auto& prayer) { return !announced.contains(prayer); });
+  return due != prayers.end() ? std::optional(*due) : std::nullopt;
 }
 
 }  // namespace Hilalor

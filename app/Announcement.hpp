@@ -1,15 +1,15 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/AppSettings.hpp"
-#include "app/PrayerTimesCalculator.hpp"
+#include "app/PrayerCourse.hpp"
 #include "app/SettingsValues.hpp"
 #include "datetime/Date.hpp"
-#include "datetime/DateFormatter.hpp"
 
 namespace Hilalor {
 
@@ -36,32 +36,35 @@ struct AnnouncementElements {
   friend bool operator==(const AnnouncementElements&, const AnnouncementElements&) = default;
 };
 
-/// A prayer whose minute has come.
-struct Announcement {
-  PrayerTime prayer;
-  std::string key;  ///< Name and minute, "Fajr-2026-11-16 05:12": the same all through the minute.
-  AnnouncementElements elements;
-};
-
 /// The recording of the voice; none for no voice.
 [[nodiscard]] std::optional<std::string_view> athanFile(AthanVoice voice);
 
 /// The elements as the settings are now.
 [[nodiscard]] AnnouncementElements announcementElements(const AppSettings& settings);
 
-/// The rows that can fall due at the instant: the schedule of its civil day at the place and, after
-/// it, rows of the days beside it within a minute of the instant. Isha can come after midnight, and
-/// near the date line the schedule of a civil day can lie on the next one as a whole. Where the day
-/// itself has that prayer within twelve hours, the neighbour's is the same one told differently and
-/// is left out.
-[[nodiscard]] std::vector<PrayerTime> rowsAround(Date now, const AppSettings& settings);
+/// What was announced of late, so that nothing is announced twice, whatever happens to the
+/// machine's clock and zone. Kept in memory only.
+class Announced {
+ public:
+  /// Remembers the prayer, which was announced at that instant.
+  void add(const CalledPrayer& prayer, Date now);
 
-/// The announcement that is due at the instant: of the first of the five prayers in the schedule
-/// that falls in the same minute as the instant, both written by `minuteFormatter`. None when there
-/// is no such prayer, or its key is the last announced one.
-[[nodiscard]] std::optional<Announcement> dueAnnouncement(const AppSettings& settings,
-                                                          const std::vector<PrayerTime>& schedule,
-                                                          Date now, std::string_view lastKey,
-                                                          const DateFormatter& minuteFormatter);
+  [[nodiscard]] bool contains(const CalledPrayer& prayer) const;
+
+  /// The start of the first minute whose prayers can be due at the instant: its own, or that of the
+  /// latest announcement, which can have kept another prayer waiting, if a minute ago or less.
+  [[nodiscard]] Date firstMinute(Date now) const;
+
+ private:
+  std::array<CalledPrayer, 16> prayers_;  // Those of three days.
+  std::size_t count_ = 0;
+  Date latest_;
+};
+
+/// The prayer that is due at the instant: one in whose minute, from second 0 to 59, the instant
+/// lies. Two in one minute are due one after the other, the second at the next look, be it in the
+/// minute after. None when there is no such prayer, or it was announced.
+[[nodiscard]] std::optional<CalledPrayer> duePrayer(const PrayerCourse& course,
+                                                    const Announced& announced, Date now);
 
 }  // namespace Hilalor

@@ -1,8 +1,6 @@
 #include "app/MenuBarTitle.hpp"
 
 #include <algorithm>
-#include <cstdint>
-#include <optional>
 
 #include "app/PrayerTimesCalculator.hpp"
 #include "datetime/Calendar.hpp"
@@ -21,48 +19,32 @@ std::string todaysDate(PrimaryCalendar primaryCalendar, Date now) {
   return DateFormatter("d MMM", Calendar(identifier)).string(now);
 }
 
-// The first prayer after `now` in the schedule of the day that `day` lies in.
-std::optional<PrayerTime> nextSalah(const AppSettings& settings, const EffectiveLocation& location,
-                                    Date day, Date now) {
-  const auto schedule = PrayerTimesCalculator::calculate(day, location.latitude, location.longitude,
-                                                         location.timeZone, false, settings);
-  const auto next = std::find_if(schedule.begin(), schedule.end(), [&](const PrayerTime& row) {
-    return !row.isSunrise && !row.isSunnah && row.time > now;
-  });
-  return next != schedule.end() ? std::optional(*next) : std::nullopt;
-}
-
-std::string countdown(const PrayerTime& prayer, Date now) {
-  const auto secondsLeft = std::max(Seconds(0), prayer.time - now);
-  const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(secondsLeft).count();
-  if (minutes < 60) return prayer.name + " " + std::to_string(minutes) + "m";
-  return prayer.name + " " + std::to_string(minutes / 60) + "h " + std::to_string(minutes % 60) +
-         "m";
-}
-
 }  // namespace
 
-std::string menuBarTitle(const AppSettings& settings, Date now) {
+std::string menuBarTitle(const PrayerCourse& course, Date now) {
+  const auto& settings = course.settings();
   switch (settings.menuBarStyle.value()) {
     case MenuBarStyle::emoji:
       return kCalendarGlyph;
     case MenuBarStyle::nextPrayer:
-      return nextPrayerTitle(settings, now);
+      return nextPrayerTitle(course, now);
     case MenuBarStyle::date:
       break;
   }
   return todaysDate(settings.primaryCalendar, now);
 }
 
-std::string nextPrayerTitle(const AppSettings& settings, Date now) {
-  const auto location = settings.effectiveLocation();
-  auto next = nextSalah(settings, location, now, now);
-  if (!next) {
-    const Calendar gregorian(CalendarIdentifier::gregorian);
-    const Date tomorrow = gregorian.adding(CalendarUnit::day, 1, now).value_or(now);
-    next = nextSalah(settings, location, tomorrow, now);
-  }
+std::string nextPrayerTitle(const PrayerCourse& course, Date now) {
+  const auto next = course.next(now);
   return next ? countdown(*next, now) : kMosqueGlyph;
+}
+
+std::string countdown(const CalledPrayer& prayer, Date now) {
+  const auto secondsLeft = std::max(Seconds(0), prayer.time - now);
+  const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(secondsLeft).count();
+  const auto name = std::string(displayName(prayer.prayer));
+  if (minutes < 60) return name + " " + std::to_string(minutes) + "m";
+  return name + " " + std::to_string(minutes / 60) + "h " + std::to_string(minutes % 60) + "m";
 }
 
 std::string athanTitle(const std::string& activeAthanTitle) {

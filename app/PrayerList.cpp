@@ -1,45 +1,50 @@
 #include "app/PrayerList.hpp"
 
+#include <string_view>
+
+#include "app/PrayerTimesCalculator.hpp"
 #include "datetime/Calendar.hpp"
 #include "datetime/DateFormatter.hpp"
 
 namespace Hilalor {
+namespace {
 
-std::optional<std::size_t> activePrayerIndex(const std::vector<PrayerTime>& prayers,
-                                             Date displayDate, Date now) {
-  const Calendar calendar = Calendar::current();
-  if (calendar.startOfDay(displayDate) != calendar.startOfDay(now)) return std::nullopt;
-  for (std::size_t index = 0; index < prayers.size(); ++index) {
-    const PrayerTime& prayer = prayers[index];
-    if (!prayer.isSunrise && !prayer.isSunnah && prayer.time > now) return index;
+std::vector<PrayerRow> prayerRows(const PrayerDay& day, const std::optional<CalledPrayer>& active,
+                                  Date now, const DateFormatter& timeFormatter, bool showSunnah) {
+  std::vector<PrayerRow> rows;
+  const auto add = [&](std::string_view name, Date time) -> PrayerRow& {
+    return rows.emplace_back(PrayerRow{.name = std::string(name),
+                                       .time = timeFormatter.string(time),
+                                       .isPast = day.isPast(time, now)});
+  };
+  for (const auto prayer : Adhan::allCases<Adhan::Prayer>()) {
+    const auto time = day.time(prayer);
+    if (time) add(displayName(prayer), *time).isActive = active == CalledPrayer{prayer, *time};
   }
-  return std::nullopt;
+  const auto sunnah = showSunnah ? day.sunnahTimes() : std::nullopt;
+  if (sunnah) {
+    add("Middle of Night", sunnah->middleOfTheNight).isSunnah = true;
+    add("Last Third", sunnah->lastThirdOfTheNight).isSunnah = true;
+  }
+  return rows;
 }
 
-PrayerList prayerList(Date displayDate, Date now, const AppSettings& settings) {
-  const EffectiveLocation place = settings.effectiveLocation();
-  const auto prayers =
-      PrayerTimesCalculator::calculate(displayDate, place.latitude, place.longitude, place.timeZone,
-                                       settings.showSunnahTimes, settings);
+}  // namespace
+
+PrayerList prayerList(const PrayerCourse& course, Date displayDate, Date now) {
+  const EffectiveLocation place = course.settings().effectiveLocation();
   const Calendar gregorian(CalendarIdentifier::gregorian, place.timeZone);
   const Calendar hijri(CalendarIdentifier::islamicUmmAlQura, place.timeZone);
-  const DateFormatter timeFormatter("hh:mm a", gregorian);
-  const DateFormatter gregFormatter("EEEE, d MMMM yyyy", gregorian);
-  const DateFormatter hijriFormatter("d MMMM yyyy", hijri);
-
-  PrayerList list{.gregorianDate = gregFormatter.string(displayDate),
-                  .hijriDate = hijriFormatter.string(displayDate),
-                  .placeName = place.name,
-                  .rows = {}};
-  const auto active = activePrayerIndex(prayers, displayDate, now);
-  for (std::size_t index = 0; index < prayers.size(); ++index) {
-    const PrayerTime& prayer = prayers[index];
-    list.rows.push_back({.name = prayer.name,
-                         .time = timeFormatter.string(prayer.time),
-                         .isActive = active == index,
-                         .isPast = prayer.time <= now,
-                         .isSunnah = prayer.isSunnah});
-  }
+  PrayerList list{
+      .gregorianDate = DateFormatter("EEEE, d MMMM yyyy", gregorian).string(displayDate),
+      .hijriDate = DateFormatter("d MMMM yyyy", hijri).string(displayDate),
+      .placeName = place.name,
+      .rows = {}};
+  const auto day = course.day(displayDate);
+  if (!day) return list;
+  const auto active = course.hasBegun(displayDate, now) ? course.next(now) : std::nullopt;
+  list.rows = prayerRows(*day, active, now, DateFormatter("hh:mm a", gregorian),
+                         course.settings().showSunnahTimes);
   return list;
 }
 

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "app/AppSettings.hpp"
-#include "app/PrayerTimesCalculator.hpp"
+#include "app/PrayerCourse.hpp"
 #include "datetime/Date.hpp"
 
 namespace Hilalor {
@@ -33,13 +30,13 @@ struct PrayerList {
   friend bool operator==(const PrayerList&, const PrayerList&) = default;
 };
 
-/// The list of the day that holds `displayDate`, as it is to be shown at the instant `now`.
-[[nodiscard]] PrayerList prayerList(Date displayDate, Date now,
-                                    const AppSettings& settings = AppSettings::shared());
-
-/// The next prayer to come among the day's rows; never sunrise or a Sunnah time. None on any day
-/// but the machine's today, and none after the last prayer.
-[[nodiscard]] std::optional<std::size_t> activePrayerIndex(const std::vector<PrayerTime>& prayers,
-                                                           Date displayDate, Date now);
+/// The list of the civil day at the place that holds `displayDate`, as it is to be shown at the
+/// instant `now`.
+///
+/// One row at most is active, over all days' lists: that of the prayer the title counts to. It is
+/// on the list of the prayer's own day. After midnight with Isha still to come that is yesterday's
+/// list, and today's marks nothing until Isha has come. After Isha nothing is marked until
+/// midnight at the place: tomorrow's list never is. Sunrise and the Sunnah times never are.
+[[nodiscard]] PrayerList prayerList(const PrayerCourse& course, Date displayDate, Date now);
 
 }  // namespace Hilalor

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/PrayerTimesCalculator.hpp"
 #include "app/Uuid.hpp"
 #include "platform/Platform.hpp"
 
@@ -64,16 +65,14 @@ PrayerNotificationManager::~PrayerNotificationManager() {
 void PrayerNotificationManager::checkAndNotify() {
   if (!settings_.prayerNotificationsEnabled) return;
   const auto now = clock_.now();
-  const auto due =
-      dueAnnouncement(settings_, rowsAround(now, settings_), now, lastFiredKey_, minuteFormatter_);
+  const auto due = duePrayer(course_, announced_, now);
   if (!due) return;
-  lastFiredKey_ = due->key;
-  deliver(*due);
+  announced_.add(*due, now);
+  deliver(std::string(displayName(due->prayer)));
 }
 
-void PrayerNotificationManager::deliver(const Announcement& announcement) {
-  const auto& name = announcement.prayer.name;
-  const auto& elements = announcement.elements;
+void PrayerNotificationManager::deliver(const std::string& name) {
+  const auto elements = announcementElements(settings_);
   if (elements.banner) postBanner("🕌 " + name, "It's time for " + name + " prayer");
   activeAthanTitle.assign(name + " Athan");
   if (!elements.beep) {

@@ -9,8 +9,8 @@
 
 #include "app/Announcement.hpp"
 #include "app/AppSettings.hpp"
+#include "app/PrayerCourse.hpp"
 #include "app/SettingsValues.hpp"
-#include "datetime/DateFormatter.hpp"
 #include "platform/Clock.hpp"
 #include "platform/NotificationCenter.hpp"
 #include "platform/OneShotTimer.hpp"
@@ -82,7 +82,7 @@ class PrayerNotificationManager final : private NotificationCenter::Delegate,
   [[nodiscard]] NotificationOptions willPresent(const NotificationRequest& request) override;
   void audioPlayerDidFinishPlaying(AudioPlayer& player, bool successfully) override;
 
-  void deliver(const Announcement& announcement);
+  void deliver(const std::string& name);
   void postBanner(const std::string& title, const std::string& body);
   void beepOnce(const AnnouncementElements& elements);
   void beepInLoop(Seconds length, const AnnouncementElements& elements);
@@ -101,14 +101,14 @@ class PrayerNotificationManager final : private NotificationCenter::Delegate,
   NotificationCenter& notifications_;
   SoundService& sounds_;
 
-  std::string lastFiredKey_;
+  PrayerCourse course_{settings_};
+  Announced announced_;
   std::shared_ptr<SystemSound> beepSound_;
   std::shared_ptr<AudioPlayer> athanPlayer_;
   std::shared_ptr<AudioPlayer> duaPlayer_;
   OneShotTimer athanTitleTimer_;
   OneShotTimer beepLoopStopTimer_;
   bool pendingDua_ = false;
-  DateFormatter minuteFormatter_{"yyyy-MM-dd HH:mm"};
 
   /// What is on its way holds this weakly.
   std::shared_ptr<PrayerNotificationManager> self_{this, [](PrayerNotificationManager*) {}};

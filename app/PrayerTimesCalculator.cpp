@@ -36,11 +36,18 @@ const MethodEntry& entryOf(PrayerCalculationMethod setting) {
   return kMethods[static_cast<std::size_t>(setting)];
 }
 
-Adhan::CalculationParameters parameters(const AppSettings& settings) {
-  auto result = Adhan::params(adhanMethod(settings.calculationMethod));
-  const bool hanafi = settings.asrCalculation == AsrCalculation::hanafi;
-  result.madhab = hanafi ? Adhan::Madhab::hanafi : Adhan::Madhab::shafi;
-  return result;
+constexpr std::array<std::string_view, Adhan::kCaseCount<Adhan::Prayer>> kPrayerNames{
+    "Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
+
+PrayerTime row(std::string_view name, Date time) {
+  return {.id = Uuid::random(), .name = std::string(name), .time = time};
+}
+
+void addSunnahRows(const Adhan::SunnahTimes& sunnah, std::vector<PrayerTime>& rows) {
+  rows.push_back(row("Middle of Night", sunnah.middleOfTheNight));
+  rows.back().isSunnah = true;
+  rows.push_back(row("Last Third", sunnah.lastThirdOfTheNight));
+  rows.back().isSunnah = true;
 }
 
 }  // namespace
@@ -53,45 +60,34 @@ std::string_view displayName(PrayerCalculationMethod method) {
   return entryOf(method).displayName;
 }
 
+std::string_view displayName(Adhan::Prayer prayer) {
+  return kPrayerNames[static_cast<std::size_t>(prayer)];
+}
+
+Adhan::CalculationParameters PrayerTimesCalculator::parameters(const AppSettings& settings) {
+  auto result = Adhan::params(adhanMethod(settings.calculationMethod));
+  const bool hanafi = settings.asrCalculation == AsrCalculation::hanafi;
+  result.madhab = hanafi ? Adhan::Madhab::hanafi : Adhan::Madhab::shafi;
+  return result;
+}
+
 std::vector<PrayerTime> PrayerTimesCalculator::calculate(Date date, double latitude,
                                                          double longitude, const TimeZone& timeZone,
                                                          bool showSunnah,
                                                          const AppSettings& settings) {
   const auto local = Calendar(CalendarIdentifier::gregorian, timeZone).components(date);
   const DateComponents day{local.year, local.month, local.day, {}, {}, {}};
-  const auto found = times(day, latitude, longitude, settings);
-  return found ? rows(*found, showSunnah) : std::vector<PrayerTime>();
-}
-
-std::optional<Adhan::PrayerTimes> PrayerTimesCalculator::times(const DateComponents& day,
-                                                               double latitude, double longitude,
-                                                               const AppSettings& settings) {
-  return Adhan::PrayerTimes::make({latitude, longitude}, day, parameters(settings));
-}
-
-std::vector<PrayerTime> PrayerTimesCalculator::rows(const Adhan::PrayerTimes& times,
-                                                    bool showSunnah) {
-  std::vector<PrayerTime> result;
-  result.reserve(8);
-  const auto addPrayer = [&](std::string_view name, Date time) {
-    result.push_back({Uuid::random(), std::string(name), time});
-  };
-  addPrayer("Fajr", times.fajr);
-  addPrayer("Sunrise", times.sunrise);
-  result.back().isSunrise = true;
-  addPrayer("Dhuhr", times.dhuhr);
-  addPrayer("Asr", times.asr);
-  addPrayer("Maghrib", times.maghrib);
-  addPrayer("Isha", times.isha);
-  if (!showSunnah) return result;
-
-  if (const auto sunnah = Adhan::SunnahTimes::make(times)) {
-    addPrayer("Middle of Night", sunnah->middleOfTheNight);
-    result.back().isSunnah = true;
-    addPrayer("Last Third", sunnah->lastThirdOfTheNight);
-    result.back().isSunnah = true;
+  const auto times = Adhan::PrayerTimes::make({latitude, longitude}, day, parameters(settings));
+  std::vector<PrayerTime> rows;
+  if (!times) return rows;
+  rows.reserve(8);
+  for (const auto prayer : Adhan::allCases<Adhan::Prayer>()) {
+    rows.push_back(row(displayName(prayer), times->time(prayer)));
+    rows.back().isSunrise = prayer == Adhan::Prayer::sunrise;
   }
-  return result;
+  const auto sunnah = showSunnah ? Adhan::SunnahTimes::make(*times) : std::nullopt;
+  if (sunnah) addSunnahRows(*sunnah, rows);
+  return rows;
 }
 
 }  // namespace Hilalor

@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "Adhan/Models/CalculationMethod.hpp"
-#include "Adhan/PrayerTimes.hpp"
+#include "Adhan/Models/CalculationParameters.hpp"
+#include "Adhan/Models/Prayer.hpp"
 #include "app/AppSettings.hpp"
 #include "app/SettingsValues.hpp"
 #include "app/Uuid.hpp"
 #include "datetime/Date.hpp"
-#include "datetime/DateComponents.hpp"
 #include "datetime/TimeZone.hpp"
 
 namespace Hilalor {
@@ -31,27 +31,24 @@ struct PrayerTime {
 /// What the settings screen calls the method: "Umm Al-Qura, Makkah".
 [[nodiscard]] std::string_view displayName(PrayerCalculationMethod method);
 
-/// The day's prayer times as the user sees and hears them.
+/// What the screens, the title and the banners call it: "Fajr".
+[[nodiscard]] std::string_view displayName(Adhan::Prayer prayer);
+
+/// From the user's preferences to the engine and back to named rows, for a date as the engine has
+/// it. What the program shows and calls is chosen from the engine's days by `PrayerCourse`.
 namespace PrayerTimesCalculator {
 
-/// The schedule of the civil day that the instant lies in at a place: Fajr, Sunrise, Dhuhr, Asr,
+/// The engine's parameters of the method and the school of Asr that the user chose.
+[[nodiscard]] Adhan::CalculationParameters parameters(const AppSettings& settings);
+
+/// The engine's schedule of the date that the instant has at a place: Fajr, Sunrise, Dhuhr, Asr,
 /// Maghrib, Isha and, if wanted, Middle of Night and Last Third, in this order whatever their
-/// times. Latitude and longitude are degrees, north and east positive. The method and the school of
-/// Asr are the settings'. Empty where the sun gives no such day (polar day or night); without the
-/// last two rows where it gives none the next day. Near the date line the times can be those of the
-/// day after (see Adhan::PrayerTimes::make).
+/// times. Latitude and longitude are degrees, north and east positive. Empty where the sun gives no
+/// such day (polar day or night); without the last two rows where it gives none the next day. Near
+/// the date line the times can be those of a day beside it (see Adhan::PrayerTimes::make).
 [[nodiscard]] std::vector<PrayerTime> calculate(
     Date date, double latitude, double longitude, const TimeZone& timeZone, bool showSunnah,
     const AppSettings& settings = AppSettings::shared());
-
-/// The engine's times that such a schedule shows, of a civil day by its Gregorian year, month and
-/// day, which may be out of range and carry over: day 0 is the last of the month before.
-[[nodiscard]] std::optional<Adhan::PrayerTimes> times(const DateComponents& day, double latitude,
-                                                      double longitude,
-                                                      const AppSettings& settings);
-
-/// The rows of those times, the prayers in the engine's order first.
-[[nodiscard]] std::vector<PrayerTime> rows(const Adhan::PrayerTimes& times, bool showSunnah);
 
 }  // namespace PrayerTimesCalculator
 

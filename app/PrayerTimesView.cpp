@@ -1,6 +1,7 @@
 #include "app/PrayerTimesView.hpp"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "platform/Platform.hpp"
 
@@ -14,7 +15,7 @@ constexpr Insets kHeaderPadding{.top = 2, .bottom = 2};
 constexpr TextStyle kGregorianStyle{.size = 11, .weight = QFont::Medium};
 constexpr TextStyle kHijriStyle{.size = 10, .color = &Colors::secondary};
 constexpr TextStyle kPlaceStyle{.size = 9, .color = &Colors::secondary, .opacity = 0.7};
-// Sunrise counted; the Sunnah times come after them.
+// Places of rows: sunrise counted; the Sunnah times come after them.
 constexpr std::size_t kPrayers = 6;
 constexpr int kRowSpacing = 1;
 constexpr Insets kSunnahDividerPadding{.top = 2, .leading = 6, .bottom = 2, .trailing = 6};
@@ -69,7 +70,7 @@ class PrayerRowView final : public View {
 
 PrayerTimesView::PrayerTimesView(Date displayDate)
     : displayDate_(displayDate), now_(Platform::current().clock.now()) {
-  atRedraw([this] { prayers_ = prayerList(displayDate_, now_, settings_); });
+  atRedraw([this] { prayers_ = prayerList(course_, displayDate_, now_); });
   setBody(column({.spacing = kSpacing},
                  {divider(kDividerInset), header(), divider(kDividerInset), prayerRows()}));
 
@@ -105,18 +106,27 @@ QWidget* PrayerTimesView::header() {
 
 QWidget* PrayerTimesView::prayerRows() {
   auto* beforeSunnah =
-      onlyWhile([this] { return prayers_.rows.size() > kPrayers; }, divider(kSunnahDividerPadding));
+      onlyWhile([this] { return shownRow(kPrayers) != nullptr; }, divider(kSunnahDividerPadding));
   return column({.spacing = kRowSpacing},
                 {prayerRow(0), prayerRow(1), prayerRow(2), prayerRow(3), prayerRow(4), prayerRow(5),
                  beforeSunnah, prayerRow(6), prayerRow(7)});
 }
 
-QWidget* PrayerTimesView::prayerRow(std::size_t index) {
-  auto* row = onlyWhile([this, index] { return index < prayers_.rows.size(); }, new PrayerRowView);
-  atRedraw([this, index, row] {
-    if (index < prayers_.rows.size()) row->show(prayers_.rows[index]);
+QWidget* PrayerTimesView::prayerRow(std::size_t place) {
+  auto* row = onlyWhile([this, place] { return shownRow(place) != nullptr; }, new PrayerRowView);
+  atRedraw([this, place, row] {
+    if (const auto* shown = shownRow(place)) row->show(*shown);
   });
   return row;
+}
+
+const PrayerRow* PrayerTimesView::shownRow(std::size_t place) const {
+  const auto& rows = prayers_.rows;
+  const auto prayers = static_cast<std::size_t>(
+      std::ranges::count_if(rows, [](const PrayerRow& row) { return !row.isSunnah; }));
+  if (place < kPrayers) return place < prayers ? &rows[place] : nullptr;
+  const auto index = prayers + place - kPrayers;
+  return index < rows.size() ? &rows[index] : nullptr;
 }
 
 void PrayerTimesView::refreshNow() {

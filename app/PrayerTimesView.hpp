@@ -31,10 +31,14 @@ class PrayerTimesView final : public View {
  private:
   [[nodiscard]] QWidget* header();
   [[nodiscard]] QWidget* prayerRows();
-  [[nodiscard]] QWidget* prayerRow(std::size_t index);
+  [[nodiscard]] QWidget* prayerRow(std::size_t place);
+
+  /// What stands at that place, of six for the prayers and two for the Sunnah times.
+  [[nodiscard]] const PrayerRow* shownRow(std::size_t place) const;
   void refreshNow();
 
   AppSettings& settings_ = AppSettings::shared();
+  PrayerCourse course_{settings_};
   LocationManager& locationManager_ = LocationManager::shared();
   Date displayDate_;
   Date now_;

@@ -46,7 +46,7 @@ StatusBarController::StatusBarController(Updater* updater)
       statusItem_(platform_.statusBar.makeItem()),
       updater_(updater) {
   if (auto* button = statusItem_->button()) {
-    button->setTitle(menuBarTitle(settings_, platform_.clock.now()));
+    button->setTitle(menuBarTitle(course_, platform_.clock.now()));
     button->setAction([this](const StatusItemClick& click) { handleClick(click); });
     fillMenus(*button);
   }
@@ -101,7 +101,7 @@ void StatusBarController::updateTitle() {
   if (button == nullptr) return;
   const auto& announced = alerts_.activeAthanTitle.value();
   button->setTitle(announced ? athanTitle(*announced)
-                             : menuBarTitle(settings_, platform_.clock.now()));
+                             : menuBarTitle(course_, platform_.clock.now()));
 }
 
 void StatusBarController::handleClick(const StatusItemClick& click) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/AppSettings.hpp"
+#include "app/PrayerCourse.hpp"
 #include "app/PrayerNotificationManager.hpp"
 #include "platform/MouseMonitor.hpp"
 #include "platform/Panel.hpp"
@@ -64,6 +65,7 @@ class StatusBarController {
   Platform& platform_;
   AppSettings& settings_;
   PrayerNotificationManager& alerts_;
+  PrayerCourse course_{settings_};
   std::unique_ptr<StatusItem> statusItem_;
   std::optional<Point> pointerOnItem_;  // At the last click.
   std::unique_ptr<Panel> panel_;

@@ -20,14 +20,17 @@ class MenuBarTitleTest : public ::testing::Test {
  private:
   SystemTimeZone zone_{"Asia/Riyadh"};
   FakePlatform desktop_;
+
+ protected:
+  PrayerCourse course_;
 };
 
 TEST_F(MenuBarTitleTest, SunnahRowsDoNotCount) {
   const Date afterIsha = kMidnight + std::chrono::hours(22);
-  const auto without = nextPrayerTitle(settings(), afterIsha);
+  const auto without = nextPrayerTitle(course_, afterIsha);
   EXPECT_TRUE(without.starts_with("Fajr ")) << without;
   settings().showSunnahTimes = true;
-  EXPECT_EQ(nextPrayerTitle(settings(), afterIsha), without);
+  EXPECT_EQ(nextPrayerTitle(course_, afterIsha), without);
 }
 
 TEST_F(MenuBarTitleTest, NonsensePlacesAreNoMoreThanThat) {
@@ -40,10 +43,10 @@ TEST_F(MenuBarTitleTest, NonsensePlacesAreNoMoreThanThat) {
     SCOPED_TRACE(number);
     settings().manualLatitude = number;
     settings().manualLongitude = 10.0;
-    EXPECT_THAT(nextPrayerTitle(settings(), kMidnight), title);
+    EXPECT_THAT(nextPrayerTitle(course_, kMidnight), title);
     settings().manualLatitude = 21.0;
     settings().manualLongitude = number;
-    EXPECT_THAT(nextPrayerTitle(settings(), kMidnight), title);
+    EXPECT_THAT(nextPrayerTitle(course_, kMidnight), title);
   }
 }
 

@@ -35,12 +35,13 @@ class PrayerListTest : public testing::Test {
  protected:
   SystemTimeZone zone{"Asia/Riyadh"};
   FakePlatform desktop;
+  PrayerCourse course;
 };
 
 TEST_F(PrayerListTest, HighlightsTheNextPrayerAndDimsThePastOnes) {
-  const auto at = [](int hour, int minute) {
+  const auto at = [this](int hour, int minute) {
     const Date now = riyadh(16, hour, minute);
-    return prayerList(now, now);
+    return prayerList(course, now, now);
   };
   EXPECT_THAT(named(at(13, 0), &PrayerRow::isActive), ElementsAre("Asr"));
   EXPECT_THAT(named(at(13, 0), &PrayerRow::isPast), ElementsAre("Fajr", "Sunrise", "Dhuhr"));
@@ -55,17 +56,17 @@ TEST_F(PrayerListTest, APrayerAtThisVerySecondIsPast) {
   const auto place = AppSettings::shared().effectiveLocation();
   const auto prayers = PrayerTimesCalculator::calculate(noon, place.latitude, place.longitude,
                                                         place.timeZone, false);
-  const PrayerList list = prayerList(noon, prayers[2].time);
+  const PrayerList list = prayerList(course, noon, prayers[2].time);
   EXPECT_THAT(named(list, &PrayerRow::isPast), ElementsAre("Fajr", "Sunrise", "Dhuhr"));
   EXPECT_THAT(named(list, &PrayerRow::isActive), ElementsAre("Asr"));
 }
 
 TEST_F(PrayerListTest, HighlightsOnTodaysPageOnly) {
   const Date now = riyadh(16, 13, 0);
-  const PrayerList yesterday = prayerList(riyadh(15, 13, 0), now);
+  const PrayerList yesterday = prayerList(course, riyadh(15, 13, 0), now);
   EXPECT_THAT(named(yesterday, &PrayerRow::isActive), IsEmpty());
   EXPECT_EQ(named(yesterday, &PrayerRow::isPast).size(), 6U);
-  const PrayerList tomorrow = prayerList(riyadh(17, 13, 0), now);
+  const PrayerList tomorrow = prayerList(course, riyadh(17, 13, 0), now);
   EXPECT_THAT(named(tomorrow, &PrayerRow::isActive), IsEmpty());
   EXPECT_THAT(named(tomorrow, &PrayerRow::isPast), IsEmpty());
 }
@@ -79,7 +80,7 @@ TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
   settings.manualTimeZoneId = "Asia/Jakarta";
   // Late on the 16th in Riyadh it is early on the 17th in Jakarta.
   const Date now = riyadh(16, 23, 0);
-  const PrayerList list = prayerList(now, now);
+  const PrayerList list = prayerList(course, now, now);
   EXPECT_EQ(list.gregorianDate, "Tuesday, 17 November 2026");
   EXPECT_EQ(list.hijriDate, "7 Jumada II 1448");
   EXPECT_EQ(list.placeName, "Jakarta");
@@ -90,7 +91,7 @@ TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
 TEST_F(PrayerListTest, SunnahTimesComeLastAndAreNeverNext) {
   AppSettings::shared().showSunnahTimes = true;
   const Date now = riyadh(16, 22, 0);
-  const PrayerList list = prayerList(now, now);
+  const PrayerList list = prayerList(course, now, now);
   EXPECT_THAT(named(list, &PrayerRow::isSunnah), ElementsAre("Middle of Night", "Last Third"));
   EXPECT_EQ(list.rows.size(), 8U);
   EXPECT_THAT(named(list, &PrayerRow::isActive), IsEmpty());
@@ -101,7 +102,7 @@ TEST_F(PrayerListTest, HasNoRowsWhereTheSunGivesNone) {
   settings.locationMode = LocationMode::manual;
   settings.manualLatitude = 80;
   settings.manualLongitude = 20;
-  const PrayerList list = prayerList(riyadh(16, 12, 0), riyadh(16, 12, 0));
+  const PrayerList list = prayerList(course, riyadh(16, 12, 0), riyadh(16, 12, 0));
   EXPECT_THAT(list.rows, IsEmpty());
   EXPECT_FALSE(list.gregorianDate.empty());
 }
