@@ -1,16 +1,29 @@
 #include "desktop/item/DockedWindow.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "desktop/Xcb.hpp"
+#include "desktop/item/ItemPainter.hpp"
 
 namespace Hilalor {
 namespace {
 
 constexpr std::uint32_t kXembedVersion = 0;
 constexpr std::uint32_t kXembedMapped = 1;
-constexpr int kFreeColumns = 2;
+constexpr int kAround = 2;
+
+/// The colour in the middle by lightness, for some may be of neighbours and of the bar's edge.
+std::optional<QColor> typicalColour(std::vector<QColor> colours) {
+  if (colours.empty()) return std::nullopt;
+  const auto middle = colours.begin() + static_cast<std::ptrdiff_t>(colours.size() / 2);
+  std::nth_element(colours.begin(), middle, colours.end(), [](const auto& one, const auto& other) {
+    return lightness(one) < lightness(other);
+  });
+  return *middle;
+}
 
 }  // namespace
 
@@ -45,7 +58,12 @@ void DockedWindow::askForSize(const QSize& size) const {
       connection_, xcb_change_property_checked(connection_, XCB_PROP_MODE_REPLACE, window_,
                                                XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
                                                hints.size(), hints.data()));
-  const std::array<std::uint32_t, 2> wanted = {width, height};
+  resize(size);
+}
+
+void DockedWindow::resize(const QSize& size) const {
+  const std::array<std::uint32_t, 2> wanted = {static_cast<std::uint32_t>(size.width()),
+                                               static_cast<std::uint32_t>(size.height())};
   Xcb::ignoreFailure(
       connection_,
       xcb_configure_window_checked(
@@ -53,18 +71,39 @@ void DockedWindow::askForSize(const QSize& size) const {
   xcb_flush(connection_);
 }
 
-bool DockedWindow::isOnScreen() const {
+std::optional<DockedPlace> DockedWindow::place() const {
+  const auto own = isShown() ? rectOnScreen(window_) : std::nullopt;
+  const auto screen = rectOnScreen(screen_->root);
+  if (!own || !screen) return std::nullopt;
+  std::optional<DockedPlace> place;
+  for (auto around = parent(window_); around != screen_->root; around = parent(*around)) {
+    const auto rect = around ? rectOnScreen(*around) : std::nullopt;
+    if (!rect) return std::nullopt;
+    place = {*own, place ? place->room & *rect : *rect, *rect, *screen};
+  }
+  return place;
+}
+
+std::optional<xcb_window_t> DockedWindow::parent(xcb_window_t window) const {
+  const auto tree =
+      Xcb::answer(xcb_query_tree_reply, connection_, xcb_query_tree(connection_, window));
+  if (!tree) return std::nullopt;
+  return tree->parent;
+}
+
+std::optional<QRect> DockedWindow::rectOnScreen(xcb_window_t window) const {
+  const auto geometry = xcb_get_geometry(connection_, window);
+  const auto corner = xcb_translate_coordinates(connection_, window, screen_->root, 0, 0);
+  const auto size = Xcb::answer(xcb_get_geometry_reply, connection_, geometry);
+  const auto at = Xcb::answer(xcb_translate_coordinates_reply, connection_, corner);
+  if (!size || !at) return std::nullopt;
+  return QRect(at->dst_x, at->dst_y, size->width, size->height);
+}
+
+bool DockedWindow::isShown() const {
   const auto attributes = Xcb::answer(xcb_get_window_attributes_reply, connection_,
                                       xcb_get_window_attributes(connection_, window_));
   return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
-std::optional<QPoint> DockedWindow::place() const {
-  const auto corner =
-      Xcb::answer(xcb_translate_coordinates_reply, connection_,
-                  xcb_translate_coordinates(connection_, window_, screen_->root, 0, 0));
-  if (!corner) return std::nullopt;
-  return QPoint(corner->dst_x, corner->dst_y);
 }
 
 std::optional<QImage> DockedWindow::backdrop(const QSize& size) const {
@@ -75,10 +114,19 @@ std::optional<QImage> DockedWindow::backdrop(const QSize& size) const {
   return image(window_, {QPoint(), size});
 }
 
-std::optional<QImage> DockedWindow::leftEnd(int height) const {
-  const auto corner = place();
-  if (!corner) return std::nullopt;
-  return image(screen_->root, {*corner, QSize(kFreeColumns, height)});
+std::optional<QColor> DockedWindow::colourAround(const DockedPlace& place, int freeAtEnds) const {
+  const QRect own = place.visible();
+  const QRect seen = own.adjusted(-kAround, -kAround, kAround, kAround) & place.bar & place.screen;
+  const auto picture = own.isEmpty() ? std::nullopt : image(screen_->root, seen);
+  if (!picture) return std::nullopt;
+  const QRect painted = own.adjusted(freeAtEnds, 0, -freeAtEnds, 0).translated(-seen.topLeft());
+  std::vector<QColor> colours;
+  for (int y = 0; y < picture->height(); ++y) {
+    for (int x = 0; x < picture->width(); ++x) {
+      if (!painted.contains(x, y)) colours.push_back(picture->pixelColor(x, y));
+    }
+  }
+  return typicalColour(std::move(colours));
 }
 
 std::optional<QImage> DockedWindow::image(xcb_window_t window, const QRect& part) const {

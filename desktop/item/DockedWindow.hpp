@@ -2,11 +2,13 @@
 
 #include <xcb/xcb.h>
 
+#include <QColor>
 #include <QImage>
-#include <QPoint>
 #include <QRect>
 #include <QSize>
 #include <optional>
+
+#include "desktop/item/DockedPlace.hpp"
 
 namespace Hilalor {
 
@@ -25,23 +27,28 @@ class DockedWindow {
   /// Lets the tray know whether the window is to be seen.
   void tell(Wish wish) const;
 
-  /// Asks the tray for that much room.
+  /// Asks the tray for that much room. The window itself has the size at once, whatever is seen of
+  /// it.
   void askForSize(const QSize& size) const;
 
-  [[nodiscard]] bool isOnScreen() const;
+  /// Gives the window a size without asking the tray.
+  void resize(const QSize& size) const;
 
-  /// Where its top left corner is on the screen.
-  [[nodiscard]] std::optional<QPoint> place() const;
+  /// None while the window is not shown, or stands in no tray.
+  [[nodiscard]] std::optional<DockedPlace> place() const;
 
   /// What the tray paints behind the window, if that is opaque; none while it is not on the screen.
   /// Clears the window.
   [[nodiscard]] std::optional<QImage> backdrop(const QSize& size) const;
 
-  /// The left end of the window, which a title leaves free, as the eye sees it with the bar through
-  /// a transparent window; none outside the screen.
-  [[nodiscard]] std::optional<QImage> leftEnd(int height) const;
+  /// The colour of the bar, from what the eye sees close around the window and of so many columns
+  /// at its ends that are left free; none where nothing of the bar is seen there.
+  [[nodiscard]] std::optional<QColor> colourAround(const DockedPlace& place, int freeAtEnds) const;
 
  private:
+  [[nodiscard]] std::optional<xcb_window_t> parent(xcb_window_t window) const;
+  [[nodiscard]] std::optional<QRect> rectOnScreen(xcb_window_t window) const;
+  [[nodiscard]] bool isShown() const;
   [[nodiscard]] std::optional<QImage> image(xcb_window_t window, const QRect& part) const;
 
   xcb_connection_t* connection_;

@@ -8,9 +8,6 @@
 namespace Hilalor {
 namespace {
 
-/// Of the natural width, what a title can do without.
-constexpr int kSpareAir = 4;
-
 Rect platformRect(const QRect& rect) {
   return {{static_cast<double>(rect.x()), static_cast<double>(rect.y())},
           {static_cast<double>(rect.width()), static_cast<double>(rect.height())}};
@@ -33,6 +30,18 @@ ItemFace::ItemFace(const ItemContent& content, const ItemPainter& painter, Groun
 
 void ItemFace::setPlaceFinder(std::function<std::optional<QRect>()> finder) {
   placeFinder_ = std::move(finder);
+}
+
+void ItemFace::setShape(Shape shape) {
+  if (shape == shape_) return;
+  shape_ = shape;
+  update();
+}
+
+void ItemFace::setVisiblePart(const QRect& part) {
+  if (part == visiblePart_) return;
+  visiblePart_ = part;
+  update();
 }
 
 void ItemFace::setInk(const Ink& ink) {
@@ -67,11 +76,22 @@ void ItemFace::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (testAttribute(Qt::WA_OpaquePaintEvent)) painter.fillRect(rect(), palette().window());
   if (!backdrop_.isNull()) painter.drawImage(QPoint(), backdrop_);
-  if (naturalWidth(height()) <= width() + kSpareAir) {
-    painter_.drawTitle(painter, rect(), content_.title, ink_);
-  } else {
-    painter_.drawCompact(painter, rect(), content_.title);
+  const double scale = devicePixelRatioF();
+  const QRect part = partToDrawIn();
+  if (shape_ == Shape::square) {
+    // A square has few pixels; at broken scales none is to be half one.
+    painter.scale(1 / scale, 1 / scale);
+    return painter_.drawCompact(painter, part, content_.title);
   }
+  painter.translate(QPointF(part.topLeft()) / scale);
+  const QSize size = (QSizeF(part.size()) / scale).toSize();
+  painter_.drawTitle(painter, {QPoint(), size}, content_.title, ink_);
+}
+
+/// In device pixels.
+QRect ItemFace::partToDrawIn() const {
+  const QRect all(QPoint(), (QSizeF(size()) * devicePixelRatioF()).toSize());
+  return visiblePart_ ? all & *visiblePart_ : all;
 }
 
 void ItemFace::mouseReleaseEvent(QMouseEvent* event) {

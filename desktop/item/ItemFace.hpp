@@ -11,11 +11,12 @@
 
 namespace Hilalor {
 
-/// The item as a window of our own: the whole title where it has the width for it, else a square.
-/// Tells of clicks on their release and opens the menu.
+/// The item as a window of our own: the whole title or a square. Tells of clicks on their release
+/// and opens the menu.
 class ItemFace : public QWidget {
  public:
   enum class Ground { transparent, opaque };
+  enum class Shape { whole, square };
 
   /// Content and painter must outlive the face.
   ItemFace(const ItemContent& content, const ItemPainter& painter, Ground ground);
@@ -23,6 +24,14 @@ class ItemFace : public QWidget {
   /// How the face learns where it stands on the screen, in logical pixels; by itself it knows that
   /// only of a window that stands alone.
   void setPlaceFinder(std::function<std::optional<QRect>()> finder);
+
+  /// Shows the whole title, as it does from the beginning, or a square.
+  void setShape(Shape shape);
+  [[nodiscard]] Shape shape() const { return shape_; }
+
+  /// The part of the window that the eye sees, in device pixels from its top left; all of it as
+  /// long as none is set.
+  void setVisiblePart(const QRect& part);
 
   void setInk(const Ink& ink);
 
@@ -44,10 +53,14 @@ class ItemFace : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  [[nodiscard]] QRect partToDrawIn() const;
+
   const ItemContent& content_;
   const ItemPainter& painter_;
   std::function<std::optional<QRect>()> placeFinder_;
   bool isDrawnElsewhere_ = false;
+  Shape shape_ = Shape::whole;
+  std::optional<QRect> visiblePart_;
   Ink ink_;
   QImage backdrop_;
   ItemMenu menu_;

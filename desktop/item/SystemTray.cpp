@@ -114,10 +114,11 @@ std::optional<QColor> SystemTray::textColour() const {
   return QColor(channel(0), channel(1), channel(2));
 }
 
-DockedWindow SystemTray::dock(xcb_window_t window) {
+DockedWindow SystemTray::dock(xcb_window_t window, const QSize& size) {
   docked_ = window;
   const DockedWindow docked(connection_, screen_, window, atoms_.xembedInfo);
   docked.tell(DockedWindow::Wish::hidden);
+  docked.askForSize(size);
   xcb_client_message_event_t request{};
   request.response_type = XCB_CLIENT_MESSAGE;
   request.format = 32;

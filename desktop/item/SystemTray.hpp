@@ -37,8 +37,9 @@ class SystemTray : public QAbstractNativeEventFilter {
   /// The colour of its own texts, where it tells. It may be of another theme than the bar's.
   [[nodiscard]] std::optional<QColor> textColour() const;
 
-  /// Asks the tray to take the window in, hidden at first. Only the window docked last is watched.
-  [[nodiscard]] DockedWindow dock(xcb_window_t window);
+  /// Asks the tray to take the window in, hidden at first, and to give it that much room, in device
+  /// pixels. Only the window docked last is watched.
+  [[nodiscard]] DockedWindow dock(xcb_window_t window, const QSize& size);
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 

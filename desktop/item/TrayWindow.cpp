@@ -13,8 +13,14 @@
 namespace Hilalor {
 namespace {
 
-/// The height of icons in common trays; the tray makes of it what its bar has.
-constexpr int kAskedHeight = 22;
+/// The height of icons in common trays, in device pixels; the tray makes of it what its bar has.
+constexpr int kUsualHeight = 22;
+/// Of the natural width, what a title can do without.
+constexpr int kSpareAir = 4;
+/// Columns at its ends that a whole title leaves free.
+constexpr int kFreeAtEnds = 2;
+/// What is seen of a window is a square from so many pixels on.
+constexpr int kSmallestSquare = 8;
 constexpr std::chrono::seconds kPatience{1};
 /// A bar that comes to look different tells of its colours or has its windows painted anew. One
 /// that does neither is looked at every five minutes, by the titles that are told twice a minute:
@@ -28,6 +34,11 @@ double contrast(const QColor& one, const QColor& other) {
   return std::abs(lightness(one) - lightness(other));
 }
 
+bool isSeen(const DockedPlace& place) {
+  const QSize seen = place.visible().size();
+  return seen.width() >= kSmallestSquare && seen.height() >= kSmallestSquare;
+}
+
 }  // namespace
 
 TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& content,
@@ -39,12 +50,12 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
       trayText_(tray.textColour()),
       face_(content, painter,
             isTransparent_ ? ItemFace::Ground::transparent : ItemFace::Ground::opaque),
-      askedWidth_(face_.naturalWidth(kAskedHeight)) {
+      asked_(sizeToAskFor(kUsualHeight)) {
   face_.setPlaceFinder([this] { return placeInTray(); });
+  face_.setShape(ItemFace::Shape::square);
   // Trays remember the items they took in by this name, which must not be another every time.
   face_.setWindowTitle(QStringLiteral("Hilalor"));
-  face_.resize(askedWidth_, kAskedHeight);
-  window_ = tray_.dock(static_cast<xcb_window_t>(face_.winId()));
+  window_ = tray_.dock(static_cast<xcb_window_t>(face_.winId()), asked_);
   face_.windowHandle()->installEventFilter(this);
   embedded_ = tray_.embedded.subscribe([this] { show(); });
   expelled_ = tray_.expelled.subscribe([this] { refuse(); });
@@ -54,18 +65,14 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
     // The bar itself may be painted in its new colours only now.
     secondLook_ = loop_.once(kPatience, [this] { matchBar(); });
   });
-  patience_ = loop_.once(kPatience, [this] {
-    if (!window_->isOnScreen()) return refuse();
-    // By now the bar is painted too.
-    matchBar();
-  });
+  waitForAnswer();
 }
 
 TrayWindow::~TrayWindow() = default;
 
 void TrayWindow::titleChanged() {
   face_.titleChanged();
-  askForRoom();
+  lookAtRoom();
   lookAround();
 }
 
@@ -74,10 +81,7 @@ void TrayWindow::lookAround() {
 }
 
 bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize || event->type() == QEvent::Expose) {
-    // The face has the new size only after this event.
-    QMetaObject::invokeMethod(this, &TrayWindow::useRoomGiven, Qt::QueuedConnection);
-  }
+  if (event->type() == QEvent::Resize || event->type() == QEvent::Expose) lookAtRoomLater();
   return QObject::eventFilter(watched, event);
 }
 
@@ -85,59 +89,112 @@ void TrayWindow::show() {
   // Only now: a window shown before the tray has it is a stray window on the screen.
   face_.titleChanged();
   face_.show();
+  // Which put hints of its own in place of ours.
+  window_->askForSize(asked_);
   window_->tell(DockedWindow::Wish::shown);
-  askForRoom();
 }
 
-void TrayWindow::askForRoom() {
-  const int natural = face_.naturalWidth(face_.height());
-  askedWidth_ = static_cast<int>(std::ceil(natural / stretch_));
+QSize TrayWindow::sizeToAskFor(int height) const {
   const double scale = face_.devicePixelRatioF();
-  window_->askForSize((QSizeF(askedWidth_, kAskedHeight) * scale).toSize());
+  const int natural = face_.naturalWidth(static_cast<int>(std::lround(height / scale)));
+  return {static_cast<int>(std::ceil(natural * scale)), height};
 }
 
-void TrayWindow::useRoomGiven() {
-  const int natural = face_.naturalWidth(face_.height());
-  stretch_ = std::max(1.0, static_cast<double>(face_.width()) / askedWidth_);
-  const int better = static_cast<int>(std::ceil(natural / stretch_));
-  // A pixel is rounding on the tray's side; following it would go on for ever.
-  if (std::abs(better - askedWidth_) > 1) askForRoom();
+void TrayWindow::askForRoom(const DockedPlace& place) {
+  // In the tray's own height: some trays scale what they are asked for to that.
+  const QSize size = sizeToAskFor(place.visible().height());
+  if (size == asked_) return;
+  asked_ = size;
+  window_->askForSize(size);
+  waitForAnswer();
+}
+
+void TrayWindow::waitForAnswer() {
+  patience_ = loop_.once(kPatience, [this] { judge(); });
+}
+
+void TrayWindow::lookAtRoomLater() {
+  if (std::exchange(isToLookAtRoom_, true)) return;
+  // The face has its new size only after the display's event.
+  const auto look = [this] {
+    isToLookAtRoom_ = false;
+    lookAtRoom();
+    matchBar();
+  };
+  QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
+}
+
+void TrayWindow::lookAtRoom() {
+  const auto place = window_->place();
+  // A tray that is moving its windows has some out of sight.
+  if (!place || !isSeen(*place)) return waitForAnswer();
+  if (place->room.size() != refusingRoom_) refusingRoom_.reset();
+  if (!refusingRoom_) askForRoom(*place);
+  draw(*place);
+}
+
+/// What the tray has given by now is its answer.
+void TrayWindow::judge() {
+  patience_.reset();
+  const auto place = window_->place();
+  if (place ? !isSeen(*place) : !wasShown_) return refuse();
+  if (!place) return;
+  wasShown_ = true;
+  if (!refusingRoom_) askForRoom(*place);
+  if (!patience_ && !holdsWholeTitle(*place)) {
+    refusingRoom_ = place->room.size();
+    window_->resize(place->visible().size());
+  }
+  draw(*place);
+  // By now the bar is painted too.
   matchBar();
 }
 
+bool TrayWindow::holdsWholeTitle(const DockedPlace& place) const {
+  const QSize seen = place.visible().size();
+  const double spare = kSpareAir * face_.devicePixelRatioF();
+  return sizeToAskFor(seen.height()).width() <= seen.width() + spare;
+}
+
+void TrayWindow::draw(const DockedPlace& place) {
+  // A title that was whole stays so while the tray makes room for a longer one.
+  const bool isWaiting = patience_ && face_.shape() == ItemFace::Shape::whole;
+  const bool isWhole = isWaiting || holdsWholeTitle(place);
+  face_.setShape(isWhole ? ItemFace::Shape::whole : ItemFace::Shape::square);
+  face_.setVisiblePart(place.visible().translated(-place.window.topLeft()));
+}
+
 void TrayWindow::matchBar() {
-  const auto bar = lookAtBar();
-  if (!bar) {
+  const auto ground = lookAtBar();
+  if (!ground) {
     face_.setInk(trayText_ ? Ink{*trayText_, std::nullopt} : kInkOnUnknown);
     return;
   }
-  const QColor ground = meanColour(*bar);
   // Trays are known to tell a colour of another theme than their bar's.
-  const bool canBeRead = trayText_ && contrast(*trayText_, ground) >= kLeastContrast;
-  face_.setInk(canBeRead ? Ink{*trayText_, std::nullopt} : Ink::on(ground));
+  const bool canBeRead = trayText_ && contrast(*trayText_, *ground) >= kLeastContrast;
+  face_.setInk(canBeRead ? Ink{*trayText_, std::nullopt} : Ink::on(*ground));
 }
 
-std::optional<QImage> TrayWindow::lookAtBar() {
-  const double scale = face_.devicePixelRatioF();
-  const QSize size = face_.size() * scale;
-  if (isTransparent_) return window_->leftEnd(size.height());
-  auto behind = window_->backdrop(size);
-  if (behind) {
-    behind->setDevicePixelRatio(scale);
-    face_.setBackdrop(*behind);
+std::optional<QColor> TrayWindow::lookAtBar() {
+  const auto place = window_->place();
+  if (!place) return std::nullopt;
+  if (isTransparent_) {
+    const bool isWhole = face_.shape() == ItemFace::Shape::whole;
+    return window_->colourAround(*place, isWhole ? kFreeAtEnds : 0);
   }
-  return behind;
+  auto behind = window_->backdrop(place->window.size());
+  if (!behind) return std::nullopt;
+  behind->setDevicePixelRatio(face_.devicePixelRatioF());
+  face_.setBackdrop(*behind);
+  return meanColour(*behind);
 }
 
 std::optional<QRect> TrayWindow::placeInTray() const {
-  const auto corner = window_ && window_->isOnScreen() ? window_->place() : std::nullopt;
-  if (!corner) return std::nullopt;
+  const auto place = window_ ? window_->place() : std::nullopt;
+  if (!place || place->isBarHidden() || !isSeen(*place)) return std::nullopt;
   // Qt takes the window for one of the main screen, whatever screen the tray is on.
-  const QSizeF native = QSizeF(face_.size()) * face_.devicePixelRatioF();
-  const auto [at, size] = logicalRect({*corner, native});
-  const QRect found = QRectF(at.x, at.y, size.width, size.height).toRect();
-  // Trays put what they hide outside the screen.
-  return QGuiApplication::screenAt(found.center()) != nullptr ? std::optional(found) : std::nullopt;
+  const auto [at, size] = logicalRect(place->visible());
+  return QRectF(at.x, at.y, size.width, size.height).toRect();
 }
 
 void TrayWindow::refuse() {

@@ -12,11 +12,12 @@
 
 namespace Hilalor {
 
-/// The item as a window inside the system tray.
+/// The item as a window inside the system tray: the whole title where the tray shows the width for
+/// it, else a square.
 class TrayWindow : public QObject, public ItemPresence {
  public:
-  /// `refused` is told, once, when the tray has not shown the window within a second or no longer
-  /// holds it. It may destroy this object.
+  /// `refused` is told, once, when nothing of the window is seen in the tray after a second, or the
+  /// tray no longer holds it. It may destroy this object.
   TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& content,
              const ItemPainter& painter, std::function<void()> refused);
   ~TrayWindow() override;
@@ -30,10 +31,16 @@ class TrayWindow : public QObject, public ItemPresence {
 
  private:
   void show();
-  void askForRoom();
-  void useRoomGiven();
+  [[nodiscard]] QSize sizeToAskFor(int height) const;
+  void askForRoom(const DockedPlace& place);
+  void waitForAnswer();
+  void lookAtRoomLater();
+  void lookAtRoom();
+  void judge();
+  [[nodiscard]] bool holdsWholeTitle(const DockedPlace& place) const;
+  void draw(const DockedPlace& place);
   void matchBar();
-  [[nodiscard]] std::optional<QImage> lookAtBar();
+  [[nodiscard]] std::optional<QColor> lookAtBar();
   [[nodiscard]] std::optional<QRect> placeInTray() const;
   void refuse();
 
@@ -44,14 +51,17 @@ class TrayWindow : public QObject, public ItemPresence {
   std::optional<QColor> trayText_;
   ItemFace face_;
   std::optional<DockedWindow> window_;
-  /// What the tray gives for each pixel of width asked for; some scale windows to their bar.
-  double stretch_ = 1.0;
-  int askedWidth_;
+  QSize asked_;
+  /// Of a tray that did not give the width asked for: it is not asked again until this changes.
+  std::optional<QSize> refusingRoom_;
   int titlesTold_ = 0;
   Subscription embedded_;
   Subscription expelled_;
   Subscription coloursChanged_;
+  /// While the tray may still answer.
   std::unique_ptr<Timer> patience_;
+  bool wasShown_ = false;
+  bool isToLookAtRoom_ = false;
   std::unique_ptr<Timer> secondLook_;
 };
 

@@ -12,7 +12,7 @@ import os
 import re
 import sys
 
-from session.bars import (NoBar, XfcePanel, XfcePanelWithIndicators, XfcePanelWithSquareIcons,
+from session.bars import (NoBar, XfcePanelWithIndicators, XfcePanelWithSquareIcons,
                           XfcePanelWithoutSystemTray)
 from session.panel import Panel
 from session.program import Program
@@ -82,8 +82,7 @@ class ItemOnBus:
 Case = collections.namedtuple("Case", "bar item is_wide menu_button", defaults=[RIGHT_BUTTON])
 
 CASES = {
-    "tray": Case(XfcePanel, ItemWindow, True),
-    "square-tray": Case(XfcePanelWithSquareIcons, ItemWindow, False),
+    "tray": Case(XfcePanelWithSquareIcons, ItemWindow, False),
     "notifier": Case(XfcePanelWithoutSystemTray, ItemOnBus, False),
     # Which keep the right button to themselves.
     "indicator": Case(XfcePanelWithIndicators, ItemOnBus, True, LEFT_BUTTON),

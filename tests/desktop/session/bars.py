@@ -10,12 +10,12 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
   <property name="configver" type="int" value="2"/>
   <property name="panels" type="array">
     <value type="int" value="1"/>
-    <property name="dark-mode" type="bool" value="false"/>
+    <property name="dark-mode" type="bool" value="{dark}"/>
     <property name="panel-1" type="empty">
       <property name="position" type="string" value="p={position};x=0;y=0"/>
       <property name="position-locked" type="bool" value="true"/>
       <property name="length" type="uint" value="100"/>
-      <property name="size" type="uint" value="30"/>
+      <property name="size" type="uint" value="{height}"/>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/><value type="int" value="2"/>
       </property>
@@ -65,6 +65,7 @@ class XfcePanel:
     """xfce4-panel with nothing but a tray at its right end, so that only the item can change."""
 
     height = 30
+    is_dark = False
     plugin = "systray"
     keeps_width = True
     position = TOP
@@ -95,11 +96,25 @@ class XfcePanel:
         self._start_panel()
 
     def darken(self):
-        self.session.ask("xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-s",
-                         "true")
+        self.change(is_dark=True)
+
+    def change(self, height=None, is_dark=None, keeps_width=None):
+        """Gives the running panel another look, as its settings do."""
+        if height is not None:
+            self._set("/panels/panel-1/size", height)
+            self.height = height
+        if is_dark is not None:
+            self._set("/panels/dark-mode", truth(is_dark))
+            self.is_dark = is_dark
+        if keeps_width is not None:
+            self._set("/plugins/plugin-2/square-icons", truth(not keeps_width))
+            self.keeps_width = keeps_width
         screen = Screen(self.session)
-        bar = Rect(0, 0, screen.rect.width, self.height)
-        wait_until(lambda: screen.picture(bar).is_dark(), "the bar is dark")
+        wait_until(lambda: screen.picture(self.rect(screen)).is_dark() == self.is_dark,
+                   "the bar has its look")
+
+    def _set(self, key, value):
+        self.session.ask("xfconf-query", "-c", "xfce4-panel", "-p", key, "-s", str(value))
 
     def _configure(self):
         folder = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "xfce4", "xfconf",
@@ -107,7 +122,8 @@ class XfcePanel:
         os.makedirs(folder)
         with open(os.path.join(folder, "xfce4-panel.xml"), "w", encoding="utf-8") as file:
             file.write(PANEL_CONFIGURATION.format(
-                plugin=self.plugin, square=truth(not self.keeps_width), position=self.position,
+                plugin=self.plugin, height=self.height, dark=truth(self.is_dark),
+                square=truth(not self.keeps_width), position=self.position,
                 space=truth(self.starts_with_space)))
 
     def _start_panel(self):
@@ -116,8 +132,10 @@ class XfcePanel:
 
 
 class XfcePanelWithSquareIcons(XfcePanel):
-    """As the panel is when it starts for the first time: every icon a square."""
+    """As the panel is when it starts for the first time: low, dark, every icon a square."""
 
+    height = 26
+    is_dark = True
     keeps_width = False
 
 

@@ -10,7 +10,7 @@ from session.session import wait_until
 Rect = collections.namedtuple("Rect", "x y width height")
 
 WINDOW_LINE = re.compile(
-    r'^(\s+)(0x[0-9a-f]+) "(.*)": \((?:"(.*?)" "(.*?)")?\)\s+'
+    r'^(\s+)(0x[0-9a-f]+) (?:"(.*)"|\(has no name\)): \((?:"(.*?)" "(.*?)")?\)\s+'
     r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$")
 # `depth` is 1 for a window of the root, 2 for a window in that, and so on.
 Window = collections.namedtuple("Window", "id title name rect depth")
@@ -18,6 +18,13 @@ Window = collections.namedtuple("Window", "id title name rect depth")
 
 def centre(rect):
     return rect.x + rect.width // 2, rect.y + rect.height // 2
+
+
+def common(one, other):
+    """What both rectangles have; its width or height is 0 or less where that is nothing."""
+    x, y = max(one.x, other.x), max(one.y, other.y)
+    return Rect(x, y, min(one.x + one.width, other.x + other.width) - x,
+                min(one.y + one.height, other.y + other.height) - y)
 
 
 class Picture:
@@ -41,9 +48,9 @@ class Picture:
     def is_dark(self):
         return lightness(self.ground()) < 110
 
-    def contrast(self):
+    def contrast(self, ground=None):
         """How far the lightness of anything in it is from the ground's, 0 to 255."""
-        ground = lightness(self.ground())
+        ground = lightness(ground or self.ground())
         return max(abs(lightness(colour) - ground) for colour in set(self.all()))
 
     def difference(self, other):
@@ -65,6 +72,15 @@ class Picture:
         ground = max(colours, key=colours.get, default=None)
         places = [divmod(place, self.rect.width) for place in changes
                   if self._colour(place) == ground]
+        return self._around(places)
+
+    def ink(self, ground, least):
+        """The smallest rectangle around all that is so far from the ground in a channel."""
+        return self._around([divmod(place, self.rect.width) for place, colour in
+                             enumerate(self.all())
+                             if max(abs(a - b) for a, b in zip(colour, ground)) >= least])
+
+    def _around(self, places):
         if not places:
             return None
         rows, columns = zip(*places)
@@ -167,10 +183,20 @@ class Screen:
             match = WINDOW_LINE.match(line)
             if match:
                 indent, id, title, name, _, width, height, x, y = match.groups()
-                windows.append(Window(id, title, name or "",
+                windows.append(Window(id, title or "", name or "",
                                       Rect(int(x), int(y), int(width), int(height)),
                                       (len(indent) - 2) // 3))
         return windows
+
+    def visible_parts(self):
+        """What the windows around it and the screen's edges leave of each window in another."""
+        parts = {}
+        line = [self.rect]  # What can be seen at each depth of the present line of windows.
+        for window in self.windows():
+            line[window.depth:] = [common(window.rect, line[window.depth - 1])]
+            if window.depth > 1:
+                parts[window.name] = line[-1]
+        return parts
 
     def is_shown(self, window):
         """Whether it is there for the eye; bars keep hidden windows outside the screen."""

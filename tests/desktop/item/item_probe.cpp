@@ -1,0 +1,99 @@
+// The item in the bar, with the titles that a test gives it by lines on the input:
+//   title TEXT         shows it
+//   whole HEIGHT       prints how wide and high the letters are of the whole title in a bar window
+//                      of that height, in the screen's pixels
+//   square SIDE        the same of the title drawn as a square
+//   quit
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QSocketNotifier>
+#include <cmath>
+#include <iostream>
+#include <string>
+
+#include "desktop/QtRunLoop.hpp"
+#include "desktop/SessionBus.hpp"
+#include "desktop/item/LinuxStatusBar.hpp"
+#include "tests/fakes/InMemoryDefaultsStore.hpp"
+
+namespace {
+
+using namespace Hilalor;
+
+/// How much of a transparent picture was drawn on.
+QSize drawn(const QImage& picture) {
+  QRect found;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x)
+      if (qAlpha(picture.pixel(x, y)) > 40) found |= QRect(x, y, 1, 1);
+  return found.size();
+}
+
+class Probe {
+ public:
+  void obey(const std::string& line) {
+    const auto space = line.find(' ');
+    const auto what = line.substr(0, space);
+    const auto value = space == std::string::npos ? std::string() : line.substr(space + 1);
+    if (what == "title") show(value);
+    if (what == "whole") print(whole(std::stoi(value)));
+    if (what == "square") print(painter_.compactPicture(title(), std::stoi(value)));
+    if (what == "quit") QApplication::quit();
+  }
+
+ private:
+  [[nodiscard]] QString title() const { return QString::fromStdString(title_); }
+
+  void show(const std::string& title) {
+    title_ = title;
+    item_->button()->setTitle(title);
+  }
+
+  [[nodiscard]] QImage whole(int deviceHeight) const {
+    const double scale = qApp->devicePixelRatio();
+    const int height = static_cast<int>(std::lround(deviceHeight / scale));
+    const QRect rect(0, 0, painter_.naturalWidth(title(), height), height);
+    QImage picture((QSizeF(rect.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter_.drawTitle(painter, rect, title(), Ink{Qt::black, std::nullopt});
+    return picture;
+  }
+
+  static void print(const QImage& picture) {
+    const auto size = drawn(picture);
+    std::cout << size.width() << ' ' << size.height() << std::endl;
+  }
+
+  QtRunLoop loop_;
+  SessionBus bus_{loop_};
+  InMemoryDefaultsStore store_;
+  LinuxStatusBar bar_{loop_, bus_, store_, HILALOR_ITEM_PICTURES};
+  GlyphPictures pictures_{HILALOR_ITEM_PICTURES};
+  ItemPainter painter_{pictures_};
+  std::unique_ptr<StatusItem> item_ = bar_.makeItem();
+  std::string title_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Lines that come together are then seen to wait.
+  std::ios::sync_with_stdio(false);
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  Probe probe;
+  QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+  QObject::connect(&input, &QSocketNotifier::activated, [&] {
+    std::string line;
+    do {
+      if (!std::getline(std::cin, line)) return QApplication::quit();
+      probe.obey(line);
+    } while (std::cin.rdbuf()->in_avail() > 0);
+  });
+  return QApplication::exec();
+}
