@@ -44,7 +44,7 @@ class CheckWithoutEmoji(Check):
 
 def main():
     executable, pictures = map(os.path.abspath, sys.argv[1:])
-    for bar in ("tray", "square-tray", "indicator"):
+    for bar in ("tray", "indicator"):
         with Session("without-emoji") as session:
             CheckWithoutEmoji(bar, session, executable, pictures).run()
 
