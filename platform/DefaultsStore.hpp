@@ -7,6 +7,7 @@
 #include <string_view>
 #include <variant>
 
+#include "platform/Published.hpp"
 #include "platform/Signal.hpp"
 
 namespace Hilalor {
@@ -33,6 +34,10 @@ class DefaultsStore {
   /// start, or another file was put in the place of the store's. What this program wrote in the
   /// meantime stands. On a pass of the loop of its own, never within a call.
   Signal<> cameIn;
+
+  /// Whether all that was set is stored. While it is not, it lives in memory alone and is tried
+  /// again; the user should know.
+  Published<bool> isKept{true};
 
   /// Whether what the disk holds is known. While it is not, a value that is absent here may well be
   /// stored; `cameIn` tells when it is.

@@ -1,7 +1,5 @@
 #include "desktop/store/DefaultsFile.hpp"
 
-#include <sys/stat.h>
-
 #include <cassert>
 #include <string>
 #include <string_view>
@@ -10,6 +8,8 @@
 #include <variant>
 
 #include "desktop/store/DefaultsReader.hpp"
+#include "desktop/store/HeaderRepair.hpp"
+#include "desktop/store/PrivatePlace.hpp"
 #include "desktop/store/SetAside.hpp"
 
 namespace Hilalor {
@@ -20,6 +20,8 @@ constexpr const char* kPreparation =
     "PRAGMA journal_mode = WAL;"
     "PRAGMA synchronous = NORMAL;"
     "PRAGMA cache_size = -256;"
+    // The log is folded in quiet moments, never within a write.
+    "PRAGMA wal_autocheckpoint = 0;"
     "BEGIN;"
     "CREATE TABLE IF NOT EXISTS defaults(key TEXT NOT NULL UNIQUE, type TEXT NOT NULL, value);"
     "CREATE TABLE IF NOT EXISTS"
@@ -40,14 +42,6 @@ bool isDamage(int status) {
   return status == SQLITE_CORRUPT || status == SQLITE_NOTADB || status == SQLITE_ERROR;
 }
 
-void makeFolder(const std::filesystem::path& folder) {
-  std::error_code error;
-  if (folder.empty() || std::filesystem::exists(folder, error)) return;
-  makeFolder(folder.parent_path());
-  // The user's own, as the XDG base directories are.
-  mkdir(folder.c_str(), S_IRWXU);
-}
-
 std::filesystem::path logOf(const std::filesystem::path& database) {
   return database.string() + "-wal";
 }
@@ -56,11 +50,6 @@ bool hasLog(const std::filesystem::path& database) {
   std::error_code error;
   const auto size = std::filesystem::file_size(logOf(database), error);
   return !error && size > 0;
-}
-
-std::optional<ino_t> fileId(const std::filesystem::path& file) {
-  struct stat status {};
-  return stat(file.c_str(), &status) == 0 ? std::optional(status.st_ino) : std::nullopt;
 }
 
 // Binds a value with its type's name.
@@ -85,7 +74,6 @@ struct ValueBinder {
 
 DefaultsFile::Opened DefaultsFile::open(const std::filesystem::path& path,
                                         std::chrono::milliseconds patience) {
-  makeFolder(path.parent_path());
   Opened opened;
   if (tryOpen(path, patience, opened) == Outcome::damaged && setAside(path)) {
     tryOpen(path, patience, opened);
@@ -95,12 +83,16 @@ DefaultsFile::Opened DefaultsFile::open(const std::filesystem::path& path,
 
 DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path,
                                             std::chrono::milliseconds patience, Opened& opened) {
+  if (!makePrivatePlace(path)) return Outcome::refused;
   auto connection = SqliteConnection::open(path, SqliteConnection::Access::readWrite);
   if (!connection || connection->isReadOnly()) return Outcome::refused;
   connection->setPatience(patience);
   DefaultsContent content;
-  int status = connection->execute(kPreparation);
+  int status = checkSoundness(*connection);
+  if (status == SQLITE_OK) status = connection->execute(kPreparation);
   if (status == SQLITE_OK) status = loadContent(*connection, content);
+  // Its permissions allow writing; only a damaged header then forbids it.
+  if (connection->isReadOnly()) status = SQLITE_CORRUPT;
   if (status == SQLITE_OK) {
     connection->setPatience(kWritePatience);
     opened.stored = std::move(content);
@@ -109,6 +101,7 @@ DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path,
   }
   if (!isDamage(status) || connection->hasMoved()) return Outcome::refused;
   opened.salvaged = readableContent(*connection);
+  opened.salvaged->merge(contentUnderSoundHeader(path));
   connection->keepLogOnClose();
   return Outcome::damaged;
 }
@@ -116,6 +109,8 @@ DefaultsFile::Outcome DefaultsFile::tryOpen(const std::filesystem::path& path,
 DefaultsFile::Protected DefaultsFile::readProtected(const std::filesystem::path& path) {
   using Access = SqliteConnection::Access;
   Protected found;
+  found.isWhole = !holdsFilesOnly(path);
+  if (found.isWhole) return found;
   bool isLogRead = true;
   // A folder that nothing can be made in has no room for the log's index, without which SQLite
   // reads only the file proper. A program that ended well left nothing in the log.
@@ -123,7 +118,8 @@ DefaultsFile::Protected DefaultsFile::readProtected(const std::filesystem::path&
     const auto connection = SqliteConnection::open(path, access);
     if (!connection) continue;
     if (access == Access::snapshot && hasLog(path)) isLogRead = false;
-    const int status = loadContent(*connection, found.content);
+    int status = checkSoundness(*connection);
+    if (status == SQLITE_OK) status = loadContent(*connection, found.content);
     found.isWhole = isLogRead && (status == SQLITE_OK || isDamage(status));
     if (status == SQLITE_OK) break;
     if (status == SQLITE_BUSY) isLogRead = false;
@@ -136,22 +132,51 @@ DefaultsFile::Protected DefaultsFile::readProtected(const std::filesystem::path&
 DefaultsFile::DefaultsFile(const std::filesystem::path& path,
                            std::unique_ptr<SqliteConnection> connection)
     : path_(path),
-      logId_(fileId(logOf(path))),
       connection_(std::move(connection)),
       begin_(*connection_, "BEGIN IMMEDIATE"),
       commit_(*connection_, "COMMIT"),
       putValue_(*connection_, kPutValue),
       putEntry_(*connection_, kPutEntry),
-      removeEntry_(*connection_, kRemoveEntry) {}
+      removeEntry_(*connection_, kRemoveEntry) {
+  lookAtFiles();
+}
 
-bool DefaultsFile::leaveIfMoved() {
-  if (!hasMoved()) return false;
-  if (logId_ && fileId(logOf(path_)) == logId_) {
-    std::error_code error;
-    std::filesystem::remove(logOf(path_), error);
-    std::filesystem::remove(path_.string() + "-shm", error);  // the log's index
-  }
-  return true;
+void DefaultsFile::lookAtFiles() {
+  database_ = FileStamp::of(path_);
+  log_ = FileStamp::of(logOf(path_));
+  dataVersion_ = connection_->dataVersion();
+}
+
+void DefaultsFile::fold() {
+  connection_->execute("PRAGMA wal_checkpoint(TRUNCATE)");
+  lookAtFiles();
+}
+
+DefaultsFile::Condition DefaultsFile::condition() {
+  // Only folding changes the file itself.
+  if (FileStamp::of(path_) != database_) return Condition::replaced;
+  return isLogUntouched() ? Condition::untouched : Condition::logLost;
+}
+
+bool DefaultsFile::isLogUntouched() {
+  const auto now = FileStamp::of(logOf(path_));
+  if (now == log_) return true;
+  if (!now || !log_ || now->id != log_->id || now->size < log_->size) return false;
+  // Another program may have written to it by SQLite.
+  log_ = now;
+  const auto before = std::exchange(dataVersion_, connection_->dataVersion());
+  return dataVersion_ != before;
+}
+
+void DefaultsFile::leave(Condition condition) {
+  // A file copied over the open one is not to get what the log of the former holds.
+  connection_->keepLogOnClose();
+  const bool isLogOfTheOther =
+      condition == Condition::replaced && FileStamp::of(logOf(path_)) != log_;
+  if (isLogOfTheOther) return;
+  std::error_code error;
+  std::filesystem::remove(logOf(path_), error);
+  std::filesystem::remove(path_.string() + "-shm", error);  // the log's index
 }
 
 DefaultsFile::Outcome DefaultsFile::write(const DefaultsContent& content,
@@ -162,6 +187,7 @@ DefaultsFile::Outcome DefaultsFile::write(const DefaultsContent& content,
     status = writePlace(*place, found != content.end() ? &found->second : nullptr);
   }
   if (status == SQLITE_DONE) status = commit_.run();
+  log_ = FileStamp::of(logOf(path_));
   if (status == SQLITE_DONE) return Outcome::done;
   connection_->execute("ROLLBACK");
   return isDamage(status) ? Outcome::damaged : Outcome::refused;

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
 
 #include "desktop/store/DefaultsContent.hpp"
+#include "desktop/store/FileStamp.hpp"
 #include "desktop/store/SqliteConnection.hpp"
 
 namespace Hilalor {
@@ -17,7 +16,10 @@ namespace Hilalor {
 ///
 /// Writes go to a write-ahead log without waiting for the disk. That is enough for the end of this
 /// process, however sudden: what write() took is the kernel's. A power cut may cost the last
-/// moments before it, but leaves the file whole.
+/// moments before it, but leaves the file whole. The file itself holds what was written only after
+/// fold(), or when this goes.
+///
+/// One thread at a time, not always the same.
 class DefaultsFile {
  public:
   struct Opened {
@@ -58,11 +60,25 @@ class DefaultsFile {
   /// Writes the places as they are in the content, all or none.
   Outcome write(const DefaultsContent& content, const UnwrittenPlaces& places);
 
-  /// Whether the open file no longer lies under its name.
-  [[nodiscard]] bool hasMoved() const { return connection_->hasMoved(); }
+  /// Takes the log into the file and empties it, which waits for the disk. After that a copy of the
+  /// file holds everything, and another file may be copied over it.
+  void fold();
 
-  /// The same, and takes its log away then, lest SQLite applies it to the file that lies there now.
-  [[nodiscard]] bool leaveIfMoved();
+  /// The size of the log, in bytes.
+  [[nodiscard]] std::int64_t logSize() const { return log_ ? log_->size : 0; }
+
+  enum class Condition {
+    untouched,
+    replaced,  ///< Something else lies under the file's name, or nothing, or other bytes.
+    logLost,   ///< The file lies there, but its log is not what this program left.
+  };
+
+  /// What others have done to file and log since the last write.
+  [[nodiscard]] Condition condition();
+
+  /// Takes the log away, where it is this program's or spoiled, lest it is applied to a file that
+  /// it does not belong to. For a file that is not untouched; all that remains is to let go of it.
+  void leave(Condition condition);
 
  private:
   DefaultsFile(const std::filesystem::path& path, std::unique_ptr<SqliteConnection> connection);
@@ -70,9 +86,15 @@ class DefaultsFile {
                          Opened& opened);
   int writePlace(const DefaultsPlace& place, const StoredValue* value);
 
+  [[nodiscard]] bool isLogUntouched();
+  void lookAtFiles();
+
   std::filesystem::path path_;
-  std::optional<ino_t> logId_;
   std::unique_ptr<SqliteConnection> connection_;
+  /// As this program left them.
+  std::optional<FileStamp> database_;
+  std::optional<FileStamp> log_;
+  std::int64_t dataVersion_ = 0;
   SqliteStatement begin_;
   SqliteStatement commit_;
   SqliteStatement putValue_;

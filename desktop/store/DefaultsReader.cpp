@@ -56,28 +56,45 @@ int loadValues(const SqliteConnection& connection, Order order, DefaultsContent&
   return status;
 }
 
-// Under a plain value, entries are remains that nobody reads.
-void spoilDictionary(DefaultsContent& content, const std::string& key) {
-  auto& head = content.find({key, std::nullopt})->second;
-  if (std::holds_alternative<DictionaryMark>(head)) head = OpaqueValue();
+// The key of a dictionary, above its entries. It needs no row in `defaults`; one that cannot be
+// read must not cost the entries. Under a plain value, they are remains that nobody reads.
+DefaultsContent::iterator headOf(const std::string& key, DefaultsContent& content, bool& isSound) {
+  const auto head = content.try_emplace({key, std::nullopt}, DictionaryMark()).first;
+  if (std::holds_alternative<OpaqueValue>(head->second)) {
+    head->second = DictionaryMark();
+    isSound = false;
+  }
+  return head;
 }
 
-// A dictionary needs no row in `defaults` as long as it has entries.
+// This program writes texts alone into the rows of entries, so any other kind is damage. A text
+// with one bit changed in its kind is a blob of the same bytes.
+bool isAllText(const SqliteStatement& row) {
+  return row.columnKind(0) == SQLITE_TEXT && row.columnKind(1) == SQLITE_TEXT &&
+         row.columnKind(2) == SQLITE_TEXT;
+}
+
+bool hasText(const SqliteStatement& row, int column) {
+  return row.columnKind(column) == SQLITE_TEXT || row.columnKind(column) == SQLITE_BLOB;
+}
+
+// An entry that cannot be read is left out.
 int loadEntries(const SqliteConnection& connection, Order order, DefaultsContent& content) {
   SqliteStatement row(connection, ordered("SELECT key, entry, value FROM entries", order));
   int status = row.status();
   if (status != SQLITE_OK) return status;
+  bool isSound = true;
   auto hint = content.end();
   while ((status = row.step()) == SQLITE_ROW) {
+    isSound = isSound && isAllText(row);
+    if (!hasText(row, 2)) continue;
     DefaultsPlace place{row.text(0), row.text(1)};
-    auto value = valueOfRow(row, DefaultsType::kText, 2);
     if (hint == content.end() || hint->first.key != place.key) {
-      hint = content.try_emplace({place.key, std::nullopt}, DictionaryMark()).first;
+      hint = headOf(place.key, content, isSound);
     }
-    if (std::holds_alternative<OpaqueValue>(value)) spoilDictionary(content, place.key);
-    hint = content.try_emplace(std::next(hint), std::move(place), std::move(value));
+    hint = content.try_emplace(std::next(hint), std::move(place), row.text(2));
   }
-  return status;
+  return status == SQLITE_DONE && !isSound ? SQLITE_CORRUPT : status;
 }
 
 int load(const SqliteConnection& connection, Order order, DefaultsContent& content) {
@@ -87,19 +104,25 @@ int load(const SqliteConnection& connection, Order order, DefaultsContent& conte
   return status == SQLITE_DONE ? SQLITE_OK : status;
 }
 
-int checkSoundness(const SqliteConnection& connection) {
-  SqliteStatement check(connection, "PRAGMA quick_check(1)");
-  if (check.status() != SQLITE_OK) return check.status();
-  const int status = check.step();
+// SQLITE_OK when the statement's one row holds that text.
+int expectRow(const SqliteConnection& connection, const char* statement, std::string_view text) {
+  SqliteStatement row(connection, statement);
+  if (row.status() != SQLITE_OK) return row.status();
+  const int status = row.step();
   if (status != SQLITE_ROW) return status;
-  return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+  return row.text(0) == text ? SQLITE_OK : SQLITE_CORRUPT;
 }
 
 }  // namespace
 
+// One wrong bit in a database's header makes all its texts others.
+int checkSoundness(const SqliteConnection& connection) {
+  const int status = expectRow(connection, "PRAGMA encoding", "UTF-8");
+  return status == SQLITE_OK ? expectRow(connection, "PRAGMA quick_check(1)", "ok") : status;
+}
+
 int loadContent(const SqliteConnection& connection, DefaultsContent& content) {
-  const int status = checkSoundness(connection);
-  return status == SQLITE_OK ? load(connection, Order::ascending, content) : status;
+  return load(connection, Order::ascending, content);
 }
 
 DefaultsContent readableContent(const SqliteConnection& connection) {

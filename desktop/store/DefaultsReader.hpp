@@ -17,7 +17,10 @@ inline constexpr std::string_view kOpaque = "opaque";
 inline constexpr std::string_view kDictionary = "dictionary";  ///< The value: rows of `entries`.
 }  // namespace DefaultsType
 
-/// Adds all that the tables hold. SQLITE_OK when everything was read and the file is sound.
+/// SQLITE_OK when the database is not damaged, as far as can be seen without its rows.
+[[nodiscard]] int checkSoundness(const SqliteConnection& connection);
+
+/// Adds all that the tables hold. SQLITE_OK when everything could be read.
 [[nodiscard]] int loadContent(const SqliteConnection& connection, DefaultsContent& content);
 
 /// All that can be read of a file, sound or not.

@@ -23,16 +23,6 @@ bool isTaken(const std::filesystem::path& file) {
   return std::filesystem::exists(std::filesystem::symlink_status(file, error));
 }
 
-std::filesystem::path freeName(const std::filesystem::path& file) {
-  for (int number = 1;; ++number) {
-    auto name = file;
-    name.replace_filename(file.stem().string() + ".damaged-" + std::to_string(number) +
-                          file.extension().string());
-    const auto taken = [&](const char* suffix) { return isTaken(part(name, suffix)); };
-    if (std::none_of(kParts.begin(), kParts.end(), taken)) return name;
-  }
-}
-
 bool renameToFree(const std::filesystem::path& from, const std::filesystem::path& to) {
   if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
   // Some network file systems cannot promise not to replace; the name was free a moment ago.
@@ -41,8 +31,18 @@ bool renameToFree(const std::filesystem::path& from, const std::filesystem::path
 
 }  // namespace
 
+std::filesystem::path nameAside(const std::filesystem::path& file, std::string_view why) {
+  for (int number = 1;; ++number) {
+    auto name = file;
+    name.replace_filename(file.stem().string() + "." + std::string(why) + "-" +
+                          std::to_string(number) + file.extension().string());
+    const auto taken = [&](const char* suffix) { return isTaken(part(name, suffix)); };
+    if (std::none_of(kParts.begin(), kParts.end(), taken)) return name;
+  }
+}
+
 bool setAside(const std::filesystem::path& file) {
-  const auto name = freeName(file);
+  const auto name = nameAside(file, "damaged");
   return std::all_of(kParts.begin(), kParts.end(), [&](const char* suffix) {
     return !isTaken(part(file, suffix)) || renameToFree(part(file, suffix), part(name, suffix));
   });

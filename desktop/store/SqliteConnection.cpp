@@ -43,6 +43,16 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::filesystem::
   return std::unique_ptr<SqliteConnection>(new SqliteConnection(std::move(database)));
 }
 
+std::unique_ptr<SqliteConnection> SqliteConnection::ofBytes(std::string& bytes) {
+  auto connection = open(":memory:", Access::readWrite);
+  if (!connection) return nullptr;
+  const auto size = static_cast<sqlite3_int64>(bytes.size());
+  const int status = sqlite3_deserialize(connection->handle(), "main",
+                                         reinterpret_cast<unsigned char*>(bytes.data()), size, size,
+                                         SQLITE_DESERIALIZE_READONLY);
+  return status == SQLITE_OK ? std::move(connection) : nullptr;
+}
+
 int SqliteConnection::execute(const std::string& statements) {
   return kPrimaryCode & sqlite3_exec(handle(), statements.c_str(), nullptr, nullptr, nullptr);
 }
@@ -63,6 +73,11 @@ bool SqliteConnection::hasMoved() const {
   int moved = 0;
   sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
   return moved != 0;
+}
+
+std::int64_t SqliteConnection::dataVersion() const {
+  SqliteStatement version(*this, "PRAGMA data_version");
+  return version.status() == SQLITE_OK && version.step() == SQLITE_ROW ? version.integer(0) : 0;
 }
 
 SqliteStatement::SqliteStatement(const SqliteConnection& connection, std::string_view sql) {

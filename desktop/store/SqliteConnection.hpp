@@ -24,6 +24,10 @@ class SqliteConnection {
   [[nodiscard]] static std::unique_ptr<SqliteConnection> open(const std::filesystem::path& file,
                                                               Access access);
 
+  /// A database in memory over the bytes of a file, to be read only; the bytes must outlive it.
+  /// Null where they are none.
+  [[nodiscard]] static std::unique_ptr<SqliteConnection> ofBytes(std::string& bytes);
+
   int execute(const std::string& statements);
 
   /// How long a statement waits for a lock of another program.
@@ -37,6 +41,9 @@ class SqliteConnection {
 
   /// Whether the open file no longer lies under its name: deleted, renamed or replaced.
   [[nodiscard]] bool hasMoved() const;
+
+  /// Another number after every change by another connection; 0 where the file cannot be read.
+  [[nodiscard]] std::int64_t dataVersion() const;
 
   [[nodiscard]] sqlite3* handle() const { return database_.get(); }
 

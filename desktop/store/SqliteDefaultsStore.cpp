@@ -5,17 +5,25 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <set>
 #include <string>
 #include <system_error>
 #include <type_traits>
 #include <utility>
+
+#include "desktop/store/SetAside.hpp"
 
 namespace Hilalor {
 namespace {
 
 // For another program's lock. All that follows hangs on what a start reads.
 constexpr std::chrono::milliseconds kStartPatience{500};
+
+/// From the last write to the moment when the log is taken into the file.
+constexpr Seconds kQuiet{3};
+/// A write of so many bytes, or the folding of a log of so many, takes longer than a frame of the
+/// screen on a slow disk.
+constexpr std::size_t kLongText = 128 * 1024;
+constexpr std::int64_t kLongLog = 4 * 1024 * 1024;
 
 constexpr Seconds kFirstRetry{1};
 constexpr Seconds kLongestRetry{64};
@@ -30,6 +38,23 @@ std::filesystem::path homeFolder() {
   if (auto home = absolutePath("HOME"); !home.empty()) return home;
   const passwd* user = getpwuid(getuid());
   return user != nullptr ? user->pw_dir : "/";
+}
+
+DefaultsContent part(const DefaultsContent& content, const UnwrittenPlaces& places) {
+  DefaultsContent found;
+  for (const auto& place : places) {
+    const auto value = content.find(place);
+    if (value != content.end()) found.insert(found.end(), *value);
+  }
+  return found;
+}
+
+bool hasLongText(const DefaultsContent& content, const UnwrittenPlaces& places) {
+  return std::ranges::any_of(places, [&](const DefaultsPlace& place) {
+    const auto found = content.find(place);
+    const auto* text = found != content.end() ? std::get_if<std::string>(&found->second) : nullptr;
+    return text != nullptr && text->size() >= kLongText;
+  });
 }
 
 }  // namespace
@@ -47,6 +72,8 @@ SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file, RunLoop& lo
   isRead_ = false;
   connect(kStartPatience);
   if (!unwritten_.empty()) writeThrough();
+  // A program that was killed left its last writes in the log.
+  foldLater();
   if (!isRead_) tryLater();
 }
 
@@ -55,12 +82,16 @@ SqliteDefaultsStore::~SqliteDefaultsStore() {
 }
 
 void SqliteDefaultsStore::close() {
+  folding_.reset();
+  // What waited for it may be work of its own.
+  while (work_)
+    finishWork();
   if (!unwritten_.empty()) writeUnwritten();
   file_.reset();
 }
 
 void SqliteDefaultsStore::lookAgain() {
-  if (file_ && !file_->hasMoved()) return;
+  if (work_ || (file_ && file_->condition() == DefaultsFile::Condition::untouched)) return;
   // One that is gone is made anew by the next write.
   std::error_code error;
   if (std::filesystem::exists(path_, error)) writeThrough();
@@ -149,14 +180,21 @@ void SqliteDefaultsStore::takeOutEntries(const std::string& key) {
 }
 
 void SqliteDefaultsStore::writeThrough() {
+  if (work_ && work_->isDone()) finishWork();
+  // What is set meanwhile goes after it.
+  if (work_) return;
+  if (hasLongText(content_, unwritten_)) {
+    leaveWhatOthersTouched();
+    if (file_) return workInBackground();
+  }
   if (!writeUnwritten()) return tryLater();
-  retry_.reset();
-  retryDelay_ = kFirstRetry;
+  becomeKept();
+  foldLater();
 }
 
 // Whether everything is on the disk, and all that is there is known.
 bool SqliteDefaultsStore::writeUnwritten() {
-  if (file_ && file_->leaveIfMoved()) file_.reset();
+  leaveWhatOthersTouched();
   // A file found damaged is set aside by opening it once more; the second is a new one.
   for (int attempt = 0; attempt < 2; ++attempt) {
     if (!file_) reconnect();
@@ -169,10 +207,76 @@ bool SqliteDefaultsStore::writeUnwritten() {
       case DefaultsFile::Outcome::refused:
         return false;
       case DefaultsFile::Outcome::damaged:
-        file_.reset();
+        leaveDamaged();
     }
   }
   return false;
+}
+
+void SqliteDefaultsStore::leaveWhatOthersTouched() {
+  if (!file_) return;
+  const auto condition = file_->condition();
+  if (condition == DefaultsFile::Condition::untouched) return;
+  if (condition == DefaultsFile::Condition::logLost) memoryIsNewest_ = true;
+  file_->leave(condition);
+  file_.reset();
+}
+
+void SqliteDefaultsStore::leaveDamaged() {
+  memoryIsNewest_ = true;
+  file_.reset();
+}
+
+// Writes what waits, if anything does, and takes a long log into the file.
+void SqliteDefaultsStore::workInBackground() {
+  inWork_ = std::exchange(unwritten_, {});
+  work_ = std::make_shared<DiskJob>(
+      [file = file_.get(), content = part(content_, inWork_), places = inWork_] {
+        auto outcome = DefaultsFile::Outcome::done;
+        if (!places.empty()) outcome = file->write(content, places);
+        if (places.empty() || file->logSize() > kLongLog) file->fold();
+        return outcome;
+      });
+  loop_.inBackground([this, work = work_, alive = std::weak_ptr(alive_)]() -> RunLoop::Task {
+    work->outcome();
+    return [this, work, alive] {
+      if (alive.lock() && work_ == work) finishWork();
+    };
+  });
+}
+
+void SqliteDefaultsStore::finishWork() {
+  const auto outcome = std::exchange(work_, nullptr)->outcome();
+  const auto places = std::exchange(inWork_, {});
+  if (outcome != DefaultsFile::Outcome::done) unwritten_.insert(places.begin(), places.end());
+  if (outcome == DefaultsFile::Outcome::refused) return tryLater();
+  if (outcome == DefaultsFile::Outcome::damaged) leaveDamaged();
+  if (!unwritten_.empty() || !file_) return writeThrough();
+  becomeKept();
+  // A log that another program holds up is folded after the next write.
+  if (!places.empty()) foldLater();
+}
+
+void SqliteDefaultsStore::becomeKept() {
+  retry_.reset();
+  retryDelay_ = kFirstRetry;
+  tellWhetherKept();
+}
+
+void SqliteDefaultsStore::foldLater() {
+  if (!file_ || file_->logSize() == 0) return folding_.reset();
+  if (file_->logSize() > kLongLog) return workInBackground();
+  folding_ = loop_.once(kQuiet, [this] {
+    const auto finished = std::move(folding_);
+    const bool isUntouched =
+        file_ && !work_ && file_->condition() == DefaultsFile::Condition::untouched;
+    if (isUntouched && unwritten_.empty()) return workInBackground();
+    writeThrough();
+  });
+}
+
+void SqliteDefaultsStore::tellWhetherKept() {
+  if (isKept.value() != unwritten_.empty()) isKept.assign(unwritten_.empty());
 }
 
 void SqliteDefaultsStore::connect(std::chrono::milliseconds patience) {
@@ -203,11 +307,9 @@ void SqliteDefaultsStore::reconnect() {
 // A damaged file that was set aside holds nothing for the next start: all of this is to be written.
 void SqliteDefaultsStore::takeSalvaged(DefaultsContent salvaged) {
   isRead_ = true;
-  for (auto& [place, value] : salvaged) {
-    if (unwritten_.contains(place)) continue;
-    const bool isOpaque = std::holds_alternative<OpaqueValue>(value);
-    const bool isNew = content_.try_emplace(place, std::move(value)).second;
-    if (isNew && !isOpaque) unwritten_.insert(place);
+  reconcile(std::move(salvaged));
+  for (const auto& [place, value] : content_) {
+    if (!std::holds_alternative<OpaqueValue>(value)) unwritten_.insert(place);
   }
 }
 
@@ -228,39 +330,57 @@ void SqliteDefaultsStore::forgetWritten() {
 
 // Brings together what the file just opened holds with what is remembered.
 void SqliteDefaultsStore::reconcile(DefaultsContent stored) {
+  if (std::exchange(memoryIsNewest_, false)) {
+    for (const auto& item : content_)
+      unwritten_.insert(item.first);
+    for (const auto& item : stored) {
+      if (item.first.entry && !content_.contains(item.first)) unwritten_.insert(item.first);
+    }
+  }
+  if (givesWayTo(stored)) keepCopyOfContent();
   for (const auto& place : unwritten_) {
     if (!content_.contains(place)) stored.erase(place);
   }
-  std::set<std::string> dictionaries;
   for (auto& [place, value] : content_) {
-    if (std::holds_alternative<DictionaryMark>(value)) dictionaries.insert(place.key);
     const bool isNews = unwritten_.contains(place);
     if (!isNews && (stored.contains(place) || std::holds_alternative<OpaqueValue>(value))) continue;
-    if (place.entry) dictionaries.insert(place.key);
     unwritten_.insert(place);
+    if (place.entry) makeDictionary(place.key, stored, isNews);
     stored.insert_or_assign(place, std::move(value));
   }
   content_ = std::move(stored);
-  for (const auto& key : dictionaries)
-    makeReadable(key);
 }
 
-// Takes out of a dictionary the entries that are no text, for which all of it would be ignored.
-void SqliteDefaultsStore::makeReadable(const std::string& dictionary) {
-  const DefaultsPlace head{dictionary, std::nullopt};
-  const auto found = content_.find(head);
-  const bool isAbsent = found == content_.end();
-  if (isAbsent || std::holds_alternative<OpaqueValue>(found->second)) put(head, DictionaryMark());
-  if (!holdsDictionary(dictionary)) return;
-  auto place = content_.upper_bound(head);
-  while (place != content_.end() && place->first.key == dictionary) {
-    const auto next = std::next(place);
-    if (!std::holds_alternative<std::string>(place->second)) takeOut(DefaultsPlace(place->first));
-    place = next;
-  }
+// Makes room for an entry of ours. A plain value of the file's gives way to news alone.
+void SqliteDefaultsStore::makeDictionary(const std::string& key, DefaultsContent& stored,
+                                         bool isNews) {
+  const DefaultsPlace head{key, std::nullopt};
+  const auto [found, isAbsent] = stored.try_emplace(head, DictionaryMark());
+  if (std::holds_alternative<DictionaryMark>(found->second) && !isAbsent) return;
+  if (!isAbsent && !isNews && !std::holds_alternative<OpaqueValue>(found->second)) return;
+  found->second = DictionaryMark();
+  unwritten_.insert(head);
+}
+
+// Whether an entry that is remembered is another there.
+bool SqliteDefaultsStore::givesWayTo(const DefaultsContent& stored) const {
+  return std::ranges::any_of(content_, [&](const auto& item) {
+    if (!item.first.entry || unwritten_.contains(item.first)) return false;
+    const auto found = stored.find(item.first);
+    return found != stored.end() && found->second != item.second;
+  });
+}
+
+void SqliteDefaultsStore::keepCopyOfContent() const {
+  UnwrittenPlaces all;
+  for (const auto& item : content_)
+    all.insert(item.first);
+  const auto copy = DefaultsFile::open(nameAside(path_, "replaced"), kStartPatience);
+  if (copy.file) copy.file->write(content_, all);
 }
 
 void SqliteDefaultsStore::tryLater() {
+  tellWhetherKept();
   if (retry_) return;
   retry_ = loop_.once(retryDelay_, [this] {
     const auto finished = std::move(retry_);

@@ -83,6 +83,43 @@ TEST_F(DamagedStore, KeepsWhatCanStillBeRead) {
   EXPECT_EQ(open()->dictionary("notes"), notes);
 }
 
+TEST_F(DamagedStore, LosesNothingByOneWrongByteInTheHeader) {
+  const auto sound = bytes(file());
+  const auto notes = open()->dictionary("notes");
+  for (std::size_t place = 0; place < 100; ++place) {
+    SCOPED_TRACE(place);
+    std::filesystem::remove_all(file().parent_path());
+    auto damaged = sound;
+    damaged[place] = static_cast<char>(~damaged[place]);
+    setBytes(file(), damaged);
+    const auto store = open();
+    store->setValue("written", true);
+    EXPECT_TRUE(store->isKept.value());
+    // In print they would be long.
+    EXPECT_TRUE(open()->dictionary("notes") == notes);
+  }
+}
+
+TEST_F(DamagedStore, LosesTheEntryThatCannotBeReadAndNoOther) {
+  const char* const damages[] = {
+      "UPDATE entries SET value = 16 WHERE entry = '100'",
+      "UPDATE entries SET value = CAST(value AS BLOB) WHERE entry = '200'",
+      "INSERT INTO defaults VALUES('notes', 'dictionarx', NULL)"
+      "  ON CONFLICT DO UPDATE SET type = excluded.type"};
+  auto expected = *open()->dictionary("notes");
+  expected.erase("100");
+  for (const char* damage : damages) {
+    SCOPED_TRACE(damage);
+    const auto before = setAsideFiles().size();
+    runSql(damage);
+    EXPECT_TRUE(open()->dictionary("notes") == expected);
+    EXPECT_EQ(setAsideFiles().size(), before + 1);
+    expected["new"] = damage;
+    open()->setEntry("notes", "new", damage);
+    EXPECT_TRUE(open()->dictionary("notes") == expected);
+  }
+}
+
 TEST_F(DamagedStore, SetsAsideUnderANameOfItsOwnEachTime) {
   for (const char* content : {"first", "second", "third"}) {
     std::filesystem::remove(file());

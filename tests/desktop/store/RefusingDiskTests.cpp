@@ -107,7 +107,9 @@ TEST_F(RefusingDisk, WritesOnceItMay) {
     store.setValue("key", "waiting"s);
     std::filesystem::permissions(other.parent_path(), std::filesystem::perms::owner_all);
     EXPECT_FALSE(std::filesystem::exists(other));
+    EXPECT_FALSE(store.isKept.value());
     loop.advance(Seconds(1));
+    EXPECT_TRUE(store.isKept.value());
     EXPECT_THAT(SqliteDefaultsStore(other, loop).string("key"), Optional("waiting"s));
   });
   EXPECT_EQ(child.exitStatus(), 0);

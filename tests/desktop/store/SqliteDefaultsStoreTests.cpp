@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <string>
@@ -87,25 +89,78 @@ TEST_F(SqliteDefaultsStoreTest, ReadsWhatDoesNotFitItsTypeAsOpaque) {
   EXPECT_THAT(open()->value("key"), Optional(Eq(DefaultsValue(21.0))));
 }
 
-TEST_F(SqliteDefaultsStoreTest, IgnoresADictionaryWithAnEntryThatIsNoTextUntilItIsReplaced) {
-  open()->setDictionary("notes", {{"2025-03-15", "kept"}, {"2025-03-16", "number"}});
-  runSql("UPDATE entries SET value = 16 WHERE entry = '2025-03-16'");
+TEST_F(SqliteDefaultsStoreTest, CreatesNothingBeforeTheFirstWriteAndThenForTheUserAlone) {
+  namespace fs = std::filesystem;
+  const auto former = umask(0);
   {
     const auto store = open();
-    EXPECT_EQ(store->dictionary("notes"), std::nullopt);
-    EXPECT_THAT(store->value("notes"), Optional(Eq(DefaultsValue(OpaqueValue()))));
-    store->setEntry("notes", "2025-03-17", "new");
+    EXPECT_EQ(store->value("key"), std::nullopt);
+    EXPECT_FALSE(fs::exists(file().parent_path()));
+    fs::create_directory(file().parent_path());
+    store->setValue("key", true);
   }
-  EXPECT_EQ(open()->dictionary("notes"), (TextDictionary{{"2025-03-17", "new"}}));
+  fs::permissions(file(), fs::perms::all);
+  const auto store = open();
+  store->setValue("key", false);
+  umask(former);
+  EXPECT_EQ(fs::status(file().parent_path()).permissions(), fs::perms::owner_all);
+  for (const auto& entry : fs::directory_iterator(file().parent_path()))
+    EXPECT_EQ(entry.status().permissions() & ~fs::perms::owner_all, fs::perms::none) << entry;
 }
 
-TEST_F(SqliteDefaultsStoreTest, CreatesNothingBeforeTheFirstWriteAndThenAPrivateFolder) {
+TEST_F(SqliteDefaultsStoreTest, HasEverythingInTheFileAloneAfterAQuietMoment) {
   const auto store = open();
-  EXPECT_EQ(store->value("key"), std::nullopt);
-  EXPECT_FALSE(std::filesystem::exists(file().parent_path()));
+  store->setEntry("notes", "1", "note");
   store->setValue("key", true);
-  EXPECT_EQ(std::filesystem::status(file().parent_path()).permissions(),
-            std::filesystem::perms::owner_all);
+  loop.advance(Seconds(10));
+  const auto copy = folder.path() / "copy" / "defaults.sqlite";
+  setBytes(copy, bytes(file()));
+  const SqliteDefaultsStore other(copy, loop);
+  EXPECT_EQ(other.dictionary("notes"), (TextDictionary{{"1", "note"}}));
+  EXPECT_THAT(other.boolean("key"), Optional(true));
+}
+
+TEST_F(SqliteDefaultsStoreTest, WritesLongTextsOnAnotherThreadAndInTheirOrder) {
+  const std::string text(1 << 20, 'n');
+  loop.holdBackground();
+  {
+    const auto store = open();
+    store->setEntry("notes", "1", "before");
+    store->setEntry("notes", "1", text);
+    store->setEntry("notes", "2", text);
+    store->setEntry("notes", "1", "after");
+    EXPECT_EQ(open()->dictionary("notes"), (TextDictionary{{"1", "before"}}));
+    loop.runBackground();
+    store->setEntry("notes", "3", "new");
+    EXPECT_EQ(store->dictionary("notes")->at("1"), "after");
+    store->setEntry("notes", "3", text);
+  }
+  EXPECT_TRUE(open()->dictionary("notes") ==
+              (TextDictionary{{"1", "after"}, {"2", text}, {"3", text}}));
+}
+
+TEST_F(SqliteDefaultsStoreTest, NeitherReadsNorWritesWhatIsNoFile) {
+  namespace fs = std::filesystem;
+  fs::create_directory(file().parent_path());
+  const std::function<void(const fs::path&)> makers[] = {
+      [](const fs::path& path) { mkfifo(path.c_str(), S_IRWXU); },
+      [](const fs::path& path) { fs::create_directory(path); },
+      [](const fs::path& path) { fs::create_symlink("/dev/zero", path); }};
+  for (const auto& make : makers) {
+    for (const char* suffix : {"", "-wal"}) {
+      make(file().string() + suffix);
+      const auto store = open();
+      EXPECT_TRUE(store->isRead());
+      store->setValue("key", true);
+      EXPECT_FALSE(store->isKept.value());
+      fs::remove(file().string() + suffix);
+      loop.advance(Seconds(64));
+      EXPECT_TRUE(store->isKept.value());
+      EXPECT_THAT(open()->boolean("key"), Optional(true));
+      store->close();
+      fs::remove(file());
+    }
+  }
 }
 
 TEST_F(SqliteDefaultsStoreTest, StartsOverAnEmptyFile) {
@@ -113,27 +168,6 @@ TEST_F(SqliteDefaultsStoreTest, StartsOverAnEmptyFile) {
   open()->setValue("key", true);
   EXPECT_THAT(open()->boolean("key"), Optional(true));
   EXPECT_THAT(setAsideFiles(), testing::IsEmpty());
-}
-
-TEST_F(SqliteDefaultsStoreTest, LosesNothingWhenTheFileIsDeletedOrReplaced) {
-  const auto store = open();
-  store->setValue("before", "text"s);
-  store->setDictionary("notes", {{"2025-03-15", "note"}});
-
-  std::filesystem::remove_all(file().parent_path());
-  store->setValue("after", true);
-  EXPECT_THAT(open()->string("before"), Optional("text"s));
-  EXPECT_THAT(open()->boolean("after"), Optional(true));
-
-  const auto other = folder.path() / "other.sqlite";
-  SqliteDefaultsStore(other, loop).setDictionary("notes", {{"2025-03-16", "theirs"}});
-  SqliteDefaultsStore(other, loop).setValue("before", "theirs"s);
-  std::filesystem::rename(other, file());
-  store->setEntry("notes", "2025-03-17", "new");
-  EXPECT_THAT(open()->string("before"), Optional("theirs"s));
-  EXPECT_EQ(
-      open()->dictionary("notes"),
-      (TextDictionary{{"2025-03-15", "note"}, {"2025-03-16", "theirs"}, {"2025-03-17", "new"}}));
 }
 
 TEST_F(SqliteDefaultsStoreTest, TakesTheWritesOfTwoProgramsEntryByEntry) {

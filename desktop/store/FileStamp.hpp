@@ -1,0 +1,24 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+
+namespace Hilalor {
+
+/// What tells a file that nobody else has touched from one that somebody has.
+struct FileStamp {
+  dev_t device = 0;
+  ino_t id = 0;
+  off_t size = 0;                       ///< In bytes.
+  std::int64_t changedNanoseconds = 0;  ///< Of the last change of its bytes, since 1970.
+
+  /// Of the file under that name; none where there is no file.
+  [[nodiscard]] static std::optional<FileStamp> of(const std::filesystem::path& file);
+
+  friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+}  // namespace Hilalor
