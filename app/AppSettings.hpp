@@ -41,6 +41,9 @@ class AppSettings {
 
   AppSettings(DefaultsStore& store, const LocationManager& locationManager);
 
+  /// Whether every change is stored by now.
+  [[nodiscard]] Published<bool>& isKept() { return store_.isKept; }
+
   /// Told before any preference changes.
   Signal<> willChange;
 

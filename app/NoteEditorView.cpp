@@ -11,6 +11,8 @@ constexpr int kPadding = 12;
 constexpr int kSpacing = 8;
 constexpr TextStyle kHeadingStyle{
     .size = 12, .weight = QFont::DemiBold, .color = &Colors::secondary};
+constexpr TextStyle kWarningStyle{.size = 11, .color = &Colors::secondary};
+constexpr const char* kNotSaved = "Not saved: the file cannot be written.";
 constexpr int kEditorTypeSize = 13;
 constexpr QSize kEditorSize{240, 120};
 
@@ -33,12 +35,15 @@ NoteEditorView::NoteEditorView(Date date, NotesStore& store)
   setBody(
       column({.spacing = kSpacing, .padding = Insets::all(kPadding), .alignment = Qt::AlignLeft},
              {liveText(kHeadingStyle, [this] { return dateLabel(); }),
-              framed(editor_, kEditorSize.width(), kEditorSize.height())}));
+              framed(editor_, kEditorSize.width(), kEditorSize.height()),
+              onlyWhile([this] { return !store_.isKept().value(); },
+                        new Text(kWarningStyle, QString::fromUtf8(kNotSaved)))}));
   editor_->onEdit = [this](const QString& text) { edit(text); };
   atRedraw([this] {
     if (store_.note(startOfDay()) != note_) showNote();
   });
   changes_ = store_.willChange.subscribe([this] { setNeedsRedraw(); });
+  keeping_ = store_.isKept().subscribe([this](bool) { setNeedsRedraw(); });
   redraw();
 }
 

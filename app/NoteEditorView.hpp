@@ -35,6 +35,7 @@ class NoteEditorView final : public View {
   TextEditor* editor_;
   std::string note_;  // The stored one, as last seen.
   Subscription changes_;
+  Subscription keeping_;
 };
 
 }  // namespace Hilalor

@@ -30,6 +30,9 @@ class NotesStore {
   /// All notes by their days, "2025-03-15".
   [[nodiscard]] const TextDictionary& notes() const { return notes_; }
 
+  /// Whether every change is stored by now.
+  [[nodiscard]] Published<bool>& isKept() { return store_.isKept; }
+
   [[nodiscard]] bool hasNote(Date date) const;
 
   /// The text as it was typed; empty where the day has none.

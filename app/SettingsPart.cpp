@@ -27,6 +27,13 @@ Text* SettingsPart::rowLabel(const char* text) {
   return new Text(kLabelStyle, QString::fromUtf8(text));
 }
 
+QWidget* SettingsPart::unsavedLine() {
+  changes_.push_back(settings_.isKept().subscribe([this](bool) { setNeedsRedraw(); }));
+  return onlyWhile(
+      [this] { return !settings_.isKept().value(); },
+      new Text(kAdviceStyle, QStringLiteral("Changes are not saved: the file cannot be written.")));
+}
+
 QWidget* SettingsPart::groupDivider() {
   return divider(kDividerPadding);
 }

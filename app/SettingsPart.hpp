@@ -27,6 +27,9 @@ class SettingsPart : public View {
 
   [[nodiscard]] static Text* rowLabel(const char* text);
 
+  /// Says that changes are not stored, while they are not.
+  [[nodiscard]] QWidget* unsavedLine();
+
   /// The line between groups of rows.
   [[nodiscard]] static QWidget* groupDivider();
 

@@ -50,9 +50,9 @@ SettingsView::SettingsView(Updater* updater, const QPixmap& appIcon)
     : prayerTimes_(new PrayerTimesCard) {
   auto* content = column(
       {.padding = kPadding},
-      {sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"), calendarCard(),
-       sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"), appearanceCard(),
-       sectionHeader("About"), new AboutCard(updater, appIcon), flexibleSpace()});
+      {unsavedLine(), sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"),
+       calendarCard(), sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"),
+       appearanceCard(), sectionHeader("About"), new AboutCard(updater, appIcon), flexibleSpace()});
   content->setFixedWidth(kWidth);
   setBody(new ScrollColumn(content));
   redraw();

@@ -60,6 +60,11 @@ void Popover::dismiss() {
   hide();
 }
 
+// A content that grows while it is shown gets the room for it.
+void Popover::followContent() {
+  if (isVisible() && content_->sizeHint() != content_->size()) place();
+}
+
 void Popover::place() {
   const QSize inner = content_->sizeHint().expandedTo(content_->minimumSize());
   resize(inner.width(), inner.height() + kArrowHeight);
@@ -119,6 +124,7 @@ bool Popover::isOfThis(const QWidget* widget) const {
 
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == parentWidget()) dismiss();
+  if (event->type() == QEvent::LayoutRequest && watched == content_) followContent();
   if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
     if (!isOfThis(static_cast<QWidget*>(watched))) dismiss();
   }

@@ -31,6 +31,7 @@ class Popover final : public QWidget {
   enum class Side { below, above };
 
   void place();
+  void followContent();
   [[nodiscard]] bool isOfThis(const QWidget* widget) const;
   [[nodiscard]] QPainterPath outline() const;
 

@@ -62,6 +62,23 @@ TEST_F(NoteEditorViewTest, ShowsWhatIsStoredUnchangedAndStoresNothingUnasked) {
   EXPECT_EQ(NotesStore::shared().notes().size(), 1U);
 }
 
+TEST_F(NoteEditorViewTest, SaysSoWhileWhatIsTypedIsNotStored) {
+  open(10);
+  const auto warning = [&] {
+    const auto texts = editor->findChildren<Text*>();
+    return std::ranges::find_if(texts, [](const Text* text) {
+             return text->isVisible() && text->text().startsWith("Not saved");
+           }) != texts.end();
+  };
+  const int before = editor->window()->height();
+  for (const bool isKept : {false, true}) {
+    desktop.defaults.isKept.assign(isKept);
+    settle();
+    EXPECT_EQ(warning(), !isKept);
+    EXPECT_EQ(editor->window()->height() > before, !isKept);
+  }
+}
+
 using StoredNoteTest = ScreenTest;
 
 TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
