@@ -6,6 +6,20 @@
 namespace Hilalor {
 namespace {
 
+/// A list in a list in a release's description is deep; whatever goes on for ever is no feed.
+constexpr int kDeepest = 32;
+
+bool isTooDeep(const QByteArray& xml) {
+  QXmlStreamReader reader(xml);
+  int depth = 0;
+  while (!reader.atEnd() && depth <= kDeepest) {
+    const auto token = reader.readNext();
+    if (token == QXmlStreamReader::StartElement) ++depth;
+    if (token == QXmlStreamReader::EndElement) --depth;
+  }
+  return depth > kDeepest;
+}
+
 /// Texts without a language are English.
 bool isForeign(const QXmlStreamReader& xml) {
   const auto language = xml.attributes().value(QStringLiteral("xml:lang"));
@@ -49,6 +63,7 @@ std::optional<Release> readRelease(QXmlStreamReader& xml) {
 }  // namespace
 
 std::optional<ReleaseFeed> ReleaseFeed::parse(const QByteArray& xml) {
+  if (isTooDeep(xml)) return std::nullopt;
   QXmlStreamReader reader(xml);
   ReleaseFeed feed;
   bool isFeed = false;

@@ -50,9 +50,12 @@ TEST(ReleaseFeed, MayNameNoRelease) {
 }
 
 TEST(ReleaseFeed, IsNotMadeOfAnythingElse) {
-  for (const char* text : {"", "not found", "<html><body>Not found</body></html>",
-                           "<releases><release version='9'>", "<releases></wrong>"}) {
-    SCOPED_TRACE(text);
+  const QByteArray deep =
+      "<releases><release version='9'><description>" + QByteArray("<ul>").repeated(100'000);
+  for (const QByteArray& text :
+       {QByteArray(""), QByteArray("not found"), QByteArray("<html><body>Not found</body></html>"),
+        QByteArray("<releases><release version='9'>"), QByteArray("<releases></wrong>"), deep}) {
+    SCOPED_TRACE(text.left(60).toStdString());
     EXPECT_FALSE(ReleaseFeed::parse(text));
   }
 }
