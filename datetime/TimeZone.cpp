@@ -12,6 +12,7 @@
 #include <tuple>
 
 #include "datetime/ZoneFile.hpp"
+#include "datetime/ZoneRule.hpp"
 
 namespace Hilalor {
 namespace {
@@ -41,6 +42,20 @@ class LibraryZone final : public ZoneOffsets {
 
  private:
   std::unique_ptr<icu::TimeZone> zone_;
+};
+
+// A zone by a rule alone.
+class RuleZone final : public ZoneOffsets {
+ public:
+  RuleZone(std::string identifier, const ZoneRule& rule)
+      : ZoneOffsets(std::move(identifier)), rule_(rule) {}
+
+  [[nodiscard]] int offsetAt(std::int64_t utcSeconds) const override {
+    return rule_.offsetAt(utcSeconds);
+  }
+
+ private:
+  ZoneRule rule_;
 };
 
 std::shared_ptr<const ZoneOffsets> zoneFromLibrary(const std::string& identifier) {
@@ -91,13 +106,43 @@ std::shared_ptr<const ZoneOffsets> knownZone(const std::string& identifier) {
   return zone;
 }
 
-// "/usr/share/zoneinfo/Asia/Riyadh" names "Asia/Riyadh".
+// "/usr/share/zoneinfo/Asia/Riyadh" names "Asia/Riyadh"; empty for a file of no database.
+std::string identifierFromPath(const std::string& path) {
+  constexpr std::string_view kFolder = "zoneinfo/";
+  const auto position = path.rfind(kFolder);
+  return position == std::string::npos ? "" : path.substr(position + kFolder.size());
+}
+
 std::string identifierFromLink() {
   std::error_code error;
   const auto target = std::filesystem::read_symlink(kMachineZone, error).generic_string();
-  constexpr std::string_view kFolder = "zoneinfo/";
-  const auto position = target.rfind(kFolder);
-  return error || position == std::string::npos ? "" : target.substr(position + kFolder.size());
+  return error ? "" : identifierFromPath(target);
+}
+
+// The zone that the value of TZ means where no database knows it by that name.
+std::shared_ptr<const ZoneOffsets> zoneFromVariable(const std::string& value) {
+  const std::string identifier = "TZ:" + value;
+  if (value.starts_with('/')) {
+    const auto zone = knownZone(identifierFromPath(value));
+    return zone ? zone : zoneFromPath(value, identifier);
+  }
+  const auto rule = ZoneRule::parsed(value);
+  return rule ? std::make_shared<RuleZone>(identifier, *rule) : nullptr;
+}
+
+// Rules and files outside the database, each read once.
+std::shared_ptr<const ZoneOffsets> zoneOutsideDatabase(const std::string& value) {
+  static std::map<std::string, std::shared_ptr<const ZoneOffsets>> known;
+  const auto [found, isNew] = known.try_emplace(value);
+  if (isNew) found->second = zoneFromVariable(value);
+  return found->second;
+}
+
+std::shared_ptr<const ZoneOffsets> zoneOfVariable(const std::string& value) {
+  std::shared_ptr<const ZoneOffsets> zone;
+  if (FileMark::ofZone(value) == FileMark()) zone = zoneOutsideDatabase(value);
+  if (!zone) zone = knownZone(value);
+  return zone ? zone : knownZone("UTC");
 }
 
 // The machine's zone where its file is a copy, found by comparing it with the database.
@@ -132,9 +177,10 @@ std::optional<TimeZone> TimeZone::named(std::string_view identifier) {
 
 TimeZone TimeZone::current() {
   if (const char* variable = std::getenv("TZ"); variable != nullptr) {
-    const std::string_view name(variable);
-    const auto zone = named(name.substr(name.starts_with(':') ? 1 : 0));
-    if (zone) return *zone;
+    const std::string value(variable);
+    if (auto zone = zoneOfVariable(value.substr(value.starts_with(':') ? 1 : 0))) {
+      return TimeZone(std::move(zone));
+    }
   }
   auto& [file, zone] = machineZone();
   const auto mark = FileMark::ofMachineZone();

@@ -24,8 +24,11 @@ class TimeZone {
   /// The zone of that identifier ("Asia/Riyadh"); none when no database knows it.
   [[nodiscard]] static std::optional<TimeZone> named(std::string_view identifier);
 
-  /// The zone the machine is set to now: the variable TZ if it names one, else /etc/localtime, else
-  /// UTC. Asked again at every call, so a change of the machine's zone is seen by the next one.
+  /// The zone the machine is set to now: that of the variable TZ where it is set, else that of
+  /// /etc/localtime, else UTC. Asked again at every call, so a change of the machine's zone is seen
+  /// by the next one. TZ is read as the C library does: a zone's name, the path of its file or a
+  /// rule ("EST5EDT,M3.2.0,M11.1.0"), with or without a colon before it; UTC if it is none of them.
+  /// A zone by rule has an identifier that `named` does not know.
   [[nodiscard]] static TimeZone current();
 
   /// Reads the rules again of the zones whose files have changed since. A look at each zone in use

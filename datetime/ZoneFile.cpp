@@ -134,11 +134,15 @@ std::shared_ptr<const ZoneOffsets> zoneFromBytes(std::string identifier, std::st
 std::shared_ptr<const ZoneOffsets> zoneFromFile(std::string_view folder,
                                                 std::string_view identifier) {
   if (!isIdentifier(identifier)) return nullptr;
-  std::ifstream file(std::string(folder) + "/" + std::string(identifier), std::ios::binary);
+  return zoneFromPath(std::string(folder) + "/" + std::string(identifier), std::string(identifier));
+}
+
+std::shared_ptr<const ZoneOffsets> zoneFromPath(const std::string& path, std::string identifier) {
+  std::ifstream file(path, std::ios::binary);
   std::string bytes(kMaximumFileSize, '\0');
   file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return zoneFromBytes(std::string(identifier), bytes);
+  return zoneFromBytes(std::move(identifier), bytes);
 }
 
 }  // namespace Hilalor

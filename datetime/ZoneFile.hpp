@@ -13,6 +13,10 @@ namespace Hilalor {
 [[nodiscard]] std::shared_ptr<const ZoneOffsets> zoneFromFile(std::string_view folder,
                                                               std::string_view identifier);
 
+/// The same from one such file, wherever it lies.
+[[nodiscard]] std::shared_ptr<const ZoneOffsets> zoneFromPath(const std::string& path,
+                                                              std::string identifier);
+
 /// The same from the content of such a file.
 [[nodiscard]] std::shared_ptr<const ZoneOffsets> zoneFromBytes(std::string identifier,
                                                                std::string_view bytes);

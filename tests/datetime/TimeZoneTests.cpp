@@ -222,5 +222,38 @@ TEST(TimeZone, IsTheMachinesAnewAtEveryCall) {
   EXPECT_TRUE(TimeZone::named(TimeZone::current().identifier()));
 }
 
+TEST(TimeZone, ReadsTheVariableAsTheCLibraryDoes) {
+  const TemporaryFolder folder;
+  const auto copy = folder.path() / "copy";
+  std::filesystem::copy_file("/usr/share/zoneinfo/Africa/Cairo", copy);
+  const std::string values[] = {"UTC-3",
+                                "<+03>-3",
+                                "GMT+3",
+                                "<-0330>3:30",
+                                "EST5EDT",
+                                "EST5EDT,M3.2.0,M11.1.0",
+                                "AEST-10AEDT,M10.1.0,M4.1.0/3",
+                                "IST-1GMT0,M10.5.0,M3.5.0/1",
+                                "XXX4YYY,J60/0,300/25",
+                                ":Asia/Riyadh",
+                                ":/usr/share/zoneinfo/Asia/Tehran",
+                                "/usr/share/zoneinfo/Europe/Oslo",
+                                copy.string(),
+                                "",
+                                "Nowhere/Here",
+                                "/nowhere/here"};
+  const SystemTimeZone restored("UTC");
+  for (const auto& value : values) {
+    SCOPED_TRACE(value);
+    setenv("TZ", value.c_str(), 1);
+    tzset();
+    const auto zone = TimeZone::current();
+    const auto start = static_cast<std::int64_t>(utc(2026, 1, 1).secondsSince1970);
+    for (auto instant = start; instant < start + 800 * kDay; instant += 1800)
+      ASSERT_EQ(offset(zone, instant), libraryOffset(instant)) << instant;
+  }
+  tzset();
+}
+
 }  // namespace
 }  // namespace Hilalor
