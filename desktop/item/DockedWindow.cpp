@@ -36,9 +36,8 @@ DockedWindow::DockedWindow(xcb_connection_t* connection, const xcb_screen_t& scr
                                       connection_, window_, XCB_CW_BACK_PIXMAP, &background));
 }
 
-void DockedWindow::tell(Wish wish) const {
-  const std::array<std::uint32_t, 2> info = {kXembedVersion,
-                                             wish == Wish::shown ? kXembedMapped : 0};
+void DockedWindow::wishToBeShown() const {
+  const std::array<std::uint32_t, 2> info = {kXembedVersion, kXembedMapped};
   Xcb::ignoreFailure(connection_, xcb_change_property_checked(connection_, XCB_PROP_MODE_REPLACE,
                                                               window_, xembedInfo_, xembedInfo_, 32,
                                                               info.size(), info.data()));

@@ -22,10 +22,8 @@ class DockedWindow {
 
   [[nodiscard]] xcb_window_t window() const { return window_; }
 
-  enum class Wish { hidden, shown };
-
-  /// Lets the tray know whether the window is to be seen.
-  void tell(Wish wish) const;
+  /// Lets the tray know that the window is to be seen as soon as it is in it.
+  void wishToBeShown() const;
 
   /// Asks the tray for that much room. The window itself has the size at once, whatever is seen of
   /// it.

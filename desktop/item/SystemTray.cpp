@@ -117,7 +117,8 @@ std::optional<QColor> SystemTray::textColour() const {
 DockedWindow SystemTray::dock(xcb_window_t window, const QSize& size) {
   docked_ = window;
   const DockedWindow docked(connection_, screen_, window, atoms_.xembedInfo);
-  docked.tell(DockedWindow::Wish::hidden);
+  // From the beginning: some trays lose a window that is hidden and shown while they take it in.
+  docked.wishToBeShown();
   docked.askForSize(size);
   xcb_client_message_event_t request{};
   request.response_type = XCB_CLIENT_MESSAGE;

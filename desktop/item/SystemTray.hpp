@@ -37,7 +37,7 @@ class SystemTray : public QAbstractNativeEventFilter {
   /// The colour of its own texts, where it tells. It may be of another theme than the bar's.
   [[nodiscard]] std::optional<QColor> textColour() const;
 
-  /// Asks the tray to take the window in, hidden at first, and to give it that much room, in device
+  /// Asks the tray to take the window in, to show it then and to give it that much room, in device
   /// pixels. Only the window docked last is watched.
   [[nodiscard]] DockedWindow dock(xcb_window_t window, const QSize& size);
 

@@ -91,7 +91,6 @@ void TrayWindow::show() {
   face_.show();
   // Which put hints of its own in place of ours.
   window_->askForSize(asked_);
-  window_->tell(DockedWindow::Wish::shown);
 }
 
 QSize TrayWindow::sizeToAskFor(int height) const {

@@ -158,7 +158,7 @@ HOSTS = {
     "trayer": Host("text", top(24), ("openbox", OTHER_X, "dunst",
                    "trayer --edge top --align right --widthtype request --height 24 "
                    "--transparent false --SetDockType true --SetPartialStrut true --expand true")),
-    "polybar": Host("text", top(27), ("openbox", OTHER_X, "dunst", "polybar"),
+    "polybar": Host("square", top(27), ("openbox", OTHER_X, "dunst", "polybar"),
                     files={"polybar/config.ini": POLYBAR}),
     "sway": sway("force"),
     "sway-without-x": sway("disable"),
