@@ -1,88 +1,181 @@
 #include "Adhan/ExactTimes.hpp"
 
+#include <array>
+#include <cmath>
+
 #include "Adhan/Astronomy/SeasonalTwilight.hpp"
-#include "Adhan/Astronomy/SolarTime.hpp"
+#include "Adhan/Extensions/CivilDay.hpp"
+#include "Adhan/Extensions/DateUtilities.hpp"
 
 namespace Adhan {
 namespace {
 
-// What the twilights of a day hang on.
+using Astronomical::Crossing;
+using Astronomical::Event;
+using Astronomical::Observer;
+using Astronomical::Passage;
+
+// The sun over the place on one UTC day.
+struct Sky {
+  Date midnight;
+  Passage sun;
+
+  [[nodiscard]] std::optional<Date> at(double hours) const {
+    const auto time = clockTime(hours);
+    return time ? UTCCalendar::inRange(midnight + time->sinceMidnight()) : std::nullopt;
+  }
+};
+
+// A civil day at a place.
 struct Day {
   const CalculationParameters& parameters;
-  SolarTime sun;
-  Season season;
-  Date sunrise;
-  Date sunset;
-  Seconds night{0};  // from sunset to the next sunrise
+  const Coordinates& place;
+  const DateComponents& date;
+  CivilDay civil;
+  NightPortions portions;
 
   [[nodiscard]] bool goesBySeason() const {
     return parameters.method == CalculationMethod::moonsightingCommittee;
   }
 
   // Where the seasonal rule first takes a seventh of the night; the south never does.
-  [[nodiscard]] bool takesSeventhOfNight() const { return goesBySeason() && season.latitude >= 55; }
+  [[nodiscard]] bool takesSeventhOfNight() const { return goesBySeason() && place.latitude >= 55; }
 
-  // When the sun stands that many degrees below the horizon.
-  [[nodiscard]] std::optional<Date> twilight(double degrees, bool afterTransit) const {
-    const auto fields = sun.timeForSolarAngle({-degrees}, afterTransit);
-    return fields ? gregorianUTC().date(*fields) : std::nullopt;
+  [[nodiscard]] Season season() const {
+    const auto start = gregorianUTC().date(date);
+    return {place.latitude, start ? gregorianUTC().ordinalDay(*start).value_or(1) : 1,
+            date.year.value_or(1)};
   }
 };
 
-std::optional<Day> dayOf(const Coordinates& coordinates, const DateComponents& date,
-                         const CalculationParameters& parameters) {
-  const auto& calendar = gregorianUTC();
-  const auto start = calendar.date(date);
-  const auto tomorrow = calendar.dayAfter(date);
-  if (!start || !tomorrow || !date.year) return std::nullopt;
-  const auto dayOfYear = calendar.ordinalDay(*start);
-  const auto sun = SolarTime::make(date, coordinates);
-  if (!dayOfYear || !sun) return std::nullopt;
-  const auto nextSun = sun->following(*tomorrow);
-  if (!nextSun) return std::nullopt;
-  const auto sunrise = calendar.date(sun->sunrise);
-  const auto sunset = calendar.date(sun->sunset);
-  const auto nextSunrise = calendar.date(nextSun->sunrise);
-  if (!sunrise || !sunset || !nextSunrise) return std::nullopt;
-  return Day{parameters, *sun,    {coordinates.latitude, *dayOfYear, *date.year},
-             *sunrise,   *sunset, *nextSunrise - *sunset};
+// The events of the day before the rules for long twilights.
+struct Sun {
+  Date sunrise;
+  Date dhuhr;
+  Date asr;
+  Date sunset;
+  std::optional<Date> dawn;
+  std::optional<Date> nightfall;  // not looked for with an interval
+};
+
+std::optional<Sun> sunOf(const Day& day, const Sky& sky) {
+  const auto horizon = Crossing::ofHorizon(sky.sun);
+  if (std::isnan(horizon.halfArc.degrees)) return std::nullopt;
+  enum { kSunrise, kSunset, kAsr, kFajr, kIsha, kEvents };
+  std::array<Event, kEvents> events{{
+      {sky.sun, horizon, false},
+      {sky.sun, horizon, true},
+      {sky.sun, Crossing::ofShadow(sky.sun, rawValue(day.parameters.madhab)), true},
+      {sky.sun, Crossing::of(sky.sun, {-day.parameters.fajrAngle}), false},
+      {sky.sun, Crossing::of(sky.sun, {-day.parameters.ishaAngle}), true},
+  }};
+  const bool looksForIsha = day.parameters.ishaInterval <= 0;
+  correctHourAngles(std::span(events).first(looksForIsha ? kEvents : kIsha));
+  const auto sunrise = sky.at(events[kSunrise].hours);
+  const auto sunset = sky.at(events[kSunset].hours);
+  const auto dhuhr = sky.at(correctedTransit(sky.sun));
+  const auto asr = sky.at(events[kAsr].hours);
+  if (!sunrise || !sunset || !dhuhr || !asr) return std::nullopt;
+  return Sun{*sunrise,
+             *dhuhr,
+             *asr,
+             *sunset,
+             sky.at(events[kFajr].hours),
+             looksForIsha ? sky.at(events[kIsha].hours) : std::nullopt};
 }
 
-Date earliestFajr(const Day& day) {
-  if (day.goesBySeason()) return day.sunrise + seasonalMorningTwilight(day.season);
-  return day.sunrise - day.parameters.nightPortions(day.sun.observer).fajr * day.night;
+// The night from sunset to the sunrise of the next day.
+struct Night {
+  Seconds length{0};
+  bool isExact = false;
+};
+
+// None when the next day lacks sunrise, transit or sunset.
+std::optional<Night> exactNight(const Day& day, Date sunset, const SolarDay& nextSun) {
+  const Sky sky{day.civil.nextMidnight, Passage(day.place, nextSun)};
+  const auto horizon = Crossing::ofHorizon(sky.sun);
+  std::array<Event, 2> events{{{sky.sun, horizon, false}, {sky.sun, horizon, true}}};
+  correctHourAngles(events);
+  const auto sunrise = sky.at(events[0].hours);
+  if (!sunrise || !sky.at(events[1].hours) || !clockTime(correctedTransit(sky.sun))) {
+    return std::nullopt;
+  }
+  return Night{*sunrise - sunset, true};
 }
 
-Date fajrOf(const Day& day) {
-  const Date earliest = earliestFajr(day);
-  const auto dawn = day.takesSeventhOfNight()
-                        ? day.sunrise - day.night / 7
-                        : day.twilight(day.parameters.fajrAngle, /*afterTransit=*/false);
-  return !dawn || *dawn < earliest ? earliest : *dawn;
+// A length that the night surely reaches. Most twilights are so much shorter that this is enough,
+// and the next day's sun need not be known. None where the next sunrise may be far from today's.
+//
+// Up to 60 degrees, on days of 5 to 19 hours, the declination of the next day, 0.4 degrees further
+// at most, moves sunrise by no more than 7 minutes; what the sun moves within either day, by no
+// more than 20. The transit moves by half a minute, so that it does not leave its civil day here.
+std::optional<Night> leastNight(const Day& day, const Sky& sky, const Sun& sun) {
+  constexpr double kMargin = 0.02;  // days
+  const Seconds daylight = sun.sunset - sun.sunrise;
+  const double transit = sky.sun.approximateTransit;
+  const double rising = (sun.sunrise - day.civil.midnight).count() / UTCCalendar::kSecondsPerDay;
+  const bool isOrdinary =
+      std::abs(day.place.latitude) <= 60 && std::abs(day.place.longitude) <= 360 &&
+      daylight > std::chrono::hours(5) && daylight < std::chrono::hours(19) && transit > kMargin &&
+      transit < 1 - kMargin && std::abs(rising) > kMargin && day.civil.isRegular() &&
+      day.portions.fajr >= 0 && day.portions.isha >= 0;
+  if (!isOrdinary) return std::nullopt;
+  return Night{Seconds((1 - kMargin) * UTCCalendar::kSecondsPerDay) - daylight, false};
 }
 
-Date latestIsha(const Day& day) {
+Date earliestFajr(const Day& day, const Sun& sun, Seconds night) {
+  if (day.goesBySeason()) return sun.sunrise + seasonalMorningTwilight(day.season());
+  return sun.sunrise - day.portions.fajr * night;
+}
+
+Date latestIsha(const Day& day, const Sun& sun, Seconds night) {
   if (day.goesBySeason()) {
-    return day.sunset + seasonalEveningTwilight(day.season, day.parameters.shafaq);
+    return sun.sunset + seasonalEveningTwilight(day.season(), day.parameters.shafaq);
   }
-  return day.sunset + day.parameters.nightPortions(day.sun.observer).isha * day.night;
+  return sun.sunset + day.portions.isha * night;
 }
 
-Date ishaOf(const Day& day) {
+// None when it takes the exact night.
+std::optional<Date> fajrOf(const Day& day, const Sun& sun, const Night& night) {
+  const auto dawn =
+      day.takesSeventhOfNight() ? std::optional(sun.sunrise - night.length / 7) : sun.dawn;
+  const Date earliest = earliestFajr(day, sun, night.length);
+  const bool isBound = !dawn || *dawn < earliest;
+  if (!night.isExact && (isBound || day.takesSeventhOfNight())) return std::nullopt;
+  return isBound ? earliest : *dawn;
+}
+
+// None when it takes the exact night.
+std::optional<Date> ishaOf(const Day& day, const Sun& sun, const Night& night) {
   if (day.parameters.ishaInterval > 0) {
-    return day.sunset + std::chrono::minutes(day.parameters.ishaInterval);
+    return sun.sunset + std::chrono::minutes(day.parameters.ishaInterval);
   }
-  const Date latest = latestIsha(day);
-  const auto nightfall = day.takesSeventhOfNight()
-                             ? day.sunset + day.night / 7
-                             : day.twilight(day.parameters.ishaAngle, /*afterTransit=*/true);
-  return !nightfall || *nightfall > latest ? latest : *nightfall;
+  const auto nightfall =
+      day.takesSeventhOfNight() ? std::optional(sun.sunset + night.length / 7) : sun.nightfall;
+  const Date latest = latestIsha(day, sun, night.length);
+  const bool isBound = !nightfall || *nightfall > latest;
+  if (!night.isExact && (isBound || day.takesSeventhOfNight())) return std::nullopt;
+  return isBound ? latest : *nightfall;
 }
 
-Date maghribOf(const Day& day, Date isha) {
-  if (!day.parameters.maghribAngle) return day.sunset;
-  const auto dusk = day.twilight(*day.parameters.maghribAngle, /*afterTransit=*/true);
-  return dusk && day.sunset < *dusk && isha > *dusk ? *dusk : day.sunset;
+struct Twilights {
+  Date fajr;
+  Date isha;
+};
+
+// None without a night, and when they take the exact one.
+std::optional<Twilights> twilightsOf(const Day& day, const Sun& sun,
+                                     const std::optional<Night>& night) {
+  const auto fajr = night ? fajrOf(day, sun, *night) : std::nullopt;
+  const auto isha = fajr ? ishaOf(day, sun, *night) : std::nullopt;
+  return isha ? std::optional(Twilights{*fajr, *isha}) : std::nullopt;
+}
+
+Date maghribOf(const Day& day, const Sky& sky, Date sunset, Date isha) {
+  if (!day.parameters.maghribAngle) return sunset;
+  const Angle altitude{-*day.parameters.maghribAngle};
+  const auto dusk = sky.at(correctedHourAngle(sky.sun, altitude, /*afterTransit=*/true));
+  return dusk && sunset < *dusk && isha > *dusk ? *dusk : sunset;
 }
 
 }  // namespace
@@ -90,15 +183,29 @@ Date maghribOf(const Day& day, Date isha) {
 std::optional<ExactTimes> ExactTimes::make(const Coordinates& coordinates,
                                            const DateComponents& date,
                                            const CalculationParameters& parameters) {
-  const auto day = dayOf(coordinates, date, parameters);
-  if (!day) return std::nullopt;
-  const auto afternoon = day->sun.afternoon(rawValue(parameters.madhab));
-  const auto asr = afternoon ? gregorianUTC().date(*afternoon) : std::nullopt;
-  const auto dhuhr = gregorianUTC().date(day->sun.transit);
-  if (!asr || !dhuhr) return std::nullopt;
-  const Date nightfall = ishaOf(*day);
-  return ExactTimes{fajrOf(*day), day->sunrise, *dhuhr, *asr, maghribOf(*day, nightfall),
-                    nightfall};
+  Ephemeris ephemeris;
+  return make(coordinates, date, parameters, ephemeris);
+}
+
+std::optional<ExactTimes> ExactTimes::make(const Coordinates& coordinates,
+                                           const DateComponents& date,
+                                           const CalculationParameters& parameters,
+                                           Ephemeris& ephemeris) {
+  const auto civil = CivilDay::of(date);
+  if (!civil) return std::nullopt;
+  const Day day{parameters, coordinates, date, *civil, parameters.nightPortions(coordinates)};
+  const Sky sky{civil->midnight, Passage(coordinates, ephemeris.at(civil->julianDay))};
+  const auto sun = sunOf(day, sky);
+  if (!sun) return std::nullopt;
+  auto twilights = twilightsOf(day, *sun, leastNight(day, sky, *sun));
+  if (!twilights) {
+    const SolarDay& nextSun = ephemeris.at(civil->nextJulianDay());
+    twilights = twilightsOf(day, *sun, exactNight(day, sun->sunset, nextSun));
+  }
+  if (!twilights) return std::nullopt;
+  const auto [fajr, isha] = *twilights;
+  return ExactTimes{
+      fajr, sun->sunrise, sun->dhuhr, sun->asr, maghribOf(day, sky, sun->sunset, isha), isha};
 }
 
 }  // namespace Adhan

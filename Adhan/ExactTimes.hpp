@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "Adhan/Astronomy/Ephemeris.hpp"
 #include "Adhan/Extensions/UTCCalendar.hpp"
 #include "Adhan/Models/CalculationParameters.hpp"
 #include "Adhan/Models/Coordinates.hpp"
@@ -18,10 +19,14 @@ struct ExactTimes {
   Date maghrib;
   Date isha;
 
-  /// Takes and fails as `PrayerTimes::make`.
+  /// Take and fail as those of `PrayerTimes`.
   [[nodiscard]] static std::optional<ExactTimes> make(const Coordinates& coordinates,
                                                       const DateComponents& date,
                                                       const CalculationParameters& parameters);
+  [[nodiscard]] static std::optional<ExactTimes> make(const Coordinates& coordinates,
+                                                      const DateComponents& date,
+                                                      const CalculationParameters& parameters,
+                                                      Ephemeris& ephemeris);
 
   friend bool operator==(const ExactTimes&, const ExactTimes&) = default;
 };

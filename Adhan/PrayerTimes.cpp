@@ -12,7 +12,15 @@ namespace Adhan {
 std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
                                              const DateComponents& date,
                                              const CalculationParameters& calculationParameters) {
-  const auto exact = ExactTimes::make(coordinates, date, calculationParameters);
+  Ephemeris ephemeris;
+  return make(coordinates, date, calculationParameters, ephemeris);
+}
+
+std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
+                                             const DateComponents& date,
+                                             const CalculationParameters& calculationParameters,
+                                             Ephemeris& ephemeris) {
+  const auto exact = ExactTimes::make(coordinates, date, calculationParameters, ephemeris);
   if (!exact) return std::nullopt;
   const auto adjusted = [&](Date time, int PrayerAdjustments::*prayer) {
     const std::chrono::minutes own(calculationParameters.adjustments.*prayer);
@@ -29,9 +37,9 @@ std::optional<PrayerTimes> PrayerTimes::make(const Coordinates& coordinates,
                           date,
                           calculationParameters};
   // Angles and latitudes that are no angles can pass the sun's formulas and spoil a bound.
-  const bool finite = std::ranges::all_of(allCases<Prayer>(), [&](Prayer prayer) {
-    return std::isfinite(times.time(prayer).secondsSince1970);
-  });
+  const auto found = {times.fajr, times.sunrise, times.dhuhr, times.asr, times.maghrib, times.isha};
+  const bool finite =
+      std::ranges::all_of(found, [](Date time) { return std::isfinite(time.secondsSince1970); });
   return finite ? std::optional(times) : std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <optional>
 
+#include "Adhan/Astronomy/Ephemeris.hpp"
 #include "Adhan/Extensions/UTCCalendar.hpp"
 #include "Adhan/Models/CalculationParameters.hpp"
 #include "Adhan/Models/Coordinates.hpp"
@@ -35,6 +36,12 @@ struct PrayerTimes {
   [[nodiscard]] static std::optional<PrayerTimes> make(
       const Coordinates& coordinates, const DateComponents& date,
       const CalculationParameters& calculationParameters);
+
+  /// The same times to the last bit, with the sun's positions taken from those kept and added to
+  /// them: for days in a row at one place, or for many places on one date.
+  [[nodiscard]] static std::optional<PrayerTimes> make(
+      const Coordinates& coordinates, const DateComponents& date,
+      const CalculationParameters& calculationParameters, Ephemeris& ephemeris);
 
   /// The last prayer whose time has come, at its exact instant too; none before fajr.
   [[nodiscard]] std::optional<Prayer> currentPrayer(Date at) const;

@@ -1,7 +1,10 @@
 #include "Adhan/Astronomy/Astronomical.hpp"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
+
+#include "Adhan/Astronomy/SolarDay.hpp"
 
 namespace Adhan::Astronomical {
 namespace {
@@ -18,10 +21,56 @@ Angle arcSeconds(double seconds) {
   return {seconds / 3600};
 }
 
-// Of the sun above the horizon, negative below (ch. 13).
-Angle altitudeAt(const Passage& passage, Angle declination, Angle hourAngle) {
-  return arcsin(passage.sinLatitude * sin(declination) +
-                passage.cosLatitude * cos(declination) * cos(hourAngle));
+// From transit to where the sine of the sun's altitude is this, by the day's declination.
+Angle arcTo(const Passage& passage, double sinAltitude) {
+  return arccos((sinAltitude - passage.sinLatitude * passage.sinDeclination) /
+                (passage.cosLatitude * passage.cosDeclination));
+}
+
+constexpr std::size_t kSideBySide = 8;
+
+// Each step for all events before the next step: a processor works on sines that do not wait for
+// one another side by side.
+void correctSideBySide(std::span<Event> events) {
+  struct Sun {
+    double time;       // days, by the right ascension and declination of the day
+    double hourAngle;  // degrees
+    double sinHourAngle;
+    double sinDeclination;
+    double cosDeclination;
+    double sinAltitude;
+  };
+  std::array<Sun, kSideBySide> suns;
+  for (std::size_t at = 0; at < events.size(); ++at) {
+    const Passage& passage = *events[at].passage;
+    const double fromTransit = events[at].crossing.halfArc.degrees / 360;
+    const double time = events[at].afterTransit ? passage.approximateTransit + fromTransit
+                                                : passage.approximateTransit - fromTransit;
+    const Angle turned = (passage.siderealTime + Angle{kSiderealDegreesPerDay * time}).unwound();
+    const Angle rightAscension = passage.rightAscension.at(time).unwound();
+    suns[at].time = time;
+    suns[at].hourAngle = (turned + passage.longitude - rightAscension).degrees;
+  }
+  for (std::size_t at = 0; at < events.size(); ++at) {
+    const Angle declination = events[at].passage->declination.at(suns[at].time);
+    suns[at].sinDeclination = sin(declination);
+    suns[at].cosDeclination = cos(declination);
+  }
+  for (std::size_t at = 0; at < events.size(); ++at) {
+    // The altitude above the horizon (ch. 13).
+    const Passage& passage = *events[at].passage;
+    const Angle hourAngle{suns[at].hourAngle};
+    suns[at].sinAltitude = passage.sinLatitude * suns[at].sinDeclination +
+                           passage.cosLatitude * suns[at].cosDeclination * cos(hourAngle);
+    suns[at].sinHourAngle = sin(hourAngle);
+  }
+  for (std::size_t at = 0; at < events.size(); ++at) {
+    const Sun& sun = suns[at];
+    const double missing = (arcsin(sun.sinAltitude) - events[at].crossing.altitude).degrees;
+    const double correction =
+        missing / (360 * sun.cosDeclination * events[at].passage->cosLatitude * sun.sinHourAngle);
+    events[at].hours = (sun.time + correction) * 24;
+  }
 }
 
 }  // namespace
@@ -112,19 +161,21 @@ Interpolation Interpolation::ofTurning(Angle previous, Angle value, Angle next) 
   return {value, before + after, after - before};
 }
 
-Passage::Passage(const Coordinates& observer, const SolarCoordinates& previousDay,
-                 const SolarCoordinates& day, const SolarCoordinates& nextDay)
-    : west{-observer.longitude},
-      siderealTime(day.apparentSiderealTime),
-      rightAscension(Interpolation::ofTurning(previousDay.rightAscension, day.rightAscension,
-                                              nextDay.rightAscension)),
-      declination(Interpolation::of(previousDay.declination, day.declination, nextDay.declination)),
+Observer::Observer(const Coordinates& place)
+    : latitude{place.latitude},
+      longitude{place.longitude},
+      sinLatitude(sin(latitude)),
+      cosLatitude(cos(latitude)) {}
+
+Passage::Passage(const Observer& observer, const SolarDay& sun)
+    : Observer(observer),
+      siderealTime(sun.day.apparentSiderealTime),
+      rightAscension(sun.rightAscension),
+      declination(sun.declination),
       approximateTransit(
-          Astronomical::approximateTransit({observer.longitude}, siderealTime, day.rightAscension)),
-      sinLatitude(sin(Angle{observer.latitude})),
-      cosLatitude(cos(Angle{observer.latitude})),
-      sinDeclination(sin(day.declination)),
-      cosDeclination(cos(day.declination)) {}
+          Astronomical::approximateTransit(longitude, siderealTime, sun.day.rightAscension)),
+      sinDeclination(sun.sinDeclination),
+      cosDeclination(sun.cosDeclination) {}
 
 double approximateTransit(Angle longitude, Angle siderealTime, Angle rightAscension) {
   const Angle west = -longitude;
@@ -136,24 +187,36 @@ double correctedTransit(const Passage& passage) {
   const double transit = passage.approximateTransit;
   const Angle turned = (passage.siderealTime + Angle{kSiderealDegreesPerDay * transit}).unwound();
   const Angle rightAscension = passage.rightAscension.at(transit).unwound();
-  const Angle hourAngle = (turned - passage.west - rightAscension).quadrantShifted();
+  const Angle hourAngle = (turned + passage.longitude - rightAscension).quadrantShifted();
   return (transit + hourAngle.degrees / -360) * 24;
 }
 
-double correctedHourAngle(const Passage& passage, Angle altitude, bool afterTransit) {
-  const Angle halfArc = arccos((sin(altitude) - passage.sinLatitude * passage.sinDeclination) /
-                               (passage.cosLatitude * passage.cosDeclination));
-  const double fromTransit = halfArc.degrees / 360;
-  const double time = afterTransit ? passage.approximateTransit + fromTransit
-                                   : passage.approximateTransit - fromTransit;
-  const Angle turned = (passage.siderealTime + Angle{kSiderealDegreesPerDay * time}).unwound();
-  const Angle rightAscension = passage.rightAscension.at(time).unwound();
-  const Angle declination = passage.declination.at(time);
-  const Angle hourAngle = turned - passage.west - rightAscension;
-  const Angle altitudeThen = altitudeAt(passage, declination, hourAngle);
-  const double correction = (altitudeThen - altitude).degrees /
-                            (360 * cos(declination) * passage.cosLatitude * sin(hourAngle));
-  return (time + correction) * 24;
+Crossing Crossing::of(const Passage& passage, Angle altitude) {
+  return {altitude, arcTo(passage, sin(altitude))};
+}
+
+Crossing Crossing::ofHorizon(const Passage& passage) {
+  // Half the sun's disc and the refraction at the horizon, in degrees.
+  constexpr Angle kAltitude{-50.0 / 60.0};
+  static const double kSine = sin(kAltitude);
+  return {kAltitude, arcTo(passage, kSine)};
+}
+
+Crossing Crossing::ofShadow(const Passage& passage, int shadowLength) {
+  const Angle fromZenithAtNoon{std::abs((passage.latitude - passage.declination.value).degrees)};
+  return of(passage, arctan(1 / (shadowLength + tan(fromZenithAtNoon))));
+}
+
+void correctHourAngles(std::span<Event> events) {
+  for (; events.size() > kSideBySide; events = events.subspan(kSideBySide))
+    correctSideBySide(events.first(kSideBySide));
+  correctSideBySide(events);
+}
+
+double correctedHourAngle(const Passage& passage, const Crossing& crossing, bool afterTransit) {
+  Event event(passage, crossing, afterTransit);
+  correctHourAngles({&event, 1});
+  return event.hours;
 }
 
 bool isLeapYear(int year) {

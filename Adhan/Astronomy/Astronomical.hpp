@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "Adhan/Astronomy/SolarCoordinates.hpp"
 #include "Adhan/Models/Coordinates.hpp"
 #include "Adhan/Units/Angle.hpp"
@@ -8,6 +10,10 @@
 /// The formulas of the sun's place in the sky, of low precision: a few seconds in the times of a
 /// day between 1950 and 2100. From J. Meeus, "Astronomical Algorithms", 2nd ed.; the chapter stands
 /// with each. T is always the Julian century. Pure functions of their arguments; NaN runs through.
+namespace Adhan {
+struct SolarDay;
+}
+
 namespace Adhan::Astronomical {
 
 /// Days and their fraction since noon of 1 January 4713 BC (ch. 7). Absent year, month and day
@@ -69,18 +75,25 @@ struct Interpolation {
   [[nodiscard]] Angle at(double days) const { return value + days / 2 * (slope + days * curve); }
 };
 
-/// The sun's passage over an observer on one day: what its transit, rising and setting share.
-struct Passage {
-  Passage(const Coordinates& observer, const SolarCoordinates& previousDay,
-          const SolarCoordinates& day, const SolarCoordinates& nextDay);
+/// A place, with what every passage of the sun over it shares.
+struct Observer {
+  explicit Observer(const Coordinates& place);
 
-  Angle west;  ///< Longitude, west positive.
+  Angle latitude;
+  Angle longitude;
+  double sinLatitude = 0;
+  double cosLatitude = 0;
+};
+
+/// The sun's passage over an observer on one day: what its transit, rising and setting share.
+struct Passage : Observer {
+  Passage(const Observer& observer, const SolarDay& sun);
+  Passage(const Coordinates& place, const SolarDay& sun) : Passage(Observer(place), sun) {}
+
   Angle siderealTime;
   Interpolation rightAscension;
   Interpolation declination;
   double approximateTransit = 0;
-  double sinLatitude = 0;
-  double cosLatitude = 0;
   double sinDeclination = 0;  ///< Of the day's declination.
   double cosDeclination = 0;
 };
@@ -92,9 +105,43 @@ struct Passage {
 /// The transit in hours of the day (ch. 15). Near the antimeridian it can lie below 0 or above 24.
 [[nodiscard]] double correctedTransit(const Passage& passage);
 
-/// The hours of the day at which the sun stands at `altitude`, before or after its transit (ch.
+/// An altitude that the sun stands at twice on its passage, as long before as after the transit but
+/// for its own motion on the day.
+struct Crossing {
+  Angle altitude;
+  Angle halfArc;  ///< From crossing to transit; NaN when the sun never stands there on that day.
+
+  [[nodiscard]] static Crossing of(const Passage& passage, Angle altitude);
+
+  /// Of the sun's upper edge and the horizon, with refraction: rising and setting.
+  [[nodiscard]] static Crossing ofHorizon(const Passage& passage);
+
+  /// Where shadows are longer than at noon by `shadowLength` heights of the object that casts them.
+  [[nodiscard]] static Crossing ofShadow(const Passage& passage, int shadowLength);
+};
+
+/// The hours of the day at which the sun stands at the altitude, before or after its transit (ch.
 /// 15); below 0 and above 24 on the day before and after. NaN when it never does on that day.
-[[nodiscard]] double correctedHourAngle(const Passage& passage, Angle altitude, bool afterTransit);
+[[nodiscard]] double correctedHourAngle(const Passage& passage, const Crossing& crossing,
+                                        bool afterTransit);
+[[nodiscard]] inline double correctedHourAngle(const Passage& passage, Angle altitude,
+                                               bool afterTransit) {
+  return correctedHourAngle(passage, Crossing::of(passage, altitude), afterTransit);
+}
+
+/// The sun at an altitude before or after the transit of its passage, and when it is there.
+struct Event {
+  Event(const Passage& ofSun, const Crossing& at, bool after)
+      : passage(&ofSun), crossing(at), afterTransit(after) {}
+
+  const Passage* passage;
+  Crossing crossing;
+  bool afterTransit;
+  double hours = 0;  ///< As `correctedHourAngle` gives them.
+};
+
+/// Finds the hours of all the events, in less time than one by one.
+void correctHourAngles(std::span<Event> events);
 
 [[nodiscard]] bool isLeapYear(int year);
 

@@ -5,8 +5,7 @@
 namespace Adhan {
 namespace {
 
-// Half the sun's disc and the refraction at the horizon, in degrees.
-constexpr Angle kRisingAltitude{-50.0 / 60.0};
+using Astronomical::Crossing;
 
 DateComponents midnight(DateComponents date) {
   date.hour = 0;
@@ -16,38 +15,32 @@ DateComponents midnight(DateComponents date) {
 
 }  // namespace
 
-SolarTime::SolarTime(const DateComponents& midnight, const Coordinates& place,
-                     const SolarCoordinates& previous, const SolarCoordinates& day,
-                     const SolarCoordinates& next)
+SolarTime::SolarTime(const DateComponents& midnight, const Coordinates& place, const SolarDay& sun)
     : date(midnight),
       observer(place),
-      solar(day),
-      prevSolar(previous),
-      nextSolar(next),
-      passage_(place, previous, day, next) {
+      solar(sun.day),
+      prevSolar(sun.previous),
+      nextSolar(sun.next),
+      passage_(place, sun) {
   approxTransit = passage_.approximateTransit;
 }
 
 std::optional<SolarTime> SolarTime::make(const DateComponents& date, const Coordinates& observer) {
-  const DateComponents start = midnight(date);
-  const double julianDay = Astronomical::julianDay(start);
-  return SolarTime(start, observer, SolarCoordinates(julianDay - 1), SolarCoordinates(julianDay),
-                   SolarCoordinates(julianDay + 1))
-      .withEvents();
+  Ephemeris ephemeris;
+  return make(date, observer, ephemeris);
 }
 
-std::optional<SolarTime> SolarTime::following(const DateComponents& nextDate) const {
-  const DateComponents start = midnight(nextDate);
-  const double julianDay = Astronomical::julianDay(start);
-  // Julian days at 0h end in .5 exactly, so that the difference is exact too.
-  if (julianDay != Astronomical::julianDay(date) + 1) return make(nextDate, observer);
-  return SolarTime(start, observer, solar, nextSolar, SolarCoordinates(julianDay + 1)).withEvents();
+std::optional<SolarTime> SolarTime::make(const DateComponents& date, const Coordinates& observer,
+                                         Ephemeris& ephemeris) {
+  const DateComponents start = midnight(date);
+  return SolarTime(start, observer, ephemeris.at(Astronomical::julianDay(start))).withEvents();
 }
 
 std::optional<SolarTime> SolarTime::withEvents() && {
+  const auto horizon = Crossing::ofHorizon(passage_);
   const auto transitTime = settingHour(date, Astronomical::correctedTransit(passage_));
-  const auto sunriseTime = timeForSolarAngle(kRisingAltitude, /*afterTransit=*/false);
-  const auto sunsetTime = timeForSolarAngle(kRisingAltitude, /*afterTransit=*/true);
+  const auto sunriseTime = timeOf(horizon, /*afterTransit=*/false);
+  const auto sunsetTime = timeOf(horizon, /*afterTransit=*/true);
   if (!transitTime || !sunriseTime || !sunsetTime) return std::nullopt;
   transit = *transitTime;
   sunrise = *sunriseTime;
@@ -55,15 +48,17 @@ std::optional<SolarTime> SolarTime::withEvents() && {
   return *this;
 }
 
+std::optional<DateComponents> SolarTime::timeOf(const Crossing& crossing, bool afterTransit) const {
+  return settingHour(date, Astronomical::correctedHourAngle(passage_, crossing, afterTransit));
+}
+
 std::optional<DateComponents> SolarTime::timeForSolarAngle(Angle altitude,
                                                            bool afterTransit) const {
-  return settingHour(date, Astronomical::correctedHourAngle(passage_, altitude, afterTransit));
+  return timeOf(Crossing::of(passage_, altitude), afterTransit);
 }
 
 std::optional<DateComponents> SolarTime::afternoon(int shadowLength) const {
-  const Angle fromZenithAtNoon{std::abs(observer.latitude - solar.declination.degrees)};
-  return timeForSolarAngle(arctan(1 / (shadowLength + tan(fromZenithAtNoon))),
-                           /*afterTransit=*/true);
+  return timeOf(Crossing::ofShadow(passage_, shadowLength), /*afterTransit=*/true);
 }
 
 }  // namespace Adhan

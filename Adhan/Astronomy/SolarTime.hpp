@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "Adhan/Astronomy/Astronomical.hpp"
+#include "Adhan/Astronomy/Ephemeris.hpp"
 #include "Adhan/Astronomy/SolarCoordinates.hpp"
 #include "Adhan/Models/Coordinates.hpp"
 #include "datetime/DateComponents.hpp"
@@ -30,9 +31,10 @@ struct SolarTime {
   [[nodiscard]] static std::optional<SolarTime> make(const DateComponents& date,
                                                      const Coordinates& observer);
 
-  /// The same as `make` for the same observer. Quicker when `nextDate` is the day after this one:
-  /// two of its three positions of the sun are then known.
-  [[nodiscard]] std::optional<SolarTime> following(const DateComponents& nextDate) const;
+  /// The same, with the sun's positions taken from those kept and added to them.
+  [[nodiscard]] static std::optional<SolarTime> make(const DateComponents& date,
+                                                     const Coordinates& observer,
+                                                     Ephemeris& ephemeris);
 
   /// When the sun stands at `altitude`, negative below the horizon, before or after transit. No
   /// result when it does not on that day.
@@ -44,12 +46,13 @@ struct SolarTime {
   [[nodiscard]] std::optional<DateComponents> afternoon(int shadowLength) const;
 
  private:
-  SolarTime(const DateComponents& midnight, const Coordinates& place,
-            const SolarCoordinates& previous, const SolarCoordinates& day,
-            const SolarCoordinates& next);
+  SolarTime(const DateComponents& midnight, const Coordinates& place, const SolarDay& sun);
 
   // The same once transit, sunrise and sunset are found; none when one of them is missing.
   [[nodiscard]] std::optional<SolarTime> withEvents() &&;
+
+  [[nodiscard]] std::optional<DateComponents> timeOf(const Astronomical::Crossing& crossing,
+                                                     bool afterTransit) const;
 
   Astronomical::Passage passage_;
 };

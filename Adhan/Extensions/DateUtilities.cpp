@@ -1,38 +1,38 @@
 #include "Adhan/Extensions/DateUtilities.hpp"
 
 #include <cmath>
-#include <limits>
+#include <cstdint>
 
 namespace Adhan {
 
 std::optional<DateComponents> settingHour(const DateComponents& components, double value) {
-  constexpr double kLargest = std::numeric_limits<int>::max();
+  const auto time = clockTime(value);
   std::optional<DateComponents> result;
-  if (std::isnormal(value) && std::abs(value) <= kLargest) {
-    const double hours = std::floor(value);
-    const double minutes = std::floor((value - hours) * 60);
-    const double seconds = std::floor((value - (hours + minutes / 60)) * 60 * 60);
+  if (time) {
     result = components;
-    result->hour = static_cast<int>(hours);
-    result->minute = static_cast<int>(minutes);
-    result->second = static_cast<int>(seconds);
+    result->hour = time->hour;
+    result->minute = time->minute;
+    result->second = time->second;
   }
   return result;
 }
 
 Date roundedMinute(Date date, Rounding rounding) {
-  const double second = std::floor(date.secondsSince1970);
-  if (!(std::abs(second) <= UTCCalendar::kFarthestSecond)) return date;
+  if (!(std::abs(date.secondsSince1970) < UTCCalendar::kFarthestSecond)) return date;
   // Without leap seconds every minute in UTC begins at a multiple of 60.
+  const auto wholeMinutes = [](std::int64_t seconds) {
+    return Date{static_cast<double>((seconds / 60 - (seconds % 60 < 0 ? 1 : 0)) * 60)};
+  };
+  const auto second = static_cast<std::int64_t>(std::floor(date.secondsSince1970));
   switch (rounding) {
     case Rounding::nearest:
-      return {60 * std::floor((second + 30) / 60)};
+      return wholeMinutes(second + 30);
     case Rounding::up:
-      return {60 * std::ceil(second / 60)};
+      return wholeMinutes(second + 59);
     case Rounding::none:
       break;
   }
-  return {second};
+  return {static_cast<double>(second)};
 }
 
 }  // namespace Adhan

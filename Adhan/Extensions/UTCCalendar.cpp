@@ -8,8 +8,6 @@
 namespace Adhan {
 namespace {
 
-constexpr std::int64_t kSecondsPerDay = 86400;
-
 constexpr std::int64_t floorDivided(std::int64_t value, std::int64_t divisor) {
   return value / divisor - (value % divisor < 0 ? 1 : 0);
 }
@@ -56,10 +54,6 @@ std::optional<std::int64_t> wholeSeconds(Date date) {
   return static_cast<std::int64_t>(seconds);
 }
 
-std::optional<Date> inRange(Date date) {
-  return wholeSeconds(date) ? std::optional(date) : std::nullopt;
-}
-
 Hilalor::TimeZone zoneOrStop(std::optional<Hilalor::TimeZone> utc) {
   if (!utc) {
     std::fputs("Unable to instantiate UTC TimeZone.\n", stderr);
@@ -98,6 +92,13 @@ std::optional<Date> UTCCalendar::date(const DateComponents& components) const {
       std::int64_t{components.minute.value_or(0)} * 60 + components.second.value_or(0);
   const Date date{static_cast<double>(seconds)};
   return std::abs(date.secondsSince1970) <= kFarthestSecond ? std::optional(date) : std::nullopt;
+}
+
+std::optional<Date> UTCCalendar::midnightAfter(const DateComponents& components) const {
+  const auto start = date(components);
+  const auto seconds = start ? wholeSeconds(*start + std::chrono::days(1)) : std::nullopt;
+  if (!seconds) return std::nullopt;
+  return Date{static_cast<double>(floorDivided(*seconds, kSecondsPerDay) * kSecondsPerDay)};
 }
 
 std::optional<DateComponents> UTCCalendar::dayAfter(const DateComponents& components) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "datetime/Date.hpp"
@@ -19,6 +21,7 @@ using Hilalor::Seconds;
 /// of 1970 (285 million years). Beyond it, and for NaN, there is no result.
 class UTCCalendar {
  public:
+  static constexpr std::int64_t kSecondsPerDay = 86400;
   static constexpr double kFarthestSecond = 9007199254740992;  ///< 2^53.
 
   /// Stops the program with "Unable to instantiate UTC TimeZone." when the machine has no UTC.
@@ -36,6 +39,15 @@ class UTCCalendar {
 
   /// Year, month and day of the day after that of the fields.
   [[nodiscard]] std::optional<DateComponents> dayAfter(const DateComponents& components) const;
+
+  /// The midnight that ends the day of the fields.
+  [[nodiscard]] std::optional<Date> midnightAfter(const DateComponents& components) const;
+
+  /// The date itself if it lies within the range.
+  [[nodiscard]] static std::optional<Date> inRange(Date date) {
+    const bool inside = std::abs(date.secondsSince1970) <= kFarthestSecond;
+    return inside ? std::optional(date) : std::nullopt;
+  }
 
   /// The day's place in its year, 1 to 366.
   [[nodiscard]] std::optional<int> ordinalDay(Date date) const;

@@ -79,13 +79,15 @@ TEST(Astronomical, FindsThePassageOfTheTextbook) {
     venus.apparentSiderealTime = {177.74208};
     return venus;
   };
-  const Passage passage({42.3333, -71.0833}, position(40.68021, 18.04761),
-                        position(41.73129, 18.44092), position(42.78204, 18.82742));
+  const Passage passage({42.3333, -71.0833},
+                        SolarDay(position(40.68021, 18.04761), position(41.73129, 18.44092),
+                                 position(42.78204, 18.82742)));
   constexpr double kTolerance = 24 * 2e-5;
   EXPECT_NEAR(passage.approximateTransit, 0.81965, 1e-5);
   EXPECT_NEAR(correctedTransit(passage), 24 * 0.81980, kTolerance);
-  EXPECT_NEAR(correctedHourAngle(passage, {-0.5667}, false), 24 * 0.51766, kTolerance);
-  EXPECT_TRUE(std::isnan(correctedHourAngle(passage, {80}, true))) << "it never stands that high";
+  EXPECT_NEAR(correctedHourAngle(passage, Angle{-0.5667}, false), 24 * 0.51766, kTolerance);
+  EXPECT_TRUE(std::isnan(correctedHourAngle(passage, Angle{80}, true)))
+      << "it never stands that high";
 }
 
 TEST(Astronomical, CountsDaysFromTheSolsticeOfTheHemisphere) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
+#include "Adhan/Astronomy/SolarTime.hpp"
 #include "Adhan/ExactTimes.hpp"
 #include "Adhan/Qibla.hpp"
 #include "Adhan/SunnahTimes.hpp"
@@ -38,6 +41,50 @@ TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
     parameters.maghribAngle = angle;
     EXPECT_EQ(ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value().maghrib, sunset)
         << angle << " degrees: after isha, before sunset or never";
+  }
+}
+
+// The twilights as their rule says, from the sun of both days.
+std::optional<ExactTimes> exactBySolarTime(const Coordinates& place, const DateComponents& date,
+                                           const CalculationParameters& parameters) {
+  const auto& calendar = gregorianUTC();
+  const auto sun = SolarTime::make(date, place);
+  const auto nextSun = SolarTime::make(calendar.dayAfter(date).value(), place);
+  if (!sun || !nextSun || !sun->afternoon(1)) return std::nullopt;
+  const Date sunrise = *calendar.date(sun->sunrise);
+  const Date sunset = *calendar.date(sun->sunset);
+  const Seconds night = *calendar.date(nextSun->sunrise) - sunset;
+  const auto portions = parameters.nightPortions(place);
+  const auto dawn = sun->timeForSolarAngle({-parameters.fajrAngle}, false);
+  const auto nightfall = sun->timeForSolarAngle({-parameters.ishaAngle}, true);
+  const Date earliest = sunrise - portions.fajr * night;
+  const Date latest = sunset + portions.isha * night;
+  return ExactTimes{dawn ? std::max(*calendar.date(*dawn), earliest) : earliest,
+                    sunrise,
+                    *calendar.date(sun->transit),
+                    *calendar.date(*sun->afternoon(1)),
+                    sunset,
+                    nightfall ? std::min(*calendar.date(*nightfall), latest) : latest};
+}
+
+TEST(PrayerTimes, AreTheSameToTheLastBitWithTheSunKept) {
+  std::mt19937 random(1447);
+  std::uniform_real_distribution<> latitude(-70, 70);
+  std::uniform_real_distribution<> longitude(-180, 180);
+  Ephemeris ephemeris;
+  Date start = at(2026, 1, 1, 0);
+  for (int step = 0; step < 20'000; ++step) {
+    // Another place, mostly on the same date or one beside it, at times far away.
+    if (step % 3 == 0) start = start + std::chrono::days(random() % 2 == 0 ? 1 : -1);
+    if (step % 50 == 0) start = at(1900, 1, 1, 0) + std::chrono::days(random() % 110'000);
+    auto parameters = params(CalculationMethod::muslimWorldLeague);
+    if (step % 7 == 0) parameters.highLatitudeRule = HighLatitudeRule::twilightAngle;
+    const auto fields = gregorianUTC().components(start);
+    const auto date = day(*fields.year, *fields.month, *fields.day);
+    const Coordinates place{latitude(random), longitude(random)};
+    ASSERT_EQ(ExactTimes::make(place, date, parameters, ephemeris),
+              exactBySolarTime(place, date, parameters))
+        << place << " on " << date;
   }
 }
 

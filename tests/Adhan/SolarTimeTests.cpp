@@ -43,32 +43,5 @@ TEST(SolarTime, HasNoResultForAnAngleOutOfReach) {
   EXPECT_FALSE(midsummer->timeForSolarAngle({60}, true));
 }
 
-TEST(SolarTime, FollowsItselfToTheLastBit) {
-  for (const Coordinates& place : {kRiyadh, kHonolulu, Coordinates{-55, 179.9}}) {
-    DateComponents date = day(2027, 12, 1);
-    for (int step = 0; step < 800; ++step) {
-      const auto today = SolarTime::make(date, place);
-      date = gregorianUTC().dayAfter(date).value();
-      const auto tomorrow = SolarTime::make(date, place);
-      const auto following = today.value().following(date);
-      ASSERT_TRUE(tomorrow && following) << date;
-      ASSERT_EQ(following->solar, tomorrow->solar) << date;
-      ASSERT_EQ(following->nextSolar, tomorrow->nextSolar) << date;
-      ASSERT_EQ(following->approxTransit, tomorrow->approxTransit) << date;
-      ASSERT_EQ(following->sunrise, tomorrow->sunrise) << date;
-      ASSERT_EQ(following->sunset, tomorrow->sunset) << date;
-    }
-  }
-}
-
-TEST(SolarTime, DoesNotTakeAnotherDayForTheNext) {
-  const auto today = SolarTime::make(day(2026, 11, 16), kRiyadh);
-  for (const auto& other : {day(2026, 11, 16), day(2026, 11, 18), day(2026, 5, 17)}) {
-    EXPECT_EQ(today.value().following(other).value().solar,
-              SolarTime::make(other, kRiyadh).value().solar)
-        << other;
-  }
-}
-
 }  // namespace
 }  // namespace Adhan

@@ -1,4 +1,5 @@
 #include "Adhan/Astronomy/Astronomical.hpp"
+#include "Adhan/Astronomy/SolarDay.hpp"
 #include "Adhan/Astronomy/SolarTime.hpp"
 #include "tests/golden/Inputs.hpp"
 #include "tests/golden/Kinds.hpp"
@@ -95,7 +96,7 @@ void checkSolar(const Json& row, Checks& checks) {
   checkPosition("prevSolar", row.at("prevSolar"), previous, checks);
   checkPosition("solar", row.at("solar"), solar, checks);
   checkPosition("nextSolar", row.at("nextSolar"), next, checks);
-  const Passage passage(coordinates(row), previous, solar, next);
+  const Passage passage(coordinates(row), SolarDay(previous, solar, next));
   checkHours(row, passage, checks);
   const auto solarTime = SolarTime::make(date(row), coordinates(row));
   checks.equal("result", row.at("result"), solarTime.has_value());
