@@ -1,6 +1,7 @@
 #include "ui/Picker.hpp"
 
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "ui/FocusRing.hpp"
@@ -88,6 +89,17 @@ void GreenPickerButton::setText(const QString& text) {
 
 void GreenPickerButton::setHelp(const QString& help) {
   button_->setAccessibleDescription(help);
+}
+
+void GreenPickerButton::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(event->button() == Qt::LeftButton);
+  button_->setDown(event->isAccepted());
+}
+
+void GreenPickerButton::mouseReleaseEvent(QMouseEvent* event) {
+  if (!button_->isDown() || event->button() != Qt::LeftButton) return;
+  button_->setDown(false);
+  if (rect().contains(event->position().toPoint())) showMenu();
 }
 
 void GreenPickerButton::showMenu() {

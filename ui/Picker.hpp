@@ -17,7 +17,8 @@ struct PickerMenu {
   std::optional<int> current;  ///< The option with the check mark, by its place.
 };
 
-/// A text in the accent colour that opens a menu of options under it.
+/// A text in the accent colour that opens a menu of options under it, by a click anywhere in its
+/// row.
 class GreenPickerButton final : public QWidget {
  public:
   /// The menu is built whenever it opens. Choosing calls `onSelect` with the option's place in it.
@@ -28,6 +29,10 @@ class GreenPickerButton final : public QWidget {
 
   /// What a screen reader says of the picker.
   void setHelp(const QString& help);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   void showMenu();

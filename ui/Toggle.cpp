@@ -80,6 +80,11 @@ int Toggle::heightForWidth(int width) const {
   return std::max(label, markSize().height());
 }
 
+bool Toggle::hitButton(const QPoint& place) const {
+  const bool isSeen = look_ == ToggleLook::switched || place.x() < sizeHint().width();
+  return isSeen && QAbstractButton::hitButton(place);
+}
+
 void Toggle::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

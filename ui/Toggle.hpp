@@ -33,6 +33,9 @@ class Toggle final : public QAbstractButton {
   /// The click does not change the state by itself.
   void nextCheckState() override {}
 
+  /// A switch acts over its whole row, the others where something of them is seen.
+  [[nodiscard]] bool hitButton(const QPoint& place) const override;
+
  private:
   [[nodiscard]] QSize markSize() const;
   [[nodiscard]] QRect markRect() const;

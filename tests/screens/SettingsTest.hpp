@@ -86,7 +86,8 @@ class SettingsTest : public testing::Test {
 
   void click(QWidget* widget) {
     if (widget == nullptr) throw std::out_of_range("nothing to click on");
-    QTest::mouseClick(widget, Qt::LeftButton);
+    // At its beginning: rows may have nothing in their middle.
+    QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(8, widget->height() / 2));
   }
 
   /// Opens the picker that shows that text.

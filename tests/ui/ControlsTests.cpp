@@ -45,6 +45,9 @@ TEST(Toggle, ShowsWhatItIsToldAndAsksForTheRest) {
     QTest::mouseClick(&toggle, Qt::LeftButton);
     EXPECT_TRUE(toggle.isOn());
     EXPECT_EQ(asked, (std::vector{true, false}));
+    toggle.resize(toggle.width() + 100, toggle.height());
+    QTest::mouseClick(&toggle, Qt::LeftButton, {}, QPoint(toggle.width() - 5, 5));
+    EXPECT_EQ(asked.size() == 3, look == ToggleLook::switched) << "the end of the row";
   }
 }
 
@@ -85,8 +88,9 @@ TEST(GreenPickerButton, OffersEveryOptionAndChecksTheCurrentOne) {
       },
       [&](int index) { chosen = index; });
   picker.setText(QStringLiteral("Glass"));
+  picker.resize(300, 20);
   picker.show();
-  QTest::mouseClick(part<Button>(picker), Qt::LeftButton);
+  QTest::mouseClick(&picker, Qt::LeftButton, {}, QPoint(295, 10));
   const auto* menu = picker.findChild<QMenu*>();
   ASSERT_NE(menu, nullptr);
   ASSERT_EQ(menu->actions().size(), 2);
