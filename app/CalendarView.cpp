@@ -1,9 +1,12 @@
 #include "app/CalendarView.hpp"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "platform/Platform.hpp"
+#include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
 
 namespace Hilalor {
@@ -12,7 +15,8 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr int kWidth = 260;
-constexpr Insets kPadding{.top = 20, .leading = 12, .bottom = 10, .trailing = 12};
+constexpr Insets kPadding{.top = 20, .bottom = 10};
+constexpr Insets kSides = Insets::sides(12);
 constexpr int kSpacing = 6;
 constexpr Insets kInset = Insets::sides(4);
 
@@ -38,6 +42,7 @@ constexpr int kStopIconSize = 13;
 constexpr milliseconds kStopTransition{200};
 
 constexpr int kWeek = 7;
+constexpr int kWeekHeight = 40 + kColumns.spacing;
 
 }  // namespace
 
@@ -51,8 +56,9 @@ CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
   setFixedWidth(kWidth);
   atRedraw([this] { refreshPage(); });
   setBody(column({.spacing = kSpacing, .padding = kPadding},
-                 {onlyWhile([this] { return settings_.showCalendar.value(); }, calendarBlock()),
-                  onlyWhile([this] { return settings_.showPrayerTimes.value(); }, prayerTimes()),
+                 {onlyWhile([this] { return settings_.showCalendar.value(); }, headerRow()),
+                  onlyWhile([this] { return settings_.showCalendar || settings_.showPrayerTimes; },
+                            scrollingPart()),
                   bottomBar()}));
   if (onSizeChange) {
     onWantedSize = [report = std::move(onSizeChange)](QSize size) {
@@ -61,14 +67,6 @@ CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
   }
   observe();
   redraw();
-}
-
-QWidget* CalendarView::calendarBlock() {
-  return column(
-      {.spacing = kSpacing},
-      {headerRow(),
-       onlyWhile([this] { return settings_.showSecondaryCalendar.value(); }, secondaryRow()),
-       divider(kInset), weekdayLabels(), dayGrid(), hoverLine()});
 }
 
 QWidget* CalendarView::headerRow() {
@@ -81,7 +79,8 @@ QWidget* CalendarView::headerRow() {
                                           : QStringLiteral("Previous month"));
     next->setAccessibleName(yearMode_ ? QStringLiteral("Next year") : QStringLiteral("Next month"));
   });
-  return row({.padding = kInset}, {previous, flexibleSpace(), titleBlock(), flexibleSpace(), next});
+  return padded(kSides, row({.padding = kInset},
+                            {previous, flexibleSpace(), titleBlock(), flexibleSpace(), next}));
 }
 
 QWidget* CalendarView::titleBlock() {
@@ -93,6 +92,22 @@ QWidget* CalendarView::titleBlock() {
     yearMode_ = !yearMode_;
     redraw();
   });
+}
+
+QWidget* CalendarView::scrollingPart() {
+  auto* content =
+      column({.spacing = kSpacing, .padding = kSides},
+             {onlyWhile([this] { return settings_.showCalendar.value(); }, month()),
+              onlyWhile([this] { return settings_.showPrayerTimes.value(); }, prayerTimes())});
+  content->setFixedWidth(kWidth);
+  return new ScrollColumn(content, ScrollKeys::own);
+}
+
+QWidget* CalendarView::month() {
+  return column(
+      {.spacing = kSpacing},
+      {onlyWhile([this] { return settings_.showSecondaryCalendar.value(); }, secondaryRow()),
+       divider(kInset), weekdayLabels(), dayGrid(), hoverLine()});
 }
 
 QWidget* CalendarView::secondaryRow() {
@@ -149,8 +164,9 @@ QWidget* CalendarView::bottomBar() {
   auto* settings = new Button({.icon = Icon::gear, .style = kSettingsStyle}, [this] {
     if (onOpenSettings_) onOpenSettings_();
   });
-  return row({}, {helped(QStringLiteral("Quit Hilalor"), quit), flexibleSpace(), stopButton(),
-                  flexibleSpace(), helped(QStringLiteral("Settings"), settings)});
+  return row({.padding = kSides},
+             {helped(QStringLiteral("Quit Hilalor"), quit), flexibleSpace(), stopButton(),
+              flexibleSpace(), helped(QStringLiteral("Settings"), settings)});
 }
 
 Button* CalendarView::stopButton() {
@@ -197,6 +213,31 @@ void CalendarView::showDays() {
   if (QAccessible::isActive()) speech_.emplace();
   for (std::size_t index = 0; index < kCells; ++index)
     cells_[index]->show(shownDay(index));
+  fitWeeks();
+}
+
+void CalendarView::setGreatestHeight(int height) {
+  View::setGreatestHeight(height);
+  fitWeeks();
+}
+
+std::size_t CalendarView::neededWeeks() const {
+  const auto last = std::find_if(page_.cells.rbegin(), page_.cells.rend(),
+                                 [](const auto& cell) { return cell.has_value(); });
+  return (static_cast<std::size_t>(page_.cells.rend() - last) + kWeek - 1) / kWeek;
+}
+
+void CalendarView::fitWeeks() {
+  if (!settings_.showCalendar || maximumHeight() == QWIDGETSIZE_MAX) return;
+  std::size_t weeks = kCells / kWeek;
+  int height = naturalSize().height() + static_cast<int>(weeks - shownWeeks_) * kWeekHeight;
+  for (; weeks > neededWeeks() && height > maximumHeight(); --weeks)
+    height -= kWeekHeight;
+  if (weeks == shownWeeks_) return;
+  shownWeeks_ = weeks;
+  for (std::size_t index = 0; index < kCells; ++index)
+    cells_[index]->setVisible(index / kWeek < weeks);
+  remeasure(*cells_.front()->parentWidget());
 }
 
 std::optional<ShownDay> CalendarView::shownDay(std::size_t index) const {
@@ -289,6 +330,8 @@ void CalendarView::select(Date day) {
 }
 
 void CalendarView::focusOn(Date day) {
+  // A week that has just come back has no place to scroll to yet.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   for (DayCellView* cell : cells_)
     if (cell->day() && cell->day()->cell.date == day) cell->setFocus(Qt::TabFocusReason);
 }
@@ -299,6 +342,11 @@ void CalendarView::openNote() {
   const Date day = keyboardDay();
   for (DayCellView* cell : cells_)
     if (cell->day() && cell->day()->cell.date == day) cell->openNote();
+}
+
+bool CalendarView::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) fitWeeks();
+  return View::event(event);
 }
 
 void CalendarView::keyPressEvent(QKeyEvent* event) {

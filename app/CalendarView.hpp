@@ -19,12 +19,17 @@
 namespace Hilalor {
 
 /// The panel under the item in the bar: a month, the day's prayer times, and a bar of buttons.
+/// Where it may not be that high it does without weeks that have no days, and then scrolls what is
+/// between the month's name and the buttons.
 class CalendarView final : public View {
  public:
   /// `onSizeChange` is told the size that the panel wants; either may be empty.
   CalendarView(std::function<void(Size)> onSizeChange, std::function<void()> onOpenSettings);
 
+  void setGreatestHeight(int height) override;
+
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 
@@ -32,9 +37,10 @@ class CalendarView final : public View {
   static constexpr std::size_t kCells = 42;
 
   // The parts, from top to bottom.
-  [[nodiscard]] QWidget* calendarBlock();
   [[nodiscard]] QWidget* headerRow();
   [[nodiscard]] QWidget* titleBlock();
+  [[nodiscard]] QWidget* scrollingPart();
+  [[nodiscard]] QWidget* month();
   [[nodiscard]] QWidget* secondaryRow();
   [[nodiscard]] QWidget* weekdayLabels();
   [[nodiscard]] QWidget* dayGrid();
@@ -47,6 +53,8 @@ class CalendarView final : public View {
   void observe();
   void refreshPage();
   void showDays();
+  [[nodiscard]] std::size_t neededWeeks() const;
+  void fitWeeks();
   [[nodiscard]] std::optional<ShownDay> shownDay(std::size_t index) const;
   [[nodiscard]] QString title() const;
   [[nodiscard]] QString stopTitle() const;
@@ -83,6 +91,7 @@ class CalendarView final : public View {
   std::optional<Date> selectedBefore_;  // The last click.
   MonthPage page_;
   std::array<DayCellView*, kCells> cells_{};
+  std::size_t shownWeeks_ = 6;
   std::optional<DaySpeech> speech_;  // While a screen reader listens.
   std::vector<Subscription> changes_;
 };

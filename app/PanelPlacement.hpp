@@ -15,6 +15,10 @@ namespace Hilalor {
 [[nodiscard]] std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
                                                const std::vector<Screen>& screens);
 
+/// How high a panel there may be to be seen whole. No result without a screen.
+[[nodiscard]] std::optional<double> greatestPanelHeight(const std::optional<Rect>& item,
+                                                        const std::vector<Screen>& screens);
+
 /// Whether there may be a bar at the point: outside what is free of its screen, or near the edge,
 /// where bars that hide themselves come up.
 [[nodiscard]] bool mayBeOnBar(Point point, const std::vector<Screen>& screens);

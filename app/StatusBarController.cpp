@@ -1,5 +1,7 @@
 #include "app/StatusBarController.hpp"
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -124,6 +126,7 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
       .onDismiss = [this](Dismissal how) { closeForDismissal(how); },
   });
   panel_->setAppearance(appearance(settings_.theme));
+  keepOnScreen();
   position(panel_->fittingSize());
   panel_->orderFront(keyboard);
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
@@ -161,8 +164,16 @@ void StatusBarController::position(Size size) {
   panel_->setFrame({origin.value_or(Point{}), size});
 }
 
+double StatusBarController::keepOnScreen() {
+  const auto height = greatestPanelHeight(itemPlace(pointerOnItem_), platform_.screens.all());
+  if (height) panel_->setGreatestHeight(*height);
+  return height.value_or(std::numeric_limits<double>::infinity());
+}
+
 void StatusBarController::resize(Size size) {
-  if (panel_ && statusItem_->button() != nullptr) position(size);
+  if (!panel_ || statusItem_->button() == nullptr) return;
+  size.height = std::min(size.height, keepOnScreen());
+  position(size);
 }
 
 void StatusBarController::reopenPanelIfVisible() {

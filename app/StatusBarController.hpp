@@ -55,6 +55,8 @@ class StatusBarController {
   [[nodiscard]] bool isPointerOnItem(const StatusItemClick& click) const;
   void position(Size size);
   void resize(Size size);
+  /// The greatest height of the panel, which it is told.
+  double keepOnScreen();
   void reopenPanelIfVisible();
   void closeForPress(Point place);
   void closeForDismissal(Dismissal how);

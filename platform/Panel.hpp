@@ -16,8 +16,10 @@ class Panel {
  public:
   virtual ~Panel() = default;
 
-  /// The size that the screen in it wants.
+  /// The size that the screen in it wants, of its greatest height at most.
   [[nodiscard]] virtual Size fittingSize() const = 0;
+
+  virtual void setGreatestHeight(double height) = 0;
 
   [[nodiscard]] virtual bool isVisible() const = 0;
 

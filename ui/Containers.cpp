@@ -1,5 +1,7 @@
 #include "ui/Containers.hpp"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -16,6 +18,7 @@ constexpr Insets kCardPadding{.top = 12, .leading = 14, .bottom = 12, .trailing 
 constexpr double kCardRadius = 10;
 constexpr int kIndicatorWidth = 10;
 constexpr double kIndicatorInset = 2;
+constexpr int kRoomAroundFocus = 8;
 constexpr int kSpokes = 8;
 constexpr int kTurnMilliseconds = 100;
 
@@ -35,7 +38,8 @@ class ScrollIndicator final : public QScrollBar {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Colors::of(*this).tertiary);
+    const Colors& colors = Colors::of(*this);
+    painter.setBrush(parentWidget()->hasFocus() ? colors.secondary : colors.tertiary);
     painter.drawRoundedRect(seen, seen.width() / 2, seen.width() / 2);
   }
 };
@@ -57,7 +61,8 @@ void Card::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(rect(), kCardRadius, kCardRadius);
 }
 
-ScrollColumn::ScrollColumn(QWidget* content) : indicator_(new ScrollIndicator(this)) {
+ScrollColumn::ScrollColumn(QWidget* content, ScrollKeys keys)
+    : keys_(keys), indicator_(new ScrollIndicator(this)) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setAlignment(Qt::AlignHCenter);
@@ -68,9 +73,38 @@ ScrollColumn::ScrollColumn(QWidget* content) : indicator_(new ScrollIndicator(th
   connect(bar, &QScrollBar::rangeChanged, this, [this] { followRange(); });
   connect(bar, &QScrollBar::valueChanged, indicator_, &QScrollBar::setValue);
   connect(indicator_, &QScrollBar::valueChanged, bar, &QScrollBar::setValue);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* focused) { followFocus(focused); });
   viewport()->setAutoFillBackground(false);
   setWidget(content);
   content->setAutoFillBackground(false);
+}
+
+QSize ScrollColumn::sizeHint() const {
+  const int width = widget()->minimumWidth();
+  const bool followsWidth = widget()->hasHeightForWidth();
+  return {width, followsWidth ? widget()->heightForWidth(width) : widget()->sizeHint().height()};
+}
+
+QSize ScrollColumn::minimumSizeHint() const {
+  return {widget()->minimumWidth(), 0};
+}
+
+bool ScrollColumn::eventFilter(QObject* watched, QEvent* event) {
+  const bool wasHandled = QScrollArea::eventFilter(watched, event);
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  return wasHandled;
+}
+
+void ScrollColumn::keyPressEvent(QKeyEvent* event) {
+  if (keys_ == ScrollKeys::own && !hasFocus()) return event->ignore();
+  QScrollArea::keyPressEvent(event);
+}
+
+void ScrollColumn::followFocus(QWidget* focused) {
+  indicator_->update();
+  if (focused == nullptr || !widget()->isAncestorOf(focused)) return;
+  ensureWidgetVisible(focused, 0, kRoomAroundFocus);
 }
 
 void ScrollColumn::resizeEvent(QResizeEvent* event) {
@@ -84,7 +118,9 @@ void ScrollColumn::followRange() {
   indicator_->setPageStep(bar->pageStep());
   indicator_->setSingleStep(bar->singleStep());
   indicator_->setRange(bar->minimum(), bar->maximum());
-  indicator_->setVisible(bar->maximum() > bar->minimum());
+  const bool isScrolling = bar->maximum() > bar->minimum();
+  indicator_->setVisible(isScrolling);
+  if (keys_ == ScrollKeys::own) setFocusPolicy(isScrolling ? Qt::TabFocus : Qt::NoFocus);
   indicator_->raise();
 }
 

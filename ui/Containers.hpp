@@ -17,18 +17,32 @@ class Card final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A part that is higher than its surroundings, in their middle. Where it does not fit, a thin bar
-/// over its right edge shows how much of it is seen, and scrolls it.
+/// Which keys scroll.
+enum class ScrollKeys {
+  unused,  ///< Those that the focused part has no use for.
+  own,     ///< Those pressed while the column itself has the keyboard, as a stop of its own.
+};
+
+/// A part of a fixed width that may be higher than its surroundings, in their middle. Where it does
+/// not fit, a thin bar over its right edge shows how much of it is seen, and scrolls it; a part
+/// that gets the keyboard comes into sight. Wants to be as high as the part.
 class ScrollColumn final : public QScrollArea {
  public:
-  explicit ScrollColumn(QWidget* content);
+  explicit ScrollColumn(QWidget* content, ScrollKeys keys = ScrollKeys::unused);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void followRange();
+  void followFocus(QWidget* focused);
 
+  ScrollKeys keys_;
   QScrollBar* indicator_;
 };
 

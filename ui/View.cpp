@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace Hilalor {
@@ -29,10 +30,28 @@ void View::redraw() {
 }
 
 QSize View::sizeHint() const {
+  const QSize natural = naturalSize();
+  return {natural.width(), std::min(natural.height(), maximumHeight())};
+}
+
+void View::setGreatestHeight(int height) {
+  if (height == maximumHeight()) return;
+  setMaximumHeight(height);
+  QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+}
+
+QSize View::naturalSize() const {
   const QSize natural = QWidget::sizeHint();
   if (minimumWidth() != maximumWidth()) return natural;
   const int width = minimumWidth();
   return {width, hasHeightForWidth() ? heightForWidth(width) : natural.height()};
+}
+
+void View::remeasure(QWidget& part) {
+  for (QWidget* at = &part; at != this; at = at->parentWidget()) {
+    if (at->layout() != nullptr) at->layout()->activate();
+    at->updateGeometry();
+  }
 }
 
 void View::setBody(QWidget* body) {
@@ -59,6 +78,11 @@ bool View::event(QEvent* event) {
   const bool wasHandled = QWidget::event(event);
   if (event->type() == QEvent::LayoutRequest) reportSize();
   return wasHandled;
+}
+
+void View::reportSizeAgain() {
+  reportedSize_ = QSize();
+  reportSize();
 }
 
 void View::reportSize() {

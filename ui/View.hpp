@@ -22,13 +22,26 @@ class View : public QWidget {
 
   void redraw();
 
-  /// The size that the content wants: its height at the view's width where that is fixed.
+  /// The size that the content wants, of its greatest height at most.
   [[nodiscard]] QSize sizeHint() const override;
+
+  /// The greatest height that the view may have, in logical pixels. A smaller one is asked for at
+  /// once where the content can do with less.
+  virtual void setGreatestHeight(int height);
+
+  /// Tells the size that the view wants though it has not changed.
+  void reportSizeAgain();
 
   /// Told the size that the view wants whenever it has changed, never one without width or height.
   std::function<void(QSize)> onWantedSize;
 
  protected:
+  /// The size that the content wants: its height at the view's width where that is fixed.
+  [[nodiscard]] QSize naturalSize() const;
+
+  /// Takes a part's new size into account at once instead of on the next passes of the loop.
+  void remeasure(QWidget& part);
+
   /// The view's content, which fills it. Once, in the constructor.
   void setBody(QWidget* body);
 

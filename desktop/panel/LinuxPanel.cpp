@@ -1,6 +1,8 @@
 #include "desktop/panel/LinuxPanel.hpp"
 
+#include <QGuiApplication>
 #include <QRect>
+#include <QScreen>
 
 #include "desktop/DisplayKind.hpp"
 #include "desktop/panel/PanelWindow.hpp"
@@ -27,7 +29,11 @@ LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissa
     : screen_(screen.get()),
       onDismiss_(std::move(onDismiss)),
       window_(new PanelWindow(screen.release(), onDismiss_)),
-      keyboard_(*window_) {}
+      keyboard_(*window_) {
+  // Where it is to be, and how high it may be, changes with what is free of the screen.
+  for (const QScreen* one : QGuiApplication::screens())
+    QObject::connect(one, &QScreen::availableGeometryChanged, screen_, &View::reportSizeAgain);
+}
 
 LinuxPanel::~LinuxPanel() {
   // Nobody is there to be told any more, though the window lives on to the end of this event.
@@ -41,6 +47,10 @@ LinuxPanel::~LinuxPanel() {
 Size LinuxPanel::fittingSize() const {
   const QSize size = screen_->sizeHint();
   return {static_cast<double>(size.width()), static_cast<double>(size.height())};
+}
+
+void LinuxPanel::setGreatestHeight(double height) {
+  screen_->setGreatestHeight(static_cast<int>(height));
 }
 
 bool LinuxPanel::isVisible() const {

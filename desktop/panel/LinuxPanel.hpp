@@ -25,6 +25,7 @@ class LinuxPanel final : public Panel {
 
   // Panel
   [[nodiscard]] Size fittingSize() const override;
+  void setGreatestHeight(double height) override;
   [[nodiscard]] bool isVisible() const override;
   void setAppearance(Appearance appearance) override;
   void setFrame(const Rect& frame) override;

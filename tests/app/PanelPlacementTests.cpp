@@ -59,6 +59,20 @@ TEST(PanelPlacement, KeepsTheRightEdgeWhereThePanelIsWiderThanTheScreen) {
   EXPECT_EQ(origin->x, -220);
 }
 
+TEST(PanelPlacement, IsNoHigherThanWhatIsFreeBesideTheBarAndTheItem) {
+  const std::pair<Case, double> cases[] = {
+      {{"bar at the top", Rect{{600, 0}, {80, 24}}, {kBarAtTop}, {}}, 776},
+      {{"bar at the bottom", Rect{{600, 770}, {80, 30}}, {kBarAtBottom}, {}}, 770},
+      {{"bar at the left", Rect{{0, 380}, {40, 40}}, {kBarAtLeft}, {}}, 800},
+      {{"a bar that hides itself", Rect{{600, 0}, {80, 24}}, {kNoBar}, {}}, 776},
+      {{"the same at the bottom", Rect{{600, 776}, {80, 24}}, {kNoBar}, {}}, 776},
+      {{"on the second screen", Rect{{1300, 4}, {60, 22}}, {kBarAtTop, kSecond}, {}}, 1050},
+      {{"place unknown", std::nullopt, {kBarAtTop, kSecond}, {}}, 776},
+  };
+  for (const auto& [at, height] : cases)
+    EXPECT_EQ(greatestPanelHeight(at.item, at.screens), height) << at.what;
+}
+
 TEST(PanelPlacement, KnowsWhereABarMayBe) {
   EXPECT_TRUE(mayBeOnBar({640, 12}, {kBarAtTop}));
   EXPECT_TRUE(mayBeOnBar({640, 790}, {kBarAtTop})) << "one that hides itself";
@@ -68,6 +82,7 @@ TEST(PanelPlacement, KnowsWhereABarMayBe) {
 
 TEST(PanelPlacement, HasNoPlaceWithoutAScreen) {
   EXPECT_FALSE(panelOrigin(kPanel, Rect{}, {}));
+  EXPECT_FALSE(greatestPanelHeight(Rect{}, {}));
 }
 
 }  // namespace

@@ -187,6 +187,12 @@ TEST_F(StatusBarPanelTest, FollowsTheSizeOfItsScreenWithItsTopEdgeAtTheBar) {
   click();
   panel()->events.onSizeChange({300, 640});
   EXPECT_EQ(panel()->frame, (Rect{{490, 24}, {300, 640}}));
+  // The screen has changed.
+  desktop.screens.screens = {
+      {.frame = {{0, 0}, {1024, 600}}, .visibleFrame = {{0, 24}, {1024, 576}}}};
+  panel()->events.onSizeChange({300, 640});
+  EXPECT_EQ(panel()->greatestHeight, 576);
+  EXPECT_EQ(panel()->frame, (Rect{{490, 24}, {300, 576}}));
 }
 
 TEST_F(StatusBarPanelTest, IsBuiltAgainWhenTheShownSectionsChange) {

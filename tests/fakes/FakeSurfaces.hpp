@@ -21,6 +21,7 @@ class FakeSurfaces final : public Surfaces {
       if (surfaces.panel == this) surfaces.panel = nullptr;
     }
     [[nodiscard]] Size fittingSize() const override { return surfaces.panelSize; }
+    void setGreatestHeight(double height) override { greatestHeight = height; }
     [[nodiscard]] bool isVisible() const override { return isInFront; }
     void setAppearance(Appearance newAppearance) override { appearance = newAppearance; }
     void setFrame(const Rect& newFrame) override { frame = newFrame; }
@@ -32,6 +33,7 @@ class FakeSurfaces final : public Surfaces {
     FakeSurfaces& surfaces;
     CalendarPanelEvents events;
     Rect frame;
+    double greatestHeight = 0;
     Appearance appearance = Appearance::system;
     KeyboardAtOpening keyboard = KeyboardAtOpening::leftWhereItIs;
     bool isInFront = false;

@@ -47,6 +47,45 @@ TEST_F(CalendarViewTest, IsLaidOutToThePoint) {
   EXPECT_EQ(frame(*button("Settings")).bottom() + 1, panel->height() - 10);
 }
 
+TEST_F(CalendarViewTest, OnALowScreenDoesWithoutEmptyWeeksAndThenScrollsBetweenHeadAndFoot) {
+  show();
+  const int whole = panel->height();
+  const auto fit = [this](int height) {
+    panel->setGreatestHeight(height);
+    panel->resize(panel->sizeHint());
+    settle();
+    return panel->height();
+  };
+  EXPECT_EQ(fit(whole - 1), whole - 42);
+  EXPECT_EQ(fit(whole - 43), whole - 84) << "this month needs four weeks";
+  EXPECT_EQ(fit(whole - 200), whole - 200);
+  EXPECT_EQ(frame(*button("Settings")).bottom() + 1, panel->height() - 10);
+  const int head = frame(titleBlock()).top();
+  const auto isSeen = [this](QWidget& part) {
+    const int foot = frame(*button("Settings")).top();
+    return frame(part).top() > frame(titleBlock()).bottom() && frame(part).bottom() < foot;
+  };
+  EXPECT_TRUE(isSeen(cell(1)));
+  QWheelEvent turn({130, 200}, panel->mapToGlobal(QPointF(130, 200)), {}, {0, -480}, {}, {},
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&cell(10), &turn);
+  EXPECT_FALSE(isSeen(cell(1)));
+  EXPECT_EQ(frame(titleBlock()).top(), head);
+  panel->setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  settle();
+  EXPECT_TRUE(isSeen(cell(1)));
+  // March 2026 has days in five weeks, May in six.
+  EXPECT_EQ(fit(whole - 1), whole - 42);
+  for (int month = 0; month < 3; ++month)
+    click(*button("Next month"));
+  EXPECT_EQ(panel->sizeHint().height(), whole - 1);
+  EXPECT_EQ(fit(whole), whole);
+}
+
 TEST_F(CalendarViewTest, ShowsTheMonthOfTodayInTheGregorianCalendar) {
   show();
   EXPECT_EQ(texts().mid(0, 9), (QStringList{"February 2026", "Sha. – Ram. 1447", "Su", "Mo", "Tu",

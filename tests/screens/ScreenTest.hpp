@@ -36,7 +36,7 @@ class ScreenTest : public testing::Test {
   /// Lets what was asked for happen: redraws, layouts, sizes.
   static void settle() {
     // A change of size goes up through the layouts, one pass a level.
-    constexpr int kPasses = 6;
+    constexpr int kPasses = 10;
     for (int pass = 0; pass < kPasses; ++pass)
       QApplication::processEvents();
   }
