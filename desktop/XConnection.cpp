@@ -77,7 +77,9 @@ void XConnection::readEvents() {
 }
 
 bool isOnX11() {
-  return qApp->nativeInterface<QNativeInterface::QX11Application>() != nullptr;
+  // Qt's platform without a display has the interface, and no connection.
+  const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x11 != nullptr && x11->connection() != nullptr;
 }
 
 xcb_connection_t* qtConnection() {

@@ -8,8 +8,9 @@
 
 namespace Hilalor {
 
-/// What made a panel go: the Escape key, or the desktop, which does so for a press elsewhere.
-enum class Dismissal { byEscape, byDesktop };
+/// What made a panel go: the Escape key, the desktop, which does so for a press elsewhere, or
+/// something that was opened at its place.
+enum class Dismissal { byEscape, byDesktop, toMakeRoom };
 
 /// What a calendar panel reports.
 struct CalendarPanelEvents {

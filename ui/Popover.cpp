@@ -125,6 +125,8 @@ bool Popover::isOfThis(const QWidget* widget) const {
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == parentWidget()) dismiss();
   if (event->type() == QEvent::LayoutRequest && watched == content_) followContent();
+  const bool isOursToPlace = windowFlags().testFlag(Qt::X11BypassWindowManagerHint);
+  if (event->type() == QEvent::Move && watched == parentWidget() && isOursToPlace) place();
   if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
     if (!isOfThis(static_cast<QWidget*>(watched))) dismiss();
   }

@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include "desktop/DisplayKind.hpp"
+#include "desktop/panel/PanelRoom.hpp"
 #include "desktop/panel/PanelWindow.hpp"
 #include "ui/Colors.hpp"
 #include "ui/View.hpp"
@@ -62,8 +63,16 @@ void LinuxPanel::setAppearance(Appearance appearance) {
 }
 
 void LinuxPanel::setFrame(const Rect& frame) {
-  window_->setFrame({QPointF(frame.origin.x, frame.origin.y).toPoint(),
-                     QSizeF(frame.size.width, frame.size.height).toSize()});
+  const QRect wanted(QPointF(frame.origin.x, frame.origin.y).toPoint(),
+                     QSizeF(frame.size.width, frame.size.height).toSize());
+  window_->setFrame(room_ ? room_->clearOfAnnouncements(wanted).value_or(wanted) : wanted);
+}
+
+void LinuxPanel::makeRoomForAnnouncements() {
+  const QRect frame = window_->frame();
+  const auto clear = room_->clearOfAnnouncements(frame);
+  if (clear && *clear != frame) window_->setFrame(*clear);
+  if (!clear && onDismiss_) onDismiss_(Dismissal::toMakeRoom);
 }
 
 void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
@@ -78,7 +87,19 @@ void LinuxPanel::orderFront(KeyboardAtOpening keyboard) {
   escape_ = std::make_unique<EscapeKey>([told = onDismiss_] {
     if (told) told(Dismissal::byEscape);
   });
-  if (isX11) return;
+  isX11 ? watchItsPlace() : watchItsKeyboard();
+}
+
+void LinuxPanel::watchItsPlace() {
+  const auto makeRoom = [told = onDismiss_] {
+    if (told) told(Dismissal::toMakeRoom);
+  };
+  room_ = std::make_unique<PanelRoom>(
+      *window_, [this] { return window_->frame(); }, makeRoom,
+      [this] { makeRoomForAnnouncements(); });
+}
+
+void LinuxPanel::watchItsKeyboard() {
   focusLoss_ = std::make_unique<FocusLoss>([told = onDismiss_] {
     if (told) told(Dismissal::byDesktop);
   });

@@ -13,6 +13,7 @@ class QWidget;
 
 namespace Hilalor {
 
+class PanelRoom;
 class PanelWindow;
 class View;
 
@@ -32,10 +33,16 @@ class LinuxPanel final : public Panel {
   void orderFront(KeyboardAtOpening keyboard) override;
 
  private:
+  // What closes it: another window at its place or, under a compositor, the loss of the keyboard.
+  void watchItsPlace();
+  void watchItsKeyboard();
+  void makeRoomForAnnouncements();
+
   View* screen_;
   std::function<void(Dismissal)> onDismiss_;
   // Qt's own, deleted by it when it is done with the event that ends the panel.
   PanelWindow* window_;
+  std::unique_ptr<PanelRoom> room_;
   KeyboardFocus keyboard_;
   std::unique_ptr<EscapeKey> escape_;
   std::unique_ptr<FocusLoss> focusLoss_;  // Where presses elsewhere are not told.

@@ -115,6 +115,10 @@ void PanelWindow::setFrame(const QRect& frame) {
   if (!isVisible()) Sway::placeWhenShown(windowTitle(), whole.topLeft());
 }
 
+QRect PanelWindow::frame() const {
+  return geometry().adjusted(shadow_, shadow_, -shadow_, -shadow_);
+}
+
 QRect PanelWindow::body() const {
   return rect().adjusted(shadow_, shadow_, -shadow_, -shadow_);
 }

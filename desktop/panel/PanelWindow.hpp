@@ -21,6 +21,7 @@ class PanelWindow final : public QWidget {
 
   /// The rectangle of what is seen, without the shadow.
   void setFrame(const QRect& frame);
+  [[nodiscard]] QRect frame() const;
 
   /// Forgets whom to tell.
   void disown() { onDismiss_ = nullptr; }

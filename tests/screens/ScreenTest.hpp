@@ -13,6 +13,7 @@
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
+#include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
 
 namespace Hilalor {

@@ -61,6 +61,34 @@ TEST_F(SettingsWindowTest, ChangesBetweenLightAndDarkWhileItIsOpen) {
   EXPECT_EQ(ground(), QColor(246, 246, 246));
 }
 
+TEST_F(SettingsWindowTest, ThePanelStaysWhereTheWindowCanOpenBesideItAndElseGoes) {
+  const QRect screen = QApplication::primaryScreen()->availableGeometry();
+  ASSERT_EQ(screen, QRect(0, 0, 800, 800));
+  struct Case {
+    double panel;  // Its left edge; its width is 260.
+    int window;
+    bool stays;
+  };
+  for (const auto& [left, expected, stays] : {Case{540, 540 - 12 - 380, true},
+                                              {0, 260 + 12, true},
+                                              {80, 340 + 12, true},
+                                              {300, 210, false}}) {
+    SCOPED_TRACE(left);
+    bool isGone = false;
+    const auto panel = surfaces.makeCalendarPanel(
+        {.onSizeChange = {}, .onOpenSettings = {}, .onDismiss = [&](Dismissal) { isGone = true; }});
+    panel->setFrame({{left, 0}, {260, 590}});
+    panel->orderFront(KeyboardAtOpening::leftWhereItIs);
+    open();
+    EXPECT_NEAR(frame()->geometry().x(), expected, 2);
+    EXPECT_EQ(!isGone, stays);
+    frame()->move(static_cast<int>(left), 100);
+    QApplication::processEvents();
+    EXPECT_TRUE(isGone) << "it was moved over the panel";
+    window.reset();
+  }
+}
+
 TEST_F(SettingsWindowTest, AnotherOneBeginsAfresh) {
   open();
   part<ScrollColumn>(*frame())->verticalScrollBar()->setValue(200);
