@@ -70,6 +70,12 @@ void DockedWindow::resize(const QSize& size) const {
   xcb_flush(connection_);
 }
 
+std::optional<QSize> DockedWindow::size() const {
+  const auto rect = rectOnScreen(window_);
+  if (!rect) return std::nullopt;
+  return rect->size();
+}
+
 std::optional<DockedPlace> DockedWindow::place() const {
   const auto own = isShown() ? rectOnScreen(window_) : std::nullopt;
   const auto screen = rectOnScreen(screen_->root);

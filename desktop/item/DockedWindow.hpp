@@ -32,6 +32,9 @@ class DockedWindow {
   /// Gives the window a size without asking the tray.
   void resize(const QSize& size) const;
 
+  /// What the window has by now, be it from the tray or from us.
+  [[nodiscard]] std::optional<QSize> size() const;
+
   /// None while the window is not shown, or stands in no tray.
   [[nodiscard]] std::optional<DockedPlace> place() const;
 

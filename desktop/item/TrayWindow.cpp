@@ -55,6 +55,7 @@ TrayWindow::TrayWindow(SystemTray& tray, RunLoop& loop, const ItemContent& conte
   face_.setShape(ItemFace::Shape::square);
   // Trays remember the items they took in by this name, which must not be another every time.
   face_.setWindowTitle(QStringLiteral("Hilalor"));
+  face_.resize((QSizeF(asked_) / face_.devicePixelRatioF()).toSize());
   window_ = tray_.dock(static_cast<xcb_window_t>(face_.winId()), asked_);
   face_.windowHandle()->installEventFilter(this);
   embedded_ = tray_.embedded.subscribe([this] { show(); });
@@ -86,10 +87,13 @@ bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TrayWindow::show() {
+  // Some trays have given the window their own height by now.
+  const auto size = window_->size();
+  if (size && size->height() >= kSmallestSquare) asked_ = sizeToAskFor(size->height());
   // Only now: a window shown before the tray has it is a stray window on the screen.
   face_.titleChanged();
   face_.show();
-  // Which put hints of its own in place of ours.
+  // Qt has put its own size and hints in place of ours.
   window_->askForSize(asked_);
 }
 
