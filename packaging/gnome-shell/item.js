@@ -103,10 +103,13 @@ class ItemButton extends PanelMenu.Button {
             return Clutter.EVENT_PROPAGATE;
         const isRight = type === Clutter.EventType.BUTTON_PRESS &&
             event.get_button() === Clutter.BUTTON_SECONDARY;
-        if (isRight || this.menu.isOpen)
+        if (isRight || this.menu.isOpen) {
             this.menu.toggle();
-        else
+        } else {
+            // The overview would hide the program's windows.
+            Main.overview.hide();
             this._item.ActivateRemote(...this._place(), () => {});
+        }
         return Clutter.EVENT_PROPAGATE;
     }
 });

@@ -20,6 +20,7 @@ class Host:
     programs: tuple  # Started in this order; the last draws the bar and is restarted.
     environment: dict = dataclasses.field(default_factory=dict)
     files: dict = dataclasses.field(default_factory=dict)  # Below the configuration's folder.
+    built: dict = dataclasses.field(default_factory=dict)  # Folders of the build in the data's.
     moves_others: bool = False  # Whether an item that comes moves what is beside it.
     clicks: int = 1  # Until the panel opens.
     other_shade: str = ""  # The command that makes a light bar dark, or a dark one light.
@@ -75,19 +76,22 @@ def gnome_session(kind):
             "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{WIDTH}x{HEIGHT}", "XDG_DATA_DIRS": "/usr/local/share:/usr/share"}
 
 
-def gnome_on_x11(shape, *extensions, clicks=1):
-    return Host(shape, top(28, right=1230), (OTHER_X, "gnome-shell --x11"),
-                gnome_session("x11"), gnome(*extensions), clicks=clicks, rest=6, is_root=False)
+def gnome_on_x11(shape, *extensions, clicks=1, built=()):
+    return Host(shape, top(32, 720, 1230), (OTHER_X, "gnome-shell --x11"),
+                gnome_session("x11"), gnome(*extensions), dict(built), clicks=clicks, rest=6,
+                is_root=False)
 
 
-def gnome_on_wayland(shape, *extensions, clicks=1):
-    return Host(shape, top(28, right=1230), (OTHER_WAYLAND,), gnome_session("wayland"),
-                gnome(*extensions), clicks=clicks, rest=6, is_root=False, inner=told_by_shell,
-                without=("restart",),
+def gnome_on_wayland(shape, *extensions, clicks=1, built=()):
+    return Host(shape, top(32, 720, 1230), (OTHER_WAYLAND,), gnome_session("wayland"),
+                gnome(*extensions), dict(built), clicks=clicks, rest=6, is_root=False,
+                inner=told_by_shell, without=("restart",),
                 compositor=("gnome-shell", "--nested", "--wayland-display=wayland-test"))
 
 
 APP_INDICATOR = "ubuntu-appindicators@ubuntu.com"
+OURS = "hilalor@hilalor.org"
+BUILT = {f"gnome-shell/extensions/{OURS}": "packaging/gnome-shell"}
 
 I3 = "# i3 config file (v4)\nfont pango:monospace 10\nbar {\n  position bottom\n}\n"
 
@@ -149,6 +153,8 @@ HOSTS = {
                       "LIBGL_ALWAYS_SOFTWARE": "1"}, rest=5, moves_others=True),
     "gnome-appindicator-x11": gnome_on_x11("text", APP_INDICATOR, clicks=2),
     "gnome-appindicator": gnome_on_wayland("text", APP_INDICATOR, clicks=2),
+    "gnome-extension-x11": gnome_on_x11("text", OURS, APP_INDICATOR, built=BUILT),
+    "gnome-extension": gnome_on_wayland("text", OURS, APP_INDICATOR, built=BUILT),
     "gnome-x11": gnome_on_x11("strip"),
     "gnome": gnome_on_wayland("strip"),
     "i3": Host("square", bottom(24), (OTHER_X, "dunst", "i3"), {"XDG_CURRENT_DESKTOP": "i3"},

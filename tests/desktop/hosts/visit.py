@@ -3,6 +3,7 @@
 import glob
 import os
 import pathlib
+import shutil
 import time
 
 from announcement.announcements import place_of_noon, the_minute_of_the_first_tick
@@ -45,6 +46,9 @@ class Visit:
             os.makedirs(os.path.dirname(file), exist_ok=True)
             with open(file, "w", encoding="utf-8") as config:
                 config.write(text() if callable(text) else text)
+        for name, folder in host.built.items():
+            shutil.copytree(os.path.join(self.build, folder),
+                            os.path.join(session.environment["XDG_DATA_HOME"], name))
         session.ask("xsetroot", "-solid", "#304050")
         if host.compositor:
             session.start(*host.compositor)
