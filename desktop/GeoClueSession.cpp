@@ -29,6 +29,10 @@ constexpr int kNoTimeout = std::numeric_limits<int>::max();
 // network address is registered, which can be another town.
 constexpr unsigned kAccuracyLevel = 8;
 
+// Metres within which the prayer times are those of the place, to a few seconds. The first position
+// is often where the network's owner sits, hundreds of kilometres off, and the good one follows.
+constexpr double kGoodAccuracy = 3000;
+
 QDBusMessage managerCall(const QString& method) {
   return QDBusMessage::createMethodCall(kService, kManagerPath, kManager, method);
 }
@@ -56,7 +60,7 @@ GeoClueSession::~GeoClueSession() {
 
 void GeoClueSession::serviceVanished() {
   client_.clear();
-  end(std::nullopt);
+  end();
 }
 
 void GeoClueSession::call(const QDBusMessage& message, Reply handle) {
@@ -72,7 +76,7 @@ void GeoClueSession::clientArrived(const QDBusMessage& reply) {
   const auto path = reply.arguments().value(0).value<QDBusObjectPath>().path();
   if (reply.type() == QDBusMessage::ErrorMessage || path.isEmpty()) {
     callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
-    return end(std::nullopt);
+    return end();
   }
   client_ = path;
   bus_.connect(kService, client_, kClient, QStringLiteral("LocationUpdated"), this,
@@ -93,9 +97,9 @@ void GeoClueSession::setProperty(const QString& name, const QVariant& value) {
 void GeoClueSession::started(const QDBusMessage& reply) {
   if (reply.type() == QDBusMessage::ErrorMessage) {
     callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
-    return end(std::nullopt);
+    return end();
   }
-  patience_ = loop_.once(kPositionPatience, [this] { end(std::nullopt); });
+  patience_ = loop_.once(kPositionPatience, [this] { end(); });
   callbacks_.answered(GeoClueAnswer::granted);
 }
 
@@ -106,20 +110,29 @@ void GeoClueSession::locationUpdated(const QDBusObjectPath&, const QDBusObjectPa
 }
 
 void GeoClueSession::positionArrived(const QDBusMessage& reply) {
-  const auto properties = qdbus_cast<QVariantMap>(reply.arguments().value(0));
-  const auto latitude = properties.value(QStringLiteral("Latitude"));
-  const auto longitude = properties.value(QStringLiteral("Longitude"));
-  if (!latitude.isValid() || !longitude.isValid()) return;
-  const LocationCoordinate coordinate{latitude.toDouble(), longitude.toDouble()};
-  // A position that cannot be is no answer; the next one may be.
-  if (isOnGlobe(coordinate)) end(coordinate);
+  const auto position = positionIn(qdbus_cast<QVariantMap>(reply.arguments().value(0)));
+  if (!position) return;
+  if (!best_ || position->accuracy <= best_->accuracy) best_ = position;
+  if (best_->accuracy <= kGoodAccuracy) end();
 }
 
-void GeoClueSession::end(std::optional<LocationCoordinate> coordinate) {
+std::optional<GeoClueSession::Position> GeoClueSession::positionIn(const QVariantMap& properties) {
+  const auto latitude = properties.value(QStringLiteral("Latitude"));
+  const auto longitude = properties.value(QStringLiteral("Longitude"));
+  if (!latitude.isValid() || !longitude.isValid()) return std::nullopt;
+  const LocationCoordinate coordinate{latitude.toDouble(), longitude.toDouble()};
+  // A position that cannot be is no answer; the next one may be.
+  if (!isOnGlobe(coordinate)) return std::nullopt;
+  // The service writes an accuracy that it does not know as a negative one.
+  const auto accuracy = properties.value(QStringLiteral("Accuracy"), -1.0).toDouble();
+  return Position{coordinate, accuracy >= 0 ? accuracy : std::numeric_limits<double>::infinity()};
+}
+
+void GeoClueSession::end() {
   if (std::exchange(hasEnded_, true)) return;
   patience_.reset();
   giveClientBack();
-  callbacks_.ended(coordinate);
+  callbacks_.ended(best_ ? std::optional(best_->coordinate) : std::nullopt);
 }
 
 void GeoClueSession::giveClientBack() {

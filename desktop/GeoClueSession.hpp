@@ -24,8 +24,9 @@ enum class GeoClueAnswer {
   granted,
 };
 
-/// One conversation with GeoClue: asks for a client, starts it, waits for one position and gives
-/// the client back. Never blocks. Main thread.
+/// One conversation with GeoClue: asks for a client, starts it, waits a minute for a position good
+/// enough for a town's prayer times and gives the client back. A minute without one ends with the
+/// best there was. Never blocks. Main thread.
 class GeoClueSession final : public QObject {
   Q_OBJECT
 
@@ -34,8 +35,8 @@ class GeoClueSession final : public QObject {
     /// Whether we may know the place. Told more than once where the service answers after it was
     /// given up on as unavailable.
     std::function<void(GeoClueAnswer)> answered;
-    /// The end: the position, or none could be had. Nothing is told after it. The session may be
-    /// let go here, but by `deleteLater` only.
+    /// The end: the best position, or none could be had. Nothing is told after it. The session may
+    /// be let go here, but by `deleteLater` only.
     std::function<void(std::optional<LocationCoordinate>)> ended;
   };
 
@@ -43,13 +44,18 @@ class GeoClueSession final : public QObject {
   GeoClueSession(QDBusConnection bus, QString desktopId, RunLoop& loop, Callbacks callbacks);
   ~GeoClueSession() override;
 
-  /// Ends the session without a position where the service went away.
+  /// Ends the session with what it has where the service went away.
   void serviceVanished();
 
  private Q_SLOTS:
   void locationUpdated(const QDBusObjectPath& before, const QDBusObjectPath& now);
 
  private:
+  /// Where the machine is, and within how many metres; infinitely many where nobody knows.
+  struct Position {
+    LocationCoordinate coordinate;
+    double accuracy;
+  };
   using Reply = void (GeoClueSession::*)(const QDBusMessage& reply);
 
   void call(const QDBusMessage& message, Reply handle);
@@ -57,7 +63,8 @@ class GeoClueSession final : public QObject {
   void started(const QDBusMessage& reply);
   void positionArrived(const QDBusMessage& reply);
   void setProperty(const QString& name, const QVariant& value);
-  void end(std::optional<LocationCoordinate> coordinate);
+  [[nodiscard]] static std::optional<Position> positionIn(const QVariantMap& properties);
+  void end();
   void giveClientBack();
 
   QDBusConnection bus_;
@@ -66,6 +73,7 @@ class GeoClueSession final : public QObject {
   Callbacks callbacks_;
   bool hasEnded_ = false;
   QString client_;
+  std::optional<Position> best_;
   std::unique_ptr<Timer> patience_;
 };
 

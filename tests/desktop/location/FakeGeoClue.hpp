@@ -30,8 +30,13 @@ class FakeGeoClue final : public QDBusVirtualObject {
   /// What was asked, in order: "GetClient", "DesktopId=hilalor", "Start" and so on.
   std::vector<std::string> calls;
 
+  struct Position {
+    LocationCoordinate coordinate;
+    double accuracy = 1000;  ///< Metres.
+  };
+
   /// Positions that a started client is told of, one after another.
-  std::vector<LocationCoordinate> positions;
+  std::vector<Position> positions;
 
   /// An agent comes, and the client that waits for one gets its answer.
   void agentArrives() {
@@ -39,7 +44,7 @@ class FakeGeoClue final : public QDBusVirtualObject {
     if (waiting_) bus_.send(waiting_->createReply(QVariant::fromValue(QDBusObjectPath(kClient))));
   }
 
-  void tell(LocationCoordinate position) {
+  void tell(Position position) {
     told_.push_back(position);
     const auto path = QDBusObjectPath(kLocations + QString::number(told_.size() - 1));
     auto signal =
@@ -90,16 +95,16 @@ class FakeGeoClue final : public QDBusVirtualObject {
 
   [[nodiscard]] QVariant location(const QDBusMessage& message) const {
     const auto number = message.path().mid(kLocations.size()).toULong();
-    const auto& position = told_.at(number);
-    return QVariantMap{{QStringLiteral("Latitude"), position.latitude},
-                       {QStringLiteral("Longitude"), position.longitude},
-                       {QStringLiteral("Accuracy"), 1000.0}};
+    const auto& [coordinate, accuracy] = told_.at(number);
+    return QVariantMap{{QStringLiteral("Latitude"), coordinate.latitude},
+                       {QStringLiteral("Longitude"), coordinate.longitude},
+                       {QStringLiteral("Accuracy"), accuracy}};
   }
 
   QDBusConnection bus_;
   Agent agent_;
   std::optional<QDBusMessage> waiting_;
-  std::vector<LocationCoordinate> told_;
+  std::vector<Position> told_;
 };
 
 }  // namespace Hilalor

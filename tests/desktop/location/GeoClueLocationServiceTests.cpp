@@ -102,7 +102,7 @@ TEST_F(GeoClueLocationServiceTest, LeavesTheServiceAloneUntilTheUserIsToBeAsked)
 
 TEST_F(GeoClueLocationServiceTest, AsksOnceTakesOnePositionAndGivesTheClientBack) {
   startDaemon(Agent::allows);
-  daemon->positions = {kMakkah, kJakarta};
+  daemon->positions = {{kMakkah}, {kJakarta}};
   startService(Contact::whenAsked);
   service->requestWhenInUseAuthorization();
   service->requestWhenInUseAuthorization();
@@ -124,7 +124,7 @@ TEST_F(GeoClueLocationServiceTest, AsksOnceTakesOnePositionAndGivesTheClientBack
 
 TEST_F(GeoClueLocationServiceTest, FindsOutEarlierPermissionAtStart) {
   startDaemon(Agent::allows);
-  daemon->positions = {kMakkah};
+  daemon->positions = {{kMakkah}};
   startService(Contact::atStart);
   EXPECT_EQ(delegate->statuses.back(), Status::authorizedAlways);
   EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
@@ -146,7 +146,7 @@ TEST_F(GeoClueLocationServiceTest, NoServiceIsRestrictedUntilItAppears) {
   EXPECT_THAT(delegate->statuses, ElementsAre(Status::notDetermined, Status::restricted));
 
   startDaemon(Agent::allows);
-  daemon->positions = {kMakkah};
+  daemon->positions = {{kMakkah}};
   settle();
   EXPECT_EQ(delegate->statuses.back(), Status::authorizedAlways);
   EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
@@ -159,7 +159,7 @@ TEST_F(GeoClueLocationServiceTest, NobodyToAskTheUserIsRestrictedUntilSomebodyIs
   loop.advance(Seconds(5));
   EXPECT_EQ(delegate->statuses.back(), Status::restricted);
 
-  daemon->positions = {kMakkah};
+  daemon->positions = {{kMakkah}};
   daemon->agentArrives();
   settle();
   EXPECT_EQ(delegate->statuses.back(), Status::authorizedAlways);
@@ -176,7 +176,7 @@ TEST_F(GeoClueLocationServiceTest, AServiceKilledInMidRequestFailsAndIsAskedAgai
   EXPECT_EQ(delegate->failures, 1);
 
   startDaemon(Agent::allows);
-  daemon->positions = {kJakarta};
+  daemon->positions = {{kJakarta}};
   settle();
   EXPECT_EQ(delegate->statuses.back(), Status::authorizedAlways);
   EXPECT_THAT(delegate->fixes, ElementsAre(kJakarta));
@@ -185,12 +185,48 @@ TEST_F(GeoClueLocationServiceTest, AServiceKilledInMidRequestFailsAndIsAskedAgai
 TEST_F(GeoClueLocationServiceTest, APositionThatCannotBeIsNoPosition) {
   constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
   startDaemon(Agent::allows);
-  daemon->positions = {{kNone, 39.8}, {21.4, kNone}, {91, 39.8}, {21.4, -181}};
+  daemon->positions = {{{kNone, 39.8}}, {{21.4, kNone}}, {{91, 39.8}}, {{21.4, -181}}};
   startService(Contact::atStart);
   EXPECT_THAT(delegate->fixes, IsEmpty());
-  daemon->tell(kMakkah);
+  daemon->tell({kMakkah});
   settle();
   EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
+}
+
+TEST_F(GeoClueLocationServiceTest, WaitsAMinuteForAPositionOfAFewKilometresThenTakesTheBest) {
+  constexpr LocationCoordinate kBandung{-6.9, 107.6};
+  const struct {
+    const char* name;
+    std::vector<FakeGeoClue::Position> told;
+    bool atOnce;
+    LocationCoordinate taken;
+  } cases[] = {
+      {"a good one", {{kMakkah, 3000}, {kJakarta, 50}}, true, kMakkah},
+      {"a good one after a coarse one", {{kMakkah, 300'000}, {kJakarta, 50}}, true, kJakarta},
+      {"coarse ones only",
+       {{kMakkah, 300'000}, {kJakarta, 25'000}, {kBandung, 90'000}},
+       false,
+       kJakarta},
+      {"one of unknown accuracy", {{kMakkah, -1}}, false, kMakkah},
+      {"a coarse one after an unknown one",
+       {{kMakkah, -1}, {kJakarta, 300'000}, {kBandung, -1}},
+       false,
+       kJakarta},
+  };
+  startDaemon(Agent::allows);
+  startService(Contact::atStart);
+  for (const auto& [name, told, atOnce, taken] : cases) {
+    SCOPED_TRACE(name);
+    loop.advance(Seconds(60));
+    delegate->fixes.clear();
+    daemon->positions = told;
+    service->requestLocation();
+    settle();
+    EXPECT_EQ(delegate->fixes.size(), atOnce ? 1U : 0U);
+    loop.advance(Seconds(60));
+    EXPECT_THAT(delegate->fixes, ElementsAre(taken));
+    settle();
+  }
 }
 
 TEST_F(GeoClueLocationServiceTest, GivesUpWhereNoPositionComesWithinAMinute) {
@@ -210,7 +246,7 @@ TEST_F(GeoClueLocationServiceTest, GoesAwayInMidRequestWithoutATrace) {
   service->setDelegate(nullptr);
   service.reset();
   settle();
-  daemon->tell(kMakkah);
+  daemon->tell({kMakkah});
   loop.advance(Seconds(100));
   settle();
   EXPECT_EQ(daemon->calls.back(), "DeleteClient");
