@@ -14,6 +14,10 @@ const QString kProgramName = QStringLiteral("Hilalor");
 /// Names the program's .desktop file and its icon.
 const QString kProgramId = QStringLiteral("hilalor");
 
+/// What was announced a minute ago is no news.
+constexpr Seconds kLateBanner{60};
+constexpr Seconds kNextTry{2};
+
 /// What a new message sounds like, by the sound names that desktops share.
 const QString kDefaultSound = QStringLiteral("message-new-instant");
 
@@ -47,24 +51,47 @@ void LinuxNotificationCenter::requestAuthorization(NotificationOptions /*options
   });
 }
 
-void LinuxNotificationCenter::authorizationStatus(
-    std::function<void(NotificationAuthorization)> answer) {
-  const auto bus = bus_();
-  if (!bus) {
-    loop_.post([answer = std::move(answer)] { answer(NotificationAuthorization::denied); });
-    return;
-  }
-  auto* call = new QDBusPendingCallWatcher(bus->asyncCall(callTo(QStringLiteral("GetCapabilities")),
-                                                          static_cast<int>(answersWithin_.count())),
+void LinuxNotificationCenter::authorizationStatus(Answer answer) {
+  if (const auto bus = bus_()) return ask(*bus, std::move(answer));
+  loop_.post([this, answer = std::move(answer)] { deny(answer); });
+}
+
+void LinuxNotificationCenter::ask(const QDBusConnection& bus, Answer answer) {
+  auto* call = new QDBusPendingCallWatcher(bus.asyncCall(callTo(QStringLiteral("GetCapabilities")),
+                                                         static_cast<int>(answersWithin_.count())),
                                            &calls_);
   QObject::connect(call, &QDBusPendingCallWatcher::finished, &calls_,
                    [this, answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
                      const QDBusPendingReply<QStringList> reply = *finished;
                      finished->deleteLater();
                      capabilities_ = reply.isValid() ? reply.value() : QStringList();
-                     answer(reply.isValid() ? NotificationAuthorization::authorized
-                                            : NotificationAuthorization::denied);
+                     if (!reply.isValid()) return deny(answer);
+                     answer(NotificationAuthorization::authorized);
                    });
+}
+
+void LinuxNotificationCenter::deny(Answer answer) {
+  if (!returning_) return answer(NotificationAuthorization::denied);
+  waiting_.push_back(std::move(answer));
+  nextTry_ = loop_.once(kNextTry, [this] { askAgain(); });
+}
+
+void LinuxNotificationCenter::busChanged() {
+  if (bus_()) return askAgain();
+  returning_ = loop_.once(kLateBanner, [this] { giveUp(); });
+}
+
+void LinuxNotificationCenter::askAgain() {
+  const auto bus = bus_();
+  if (!bus) return;
+  for (auto& answer : std::exchange(waiting_, {}))
+    ask(*bus, std::move(answer));
+}
+
+void LinuxNotificationCenter::giveUp() {
+  const auto finished = std::move(returning_);
+  for (const auto& answer : std::exchange(waiting_, {}))
+    answer(NotificationAuthorization::denied);
 }
 
 void LinuxNotificationCenter::add(const NotificationRequest& request) {

@@ -5,7 +5,9 @@
 #include <QStringList>
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
@@ -25,6 +27,10 @@ class LinuxNotificationCenter final : public NotificationCenter {
   LinuxNotificationCenter(RunLoop& loop, Bus bus,
                           std::chrono::milliseconds answersWithin = std::chrono::seconds(20));
 
+  /// To be told when the bus came or went. Questions of the minute after a loss wait for the bus
+  /// and the service to come back: a prayer may be due just then.
+  void busChanged();
+
   void setDelegate(Delegate* delegate) override { delegate_ = delegate; }
   void requestAuthorization(NotificationOptions options,
                             std::function<void(bool granted)> answer) override;
@@ -32,12 +38,22 @@ class LinuxNotificationCenter final : public NotificationCenter {
   void add(const NotificationRequest& request) override;
 
  private:
+  using Answer = std::function<void(NotificationAuthorization)>;
+
+  void ask(const QDBusConnection& bus, Answer answer);
+  void deny(Answer answer);
+  void askAgain();
+  void giveUp();
+
   RunLoop& loop_;
   Bus bus_;
   std::chrono::milliseconds answersWithin_;
   Delegate* delegate_ = nullptr;
   QStringList capabilities_;  // of the service that answered last
-  QObject calls_;             // those on their way end with it
+  std::vector<Answer> waiting_;
+  std::unique_ptr<Timer> returning_;  // runs for a while after the loss of the bus
+  std::unique_ptr<Timer> nextTry_;
+  QObject calls_;  // those on their way end with it
 };
 
 }  // namespace Hilalor

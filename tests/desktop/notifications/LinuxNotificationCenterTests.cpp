@@ -12,6 +12,7 @@
 
 #include "desktop/QtRunLoop.hpp"
 #include "tests/fakes/PrivateBus.hpp"
+#include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor {
 
@@ -125,6 +126,35 @@ TEST_F(LinuxNotificationCenterTest, WithoutABusIsDenied) {
   while (!granted)
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   EXPECT_EQ(granted, false);
+}
+
+TEST_F(LinuxNotificationCenterTest, WaitsAMinuteForABusThatWasLost) {
+  VirtualLoop minutes;
+  bool isLost = true;
+  LinuxNotificationCenter alone(
+      minutes, [&] { return isLost ? std::nullopt : std::optional(programSide); },
+      std::chrono::milliseconds(200));
+  std::vector<Status> answers;
+  const auto ask = [&] {
+    alone.authorizationStatus([&](Status status) { answers.push_back(status); });
+    minutes.runPosted();
+  };
+  alone.busChanged();
+  ask();
+  minutes.advance(Seconds(59));
+  EXPECT_TRUE(answers.empty());
+  minutes.advance(Seconds(2));
+  EXPECT_EQ(answers, std::vector{Status::denied});
+  ask();
+  EXPECT_EQ(answers.size(), 2U) << "at once, when the bus has been gone for long";
+  alone.busChanged();
+  ask();
+  isLost = false;
+  startService();
+  alone.busChanged();
+  while (answers.size() < 3)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_EQ(answers.back(), Status::authorized);
 }
 
 TEST_F(LinuxNotificationCenterTest, ShowsTheBannerInTheProgramsName) {
