@@ -4,11 +4,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/AppDelegate.hpp"
 #include "app/ScreenSurfaces.hpp"
 #include "app/SharedObjects.hpp"
+#include "desktop/BusProbe.hpp"
 #include "desktop/CodePages.hpp"
 #include "desktop/DisplayKind.hpp"
 #include "desktop/GeoClueLocationService.hpp"
@@ -130,13 +132,16 @@ class LinuxDesktop {
   std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
   Platform platform_;
   Subscription cameIn_;
+  Subscription busChanged_ = sessionBus_.changed.subscribe([this] { notifications_.busChanged(); });
 };
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
   const bool isChosen = chooseX11();
+  std::optional<SilentBusesHidden> buses(std::in_place);
   QApplication qtApplication(argc, argv);
+  buses.reset();
   if (isChosen) forgetChoice();
   QApplication::setApplicationName("hilalor");
   QApplication::setDesktopFileName("hilalor");

@@ -11,12 +11,17 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QSessionManager>
+#include <QThread>
 #include <QVariantMap>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
+
+#include "desktop/BusProbe.hpp"
 
 namespace Hilalor {
 namespace {
@@ -47,6 +52,20 @@ std::array<int, 2> signalPipe{-1, -1};
 void noteSignal(int) {
   const char byte = 0;
   [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
+}
+
+// How long a copy that has the name, but does not answer, is waited for.
+constexpr std::chrono::seconds kPatienceWithAnother{10};
+constexpr unsigned long kMillisecondsBetweenTries = 50;
+
+// Asks the running copy to show itself. Whether it does.
+bool showsItself(const QDBusConnection& bus) {
+  auto activate =
+      QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
+  activate << QVariantMap();
+  constexpr int kMillisecondsToAnswer = 1000;
+  const auto answer = bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
+  return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 bool isRunning = false;
@@ -85,19 +104,21 @@ LinuxApplication::~LinuxApplication() {
 }
 
 bool LinuxApplication::becomeTheRunningCopy() {
-  if (!SessionBus::hasAddress()) return true;
+  if (sessionBusAddress().empty()) return true;
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return true;
   named_ = bus;
   bus.registerObject(kBusPath, this);
-  const auto reply = bus.interface()->registerService(kBusName);
-  if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) return true;
-  auto activate =
-      QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
-  activate << QVariantMap();
-  constexpr int kMillisecondsToAnswer = 1000;
-  bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
-  return false;
+  const QDeadlineTimer patience(kPatienceWithAnother);
+  while (true) {
+    const auto reply = bus.interface()->registerService(kBusName);
+    if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
+      return true;
+    }
+    if (showsItself(bus) || patience.hasExpired()) return false;
+    // One that is ending answers no more, and is gone in a moment.
+    QThread::msleep(kMillisecondsBetweenTries);
+  }
 }
 
 void LinuxApplication::remainTheRunningCopy(SessionBus& sessionBus) {
@@ -128,6 +149,8 @@ void LinuxApplication::terminate() {
   // SIGHUP may come right behind SIGTERM when a session ends, and hurries nobody.
   for (const int number : {SIGTERM, SIGINT})
     signal(number, SIG_DFL);
+  // Who wants to start a copy from now on is to wait for the end of this one.
+  if (named_) named_->unregisterObject(kBusPath);
   QCoreApplication::exit(EXIT_SUCCESS);
 }
 

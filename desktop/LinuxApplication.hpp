@@ -25,7 +25,8 @@ class LinuxApplication final : public QObject, public Application {
   ~LinuxApplication() override;
 
   /// Takes the program's name on the session bus. False when another copy has it; that copy was
-  /// then asked to show itself. True where there is no session bus to ask.
+  /// then asked to show itself. One that is just ending is waited for. True where there is no
+  /// session bus to ask.
   [[nodiscard]] bool becomeTheRunningCopy();
 
   /// Takes the name again when the bus was lost and another has come. Should a copy have started

@@ -1,29 +1,36 @@
 #include "desktop/SessionBus.hpp"
 
-#include <QFileInfo>
 #include <QPointer>
+#include <algorithm>
 #include <chrono>
 #include <utility>
+
+#include "desktop/BusProbe.hpp"
 
 namespace Hilalor {
 namespace {
 
-constexpr std::chrono::seconds kRetryPeriod{30};
+constexpr Seconds kFirstRetry{0.1};
+constexpr Seconds kLongestRetry{30};
+/// Qt would wait much longer, and keep all its connections waiting.
+constexpr std::chrono::seconds kPatience{2};
 
 /// A name is used once: Qt keeps a dead connection under it.
 QString connectionName(int attempt) {
   return QStringLiteral("hilalor-session-%1").arg(attempt);
 }
 
-}  // namespace
-
-bool SessionBus::hasAddress() {
-  if (qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return true;
-  const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
+/// Where the session does not say where its bus is, the library would start one of its own, which
+/// nobody else is on.
+std::optional<QDBusConnection> connectTo(const QString& name) {
+  const auto address = sessionBusAddress();
+  if (address.empty() || !busAnswers(address, kPatience)) return std::nullopt;
+  return QDBusConnection::connectToBus(QString::fromStdString(address), name);
 }
 
-SessionBus::SessionBus(RunLoop& loop) : loop_(loop) {
+}  // namespace
+
+SessionBus::SessionBus(RunLoop& loop) : loop_(loop), retryDelay_(kLongestRetry) {
   connectInBackground();
 }
 
@@ -34,11 +41,7 @@ SessionBus::~SessionBus() {
 void SessionBus::connectInBackground() {
   const QString name = connectionName(++attempts_);
   loop_.inBackground([bus = QPointer(this), name]() -> RunLoop::Task {
-    std::optional<QDBusConnection> connection;
-    if (hasAddress()) {
-      connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-    }
-    return [bus, connection] {
+    return [bus, connection = connectTo(name)] {
       if (bus) bus->use(connection);
     };
   });
@@ -47,9 +50,8 @@ void SessionBus::connectInBackground() {
 void SessionBus::openAnother(std::function<void(const QDBusConnection&)> told) {
   const QString name = connectionName(++attempts_);
   loop_.inBackground([name, told = std::move(told)]() -> RunLoop::Task {
-    const auto connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-    return [connection, told] {
-      if (connection.isConnected()) told(connection);
+    return [connection = connectTo(name), told] {
+      if (connection && connection->isConnected()) told(*connection);
     };
   });
 }
@@ -62,16 +64,22 @@ void SessionBus::use(const std::optional<QDBusConnection>& connection) {
                          QStringLiteral("org.freedesktop.DBus.Local"),
                          QStringLiteral("Disconnected"), this, SLOT(lose()));
   } else {
-    retry_ = loop_.once(kRetryPeriod, [this] { connectInBackground(); });
+    tryLater();
   }
   changed.emit();
+}
+
+void SessionBus::tryLater() {
+  retry_ = loop_.once(retryDelay_, [this] { connectInBackground(); });
+  retryDelay_ = std::min(retryDelay_ * 2, kLongestRetry);
 }
 
 void SessionBus::lose() {
   if (!connection_) return;
   QDBusConnection::disconnectFromBus(connection_->name());
   connection_.reset();
-  retry_ = loop_.once(kRetryPeriod, [this] { connectInBackground(); });
+  retryDelay_ = kFirstRetry;
+  tryLater();
   changed.emit();
 }
 

@@ -11,16 +11,13 @@
 
 namespace Hilalor {
 
-/// The user's message bus. Connecting never holds up the main thread; a bus that is not there, or
-/// goes away, is looked for twice a minute until it comes. Main thread.
+/// The user's message bus. Connecting never holds up the main thread. A bus that goes away is
+/// looked for at once, then less and less often, and at last, as one that is not there or does not
+/// answer, twice a minute until it comes. Main thread.
 class SessionBus : public QObject {
   Q_OBJECT
 
  public:
-  /// Whether the session says where its bus is. Where it does not, libdbus would start a bus of its
-  /// own, which nobody else is on: it must not be asked to connect. Any thread.
-  [[nodiscard]] static bool hasAddress();
-
   /// Starts to connect. The loop must outlive the bus.
   explicit SessionBus(RunLoop& loop);
   ~SessionBus() override;
@@ -46,11 +43,13 @@ class SessionBus : public QObject {
  private:
   void connectInBackground();
   void use(const std::optional<QDBusConnection>& connection);
+  void tryLater();
 
   RunLoop& loop_;
   std::optional<QDBusConnection> connection_;
   bool isSettled_ = false;
   int attempts_ = 0;
+  Seconds retryDelay_;
   std::unique_ptr<Timer> retry_;
 };
 

@@ -4,9 +4,12 @@
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
+#include <chrono>
 #include <csignal>
 #include <functional>
+#include <future>
 
+#include "desktop/BusProbe.hpp"
 #include "desktop/SessionBus.hpp"
 #include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
@@ -66,6 +69,31 @@ TEST_F(LinuxApplicationTest, TakesItsNameOnEveryBusThatComes) {
   loop.advance(Seconds(30));
   EXPECT_EQ(QCoreApplication::exec(), 0) << "ends";
   QDBusConnection::disconnectFromBus(QStringLiteral("copy"));
+}
+
+TEST_F(LinuxApplicationTest, WaitsForACopyThatIsEnding) {
+  auto ending = bus.connection(QStringLiteral("ending"));
+  ASSERT_TRUE(ending.registerService(kName));
+  // It has let go of its object, and answers with an error, as long as it has the name.
+  const auto gone = std::async(std::launch::async, [&] {
+    for (int look = 0; look < 5; ++look)
+      EXPECT_FALSE(owner(bus).isEmpty());
+    ending.unregisterService(kName);
+  });
+  LinuxApplication application;
+  EXPECT_TRUE(application.becomeTheRunningCopy());
+  QDBusConnection::disconnectFromBus(QStringLiteral("ending"));
+}
+
+TEST_F(LinuxApplicationTest, ABusThatIsFrozenDoesNotAnswer) {
+  const auto address = bus.address().toStdString();
+  const std::chrono::milliseconds patience(5000);
+  EXPECT_TRUE(busAnswers(address, patience));
+  EXPECT_TRUE(busAnswers("unix:guid=0,path=" + address.substr(10) + ";tcp:port=1", patience));
+  EXPECT_FALSE(busAnswers("unix:path=/nonexistent", patience));
+  EXPECT_FALSE(busAnswers("", patience));
+  bus.freeze();
+  EXPECT_FALSE(busAnswers(address, std::chrono::milliseconds(1)));
 }
 
 TEST_F(LinuxApplicationTest, ASecondSignalEndsAShutdownThatIsStuck) {

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
+#include <csignal>
 
 namespace Hilalor {
 
@@ -41,6 +42,9 @@ class PrivateBus {
     end();
     start();
   }
+
+  /// From now on it says nothing more, and its connections stay.
+  void freeze() { kill(static_cast<pid_t>(daemon_.processId()), SIGSTOP); }
 
   [[nodiscard]] QDBusConnection connection(const QString& name) const {
     return QDBusConnection::connectToBus(address(), name);
