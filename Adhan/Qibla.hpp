@@ -8,7 +8,8 @@ namespace Adhan {
 struct Qibla {
   explicit Qibla(const Coordinates& coordinates);
 
-  /// Degrees clockwise from true north, in [0, 360); NaN for a place that is none.
+  /// Degrees clockwise from true north, in [0, 360) but for the last bit: a hair west of north can
+  /// round to 360 itself. NaN for a place that is none.
   double direction = 0;
 };
 

@@ -25,7 +25,7 @@ struct SolarTime {
   DateComponents sunset;
   SolarCoordinates prevSolar;  ///< The day before.
   SolarCoordinates nextSolar;  ///< The day after.
-  double approxTransit = 0;    ///< A fraction of the day, in [0, 1).
+  double approxTransit = 0;    ///< A fraction of the day, in [0, 1) but for the last bit.
 
   /// Of the date's year, month and day. No result on a day on which the sun does not rise or set.
   [[nodiscard]] static std::optional<SolarTime> make(const DateComponents& date,
