@@ -60,14 +60,17 @@ class Visit:
             self.bar = self.start_one(program)
         if "restart" not in host.without:
             wait_until(lambda: self.picture_of_bar().difference(bare.part(host.bar)), "a bar", 40)
-        # Some shells begin with an overview.
-        self.rested()
-        self.press("Escape")
-        self.without_item = self.rested().part(host.bar)
+        self.without_item = self.begun().part(host.bar)
         self.save("empty")
 
     def start_one(self, program, **environment):
         return self.session.start(*program.split(), **self.program.environment, **environment)
+
+    def begun(self):
+        """The screen once the desktop is up; some begin with an overview."""
+        self.rested()
+        self.press("Escape")
+        return self.rested()
 
     def rested(self):
         """The screen once nothing has moved on it for a while."""
@@ -224,7 +227,7 @@ class Visit:
         gone = self.rested().part(self.host.bar)
         self.bar = self.start_one(self.host.programs[-1], **environment)
         wait_until(lambda: self.picture_of_bar().difference(gone), "a bar", 40)
-        self.rested()
+        self.begun()
 
     def survives_restart(self):
         self.restart()
