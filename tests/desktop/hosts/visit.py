@@ -22,8 +22,8 @@ NOTHING = Rect(0, 0, 0, 0)
 
 
 class Visit:
-    def __init__(self, name, host, session, build, pictures):
-        self.name, self.host, self.session = name, host, session
+    def __init__(self, host, session, build, pictures):
+        self.host, self.session = host, session
         self.build, self.pictures = build, pictures
         self.screen = Screen(session)
         self.program = Program(session, os.path.join(build, "app", "hilalor"))
@@ -83,7 +83,7 @@ class Visit:
         return picture
 
     def save(self, what):
-        self.screen.save(os.path.join(self.pictures, f"{self.name}-{what}.png"))
+        self.screen.save(os.path.join(self.pictures, f"{what}.png"))
 
     # The item.
 
@@ -185,12 +185,15 @@ class Visit:
         with_panel = self.picture()
         across, down = cell(1, 3)
         self.screen.click((frame.x + across, frame.y + down), clicks=2)
-        note = self.wait(lambda: self.new_frame(with_panel), "the note is there")
-        empty_note = self.screen.settled_picture(note)
+        self.wait(lambda: (self.new_frame(with_panel) or NOTHING).width >= WIDTH // 2,
+                  "the note is there")
+        self.screen.settled_picture()
+        note = self.new_frame(with_panel)
+        empty_note = self.screen.picture(note)
         self.session.ask("xdotool", "type", "--delay", "30", "call home")
         self.wait(lambda: b"call home" in self.stored(), "the note is stored")
-        typed = self.screen.picture(note).difference(empty_note)
-        assert typed and typed.width > 30, "the typed text is not to be seen"
+        self.wait(lambda: (self.screen.picture(note).difference(empty_note) or NOTHING).width > 30,
+                  "the typed text is to be seen")
         self.save("note")
         self.press("Escape")
         self.wait(lambda: (self.screen.picture(note).new_ground(with_panel.part(note)) or NOTHING)
