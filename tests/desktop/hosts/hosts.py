@@ -112,13 +112,13 @@ output X11-1 resolution 1280x800
 exec env > $HOME/environment
 """
 
-WAYBAR = {"waybar/config": '{"position": "top", "height": 28, "modules-left": ["sway/workspaces"],'
+WAYBAR = {"waybar/config": '{"position": "top", "height": 34, "modules-left": ["sway/workspaces"],'
           ' "modules-right": ["tray"]}',
           "waybar/style.css": "* {font-size: 13px; color: #ddd;} window#waybar {background: #222;}"}
 
 
 def sway(xwayland):
-    return Host("text", top(28), (OTHER_WAYLAND, "dunst", "waybar"),
+    return Host("text", top(34), (OTHER_WAYLAND, "dunst", "waybar"),
                 {"XDG_CURRENT_DESKTOP": "sway", "XDG_SESSION_TYPE": "wayland",
                  "WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"},
                 {**WAYBAR, "sway/config": f"xwayland {xwayland}\n{SWAY}"},

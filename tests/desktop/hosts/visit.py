@@ -96,6 +96,14 @@ class Visit:
         self.program.start(menuBarStyle="nextPrayer", **settings)
         return self.find_item()
 
+    def begin_anew(self):
+        """After a step that failed."""
+        self.press("Escape", "Escape")
+        try:
+            self.item = self.start_item()
+        except AssertionError:
+            self.item = None
+
     def with_another_item(self):
         """The bar with the same square and something else in it."""
         self.program.start(menuBarStyle="date")
@@ -138,9 +146,10 @@ class Visit:
         """The panel's frame, and the screen before it."""
         before = self.closed_screen()
         self.click_item(clicks=self.host.clicks)
-        frame = self.wait(lambda: self.new_frame(before, WIDTH), "the panel is there")
-        self.screen.settled_picture(frame)
-        return frame, before
+        self.wait(lambda: self.new_frame(before, WIDTH), "the panel is there")
+        # Some compositors move it when it is there.
+        self.screen.settled_picture(self.stage)
+        return self.new_frame(before, WIDTH), before
 
     def closed_screen(self):
         self.screen.point((self.screen.rect.width // 2, 120))
@@ -148,6 +157,7 @@ class Visit:
 
     def wait_for_closed(self, before):
         self.wait(lambda: not self.new_frame(before, WIDTH), "the panel is closed")
+        time.sleep(LONGER_THAN_A_DOUBLE_CLICK)
 
     def press(self, *keys):
         self.session.ask("xdotool", "key", *keys)
@@ -165,7 +175,6 @@ class Visit:
         assert frame.x <= across <= frame.x + frame.width and -2 <= gap < 20, \
             f"the panel at {frame} is not at the item at {bar}"
         self.save("panel")
-        time.sleep(LONGER_THAN_A_DOUBLE_CLICK)
         self.click_item(clicks=self.host.clicks)
         self.wait_for_closed(before)
 

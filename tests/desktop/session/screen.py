@@ -43,7 +43,8 @@ class Picture:
 
     def ground(self):
         """The colour most of it has."""
-        return collections.Counter(self.all()).most_common(1)[0][0]
+        colours = collections.Counter(self.all())
+        return max(colours, key=colours.get)
 
     def is_dark(self):
         return lightness(self.ground()) < 110
