@@ -12,7 +12,7 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
     <value type="int" value="1"/>
     <property name="dark-mode" type="bool" value="{dark}"/>
     <property name="panel-1" type="empty">
-      <property name="position" type="string" value="p={position};x=0;y=0"/>
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
       <property name="position-locked" type="bool" value="true"/>
       <property name="length" type="uint" value="100"/>
       <property name="size" type="uint" value="{height}"/>
@@ -32,9 +32,6 @@ PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
   </property>
 </channel>
 """
-
-# Places of the panel in Xfce's own numbers.
-TOP, BOTTOM = 6, 8
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 
@@ -68,7 +65,6 @@ class XfcePanel:
     is_dark = False
     plugin = "systray"
     keeps_width = True
-    position = TOP
     starts_with_space = True
 
     def __init__(self, session):
@@ -86,8 +82,7 @@ class XfcePanel:
 
     def rect(self, whole):
         screen = self.screen(whole)
-        y = 0 if self.position == TOP else screen.height - self.height
-        return Rect(screen.x, y, screen.width, self.height)
+        return Rect(screen.x, 0, screen.width, self.height)
 
     def restart(self):
         """Kills the panel and starts it again."""
@@ -123,7 +118,7 @@ class XfcePanel:
         with open(os.path.join(folder, "xfce4-panel.xml"), "w", encoding="utf-8") as file:
             file.write(PANEL_CONFIGURATION.format(
                 plugin=self.plugin, height=self.height, dark=truth(self.is_dark),
-                square=truth(not self.keeps_width), position=self.position,
+                square=truth(not self.keeps_width),
                 space=truth(self.starts_with_space)))
 
     def _start_panel(self):

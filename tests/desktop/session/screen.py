@@ -205,7 +205,10 @@ class Screen:
         return is_within and "IsViewable" in self.session.ask("xwininfo", "-id", window.id)
 
     def point(self, place):
-        self.session.ask("xdotool", "mousemove", str(place[0]), str(place[1]))
+        # As a hand does: some shells miss a press where the pointer was not seen to come.
+        x, y = place
+        self.session.ask("xdotool", "mousemove", str(x + 4), str(y + 4), "sleep", "0.03",
+                         "mousemove", str(x), str(y), "sleep", "0.03")
 
     def click(self, place, button=1, clicks=1):
         self.point(place)
