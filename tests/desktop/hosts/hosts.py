@@ -125,6 +125,16 @@ def sway(xwayland):
                 compositor=("sway",), inner=told, has_x=xwayland == "force", is_root=False)
 
 
+PLASMA = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",
+          "QT_QUICK_BACKEND": "software"}
+
+WESTON = """[shell]
+clock-format=none
+[autolaunch]
+path=/bin/sh
+"""
+
+
 def tint2_without_clock():
     with open("/etc/xdg/tint2/tint2rc", encoding="utf-8") as file:
         return file.read().replace("panel_items = LTSC", "panel_items = LTS")
@@ -144,13 +154,12 @@ HOSTS = {
                  other_shade="printf '[General]\\ntheme=dark\\n' >$XDG_CONFIG_HOME/lxqt/lxqt.conf"),
     "plasma": Host("square", bottom(44, right=1081),
                    ("kwin_x11", OTHER_X, "kded5", "plasmashell"),
-                   {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-                    "KDE_SESSION_VERSION": "5", "QT_QUICK_BACKEND": "software"},
-                   rest=6,
+                   PLASMA, rest=6,
                    other_shade="plasma-apply-colorscheme BreezeDark"),
-    "cinnamon": Host("square", bottom(40, right=1200), (OTHER_X, "cinnamon"),
+    # Without its watcher of items, which a package of Mint's alone brings.
+    "cinnamon": Host("strip", top(30), (OTHER_X, "cinnamon"),
                      {"XDG_CURRENT_DESKTOP": "X-Cinnamon", "GSETTINGS_BACKEND": "keyfile",
-                      "LIBGL_ALWAYS_SOFTWARE": "1"}, rest=5, moves_others=True),
+                      "LIBGL_ALWAYS_SOFTWARE": "1"}, rest=5, below=42, without=("restart",)),
     "gnome-appindicator-x11": gnome_on_x11("text", APP_INDICATOR, clicks=2),
     "gnome-appindicator": gnome_on_wayland("text", APP_INDICATOR, clicks=2),
     "gnome-extension-x11": gnome_on_x11("text", OURS, APP_INDICATOR, built=BUILT),
@@ -168,5 +177,18 @@ HOSTS = {
                     files={"polybar/config.ini": POLYBAR}),
     "sway": sway("force"),
     "sway-without-x": sway("disable"),
+    "plasma-wayland": Host("square", bottom(44, right=1081),
+                           (OTHER_WAYLAND, "kded5", "plasmashell"),
+                           {**PLASMA, "XDG_SESSION_TYPE": "wayland", "KWIN_COMPOSE": "Q"},
+                           rest=6, inner=told, other_shade="plasma-apply-colorscheme BreezeDark",
+                           # A copy has no rights of its own, which some machines do not grant.
+                           compositor=("sh", "-c", "cp /usr/bin/kwin_wayland $HOME && "
+                                       "exec $HOME/kwin_wayland --x11-display $DISPLAY "
+                                       f"--xwayland --width {WIDTH} --height {HEIGHT} "
+                                       "\"sh -c 'env >$HOME/environment; sleep infinity'\"")),
+    "weston": Host("strip", top(32), (OTHER_WAYLAND, "dunst"), {"XDG_SESSION_TYPE": "wayland"},
+                   {"weston.ini": WESTON}, inner=told, without=("restart",),
+                   compositor=("weston", "--backend=x11-backend.so", "--xwayland",
+                               f"--width={WIDTH}", f"--height={HEIGHT}")),
     "none": Host("strip", top(25), ("dunst", OTHER_X), without=("restart",)),
 }

@@ -55,9 +55,10 @@ class Session:
     def close(self):
         for process in reversed(self.processes):
             self.end(process)
-        for pid in self._children():
-            os.kill(pid, signal.SIGKILL)
-        while self._children():
+        # The children of those that end become ours too.
+        while children := self._children():
+            for pid in children:
+                os.kill(pid, signal.SIGKILL)
             time.sleep(0.02)
         shutil.rmtree(self.folder, ignore_errors=True)
 
