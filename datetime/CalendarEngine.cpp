@@ -44,13 +44,13 @@ class LibraryEngine : public CalendarEngine {
   explicit LibraryEngine(std::unique_ptr<icu::Calendar> calendar)
       : calendar_(std::move(calendar)) {}
 
-  int firstWeekday() const override {
+  [[nodiscard]] int firstWeekday() const override {
     UErrorCode status = U_ZERO_ERROR;
     const int day = calendar_->getFirstDayOfWeek(status);
     return U_SUCCESS(status) && day >= 1 && day <= 7 ? day : 1;
   }
 
-  bool isWeekend(std::int64_t local) const override {
+  [[nodiscard]] bool isWeekend(std::int64_t local) const override {
     UErrorCode status = U_ZERO_ERROR;
     return calendar_->isWeekend(static_cast<double>(local) * 1000, status) != 0;
   }
