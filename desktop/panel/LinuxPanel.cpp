@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
+#include <cmath>
 
 #include "desktop/DisplayKind.hpp"
 #include "desktop/panel/PanelRoom.hpp"
@@ -51,7 +52,10 @@ Size LinuxPanel::fittingSize() const {
 }
 
 void LinuxPanel::setGreatestHeight(double height) {
-  screen_->setGreatestHeight(static_cast<int>(height));
+  // Where a pixel of Qt's is a fraction more than one of the screen, what is free is rounded up.
+  const double ratio = window_->devicePixelRatioF();
+  const int roundedUp = ratio == std::floor(ratio) ? 0 : 1;
+  screen_->setGreatestHeight(static_cast<int>(height) - roundedUp);
 }
 
 bool LinuxPanel::isVisible() const {

@@ -31,9 +31,10 @@ QRect placeOf(const QWidget& window) {
   return place;
 }
 
-/// With what a window manager is about to put around it.
-QRect withFrame(const QRect& place) {
-  return place.adjusted(-kGap, -kGap, kGap, kGap);
+/// With what a window manager is about to put around it, unless that is known.
+QRect withFrame(const QWidget& window, const QRect& place) {
+  const bool isKnown = window.frameGeometry() != window.geometry();
+  return isKnown ? place : place.adjusted(-kGap, -kGap, kGap, kGap);
 }
 
 }  // namespace
@@ -91,7 +92,7 @@ bool PanelRoom::eventFilter(QObject* watched, QEvent* event) {
 
 void PanelRoom::openBeside(QWidget& window) {
   const QRect place = placeOf(window);
-  if (!withFrame(place).intersects(place_())) return;
+  if (!withFrame(window, place).intersects(place_())) return;
   const auto moved = movedBeside(place, place_(), panel_.screen()->availableGeometry());
   moved ? window.move(moved->topLeft()) : giveWayTo(place);
 }

@@ -17,6 +17,7 @@ from session.program import Program
 from session.screen import Rect, centre
 from session.session import Session, SessionWithTwoScreens, wait_until
 
+SCREEN, LOW_SCREEN = "1280x800x24", "1024x600x24"
 RIGHT_BUTTON = 3
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
 
@@ -98,6 +99,7 @@ class Check:
         assert abs(frame.x - left) <= 1, f"{frame} should begin at x {left}"
         # The bar keeps a pixel more than its height free.
         assert frame.y - bar.height in (0, 1), f"{frame} should hang from the bar"
+        assert frame.y + frame.height <= screen.height, f"{frame} should be on the screen"
         assert self.focus() == self.other, "the keyboard stays where it was"
 
     def closes_by_a_second_click(self):
@@ -206,7 +208,8 @@ CASES = {
 
 def main():
     name, executable, pictures = sys.argv[1:]
-    session = SessionWithTwoScreens(name) if name == "two-screens" else Session(name)
+    session = SessionWithTwoScreens(name) if name == "two-screens" else Session(
+        name, LOW_SCREEN if name == "item-at-left-end" else SCREEN)
     with session:
         Check(name, session, os.path.abspath(executable), os.path.abspath(pictures)).run()
 
