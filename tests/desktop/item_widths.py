@@ -4,7 +4,7 @@
     item_widths.py some|all PROBE PICTURES
 
 "some" is the panel as it comes with Xfce, and then light without square icons; "all" is every
-height, both themes and four scales, and takes two minutes. Items of all scales stand in the tray side by side. After each title,
+height, both themes and four scales, and takes a minute. Items of all scales stand in the tray side by side. After each title,
 what is seen of an item must be as wide and high as what the probe draws of that title, stand clear
 of its edges and be readable. A picture of each look of the panel, a row for each title, is left in
 the folder PICTURES.
