@@ -12,6 +12,9 @@
 namespace Hilalor {
 namespace {
 
+// As window managers make them, of the higher ones.
+constexpr int kTitleBarHeight = 32;
+
 QSize whole(Size size) {
   return QSizeF(size.width, size.height).toSize();
 }
@@ -31,7 +34,8 @@ class LinuxWindow::Frame final : public QWidget {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(screen);
-    resize(whole(properties.contentSize));
+    const QSize room = this->screen()->availableSize() - QSize(0, kTitleBarHeight);
+    resize(whole(properties.contentSize).boundedTo(room));
     QRect place(QPoint(0, 0), size());
     place.moveCenter(this->screen()->availableGeometry().center());
     move(place.topLeft());
