@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "app/AdviceLine.hpp"
 #include "platform/Platform.hpp"
 #include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
@@ -47,7 +48,7 @@ constexpr int kWeekHeight = 40 + kColumns.spacing;
 }  // namespace
 
 CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
-                           std::function<void()> onOpenSettings)
+                           std::function<void()> onOpenSettings, std::optional<Advice> advice)
     : onOpenSettings_(std::move(onOpenSettings)),
       now_(Platform::current().clock.now()),
       zone_(TimeZone::current()),
@@ -59,7 +60,7 @@ CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
                  {onlyWhile([this] { return settings_.showCalendar.value(); }, headerRow()),
                   onlyWhile([this] { return settings_.showCalendar || settings_.showPrayerTimes; },
                             scrollingPart()),
-                  bottomBar()}));
+                  new AdviceLine(std::move(advice)), bottomBar()}));
   if (onSizeChange) {
     onWantedSize = [report = std::move(onSizeChange)](QSize size) {
       report({static_cast<double>(size.width()), static_cast<double>(size.height())});

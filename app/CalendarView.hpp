@@ -14,6 +14,7 @@
 #include "app/PrayerTimesView.hpp"
 #include "app/Weekdays.hpp"
 #include "platform/Geometry.hpp"
+#include "platform/Surfaces.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor {
@@ -24,7 +25,8 @@ namespace Hilalor {
 class CalendarView final : public View {
  public:
   /// `onSizeChange` is told the size that the panel wants; either may be empty.
-  CalendarView(std::function<void(Size)> onSizeChange, std::function<void()> onOpenSettings);
+  CalendarView(std::function<void(Size)> onSizeChange, std::function<void()> onOpenSettings,
+               std::optional<Advice> advice = std::nullopt);
 
   void setGreatestHeight(int height) override;
 

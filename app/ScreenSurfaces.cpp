@@ -17,9 +17,10 @@ constexpr WindowProperties kSettingsWindow{
 
 ScreenSurfaces::ScreenSurfaces(std::filesystem::path appIcon) : appIcon_(std::move(appIcon)) {}
 
-std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents events) {
+std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents events,
+                                                         std::optional<Advice> advice) {
   auto screen = std::make_unique<CalendarView>(std::move(events.onSizeChange),
-                                               std::move(events.onOpenSettings));
+                                               std::move(events.onOpenSettings), std::move(advice));
   return std::make_unique<LinuxPanel>(std::move(screen), std::move(events.onDismiss));
 }
 

@@ -12,7 +12,8 @@ class ScreenSurfaces final : public Surfaces {
   /// The program's picture; there is none where the file cannot be read.
   explicit ScreenSurfaces(std::filesystem::path appIcon = {});
 
-  [[nodiscard]] std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events) override;
+  [[nodiscard]] std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events,
+                                                         std::optional<Advice> advice) override;
   [[nodiscard]] std::unique_ptr<Window> makeSettingsWindow(
       Updater* updater, std::function<void()> onWillClose) override;
 

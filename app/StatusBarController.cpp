@@ -27,6 +27,8 @@ constexpr Seconds kClickReportDelay{0.3};
 // From a press whose release nobody tells to the report of its click.
 constexpr Seconds kWholeClick{0.6};
 
+constexpr const char* kAdviceKey = "didPutItemAdviceAway";
+
 Appearance appearance(AppTheme theme) {
   switch (theme) {
     case AppTheme::system:
@@ -120,11 +122,13 @@ void StatusBarController::handleClick(const StatusItemClick& click) {
 
 void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   platform_.defaults.lookAgain();
-  panel_ = platform_.surfaces.makeCalendarPanel({
-      .onSizeChange = [this](Size size) { resize(size); },
-      .onOpenSettings = [this] { openSettings(); },
-      .onDismiss = [this](Dismissal how) { closeForDismissal(how); },
-  });
+  panel_ = platform_.surfaces.makeCalendarPanel(
+      {
+          .onSizeChange = [this](Size size) { resize(size); },
+          .onOpenSettings = [this] { openSettings(); },
+          .onDismiss = [this](Dismissal how) { closeForDismissal(how); },
+      },
+      advice());
   panel_->setAppearance(appearance(settings_.theme));
   keepOnScreen();
   position(panel_->fittingSize());
@@ -132,6 +136,13 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
       {.onPress = [this](Point place) { closeForPress(place); },
        .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
+}
+
+std::optional<Advice> StatusBarController::advice() const {
+  const auto text = statusItem_->advice();
+  if (!text || platform_.defaults.boolean(kAdviceKey).value_or(false)) return std::nullopt;
+  return Advice{.text = *text,
+                .onPutAway = [this] { platform_.defaults.setValue(kAdviceKey, true); }};
 }
 
 void StatusBarController::openCalendarFromMenu() {

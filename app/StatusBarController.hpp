@@ -13,6 +13,7 @@
 #include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
 #include "platform/StatusItem.hpp"
+#include "platform/Surfaces.hpp"
 #include "platform/Updater.hpp"
 
 namespace Hilalor {
@@ -49,6 +50,7 @@ class StatusBarController {
   // The panel.
   void handleClick(const StatusItemClick& click);
   void openCalendar(KeyboardAtOpening keyboard);
+  [[nodiscard]] std::optional<Advice> advice() const;
   void openCalendarFromMenu();
   void close();
   [[nodiscard]] std::optional<Rect> itemPlace(const std::optional<Point>& pointer) const;

@@ -58,6 +58,9 @@ class StatusItem {
 
   /// Where it stands on the screen at this moment; absent where the bar does not tell.
   [[nodiscard]] virtual std::optional<Rect> place() const = 0;
+
+  /// How the user can give it a better place; absent where it has one or nobody knows.
+  [[nodiscard]] virtual std::optional<std::string> advice() const { return std::nullopt; }
 };
 
 /// The desktop's bar.

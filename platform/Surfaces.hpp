@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/Panel.hpp"
 #include "platform/Updater.hpp"
@@ -20,13 +22,20 @@ struct CalendarPanelEvents {
   std::function<void(Dismissal)> onDismiss;
 };
 
+/// A quiet line in the panel, there until the user puts it away.
+struct Advice {
+  std::string text;  ///< UTF-8.
+  std::function<void()> onPutAway;
+};
+
 /// Makes the surfaces that the item in the bar opens, each with its screen built afresh, not shown
 /// yet. Main thread.
 class Surfaces {
  public:
   virtual ~Surfaces() = default;
 
-  [[nodiscard]] virtual std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events) = 0;
+  [[nodiscard]] virtual std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events,
+                                                                 std::optional<Advice> advice) = 0;
 
   /// Centred on the screen. `updater` is null in a build without updates; `onWillClose` is told
   /// when the user closes the window. Null where there is no such window.

@@ -17,13 +17,18 @@ namespace {
 /// On a desktop, a bar that is starting, or starting again, has this long before the strip shows.
 constexpr std::chrono::seconds kWaitForBar{3};
 
+constexpr const char* kGnomeAdvice =
+    "For a place in the top bar, switch on \"Hilalor\" in GNOME's Extensions.";
+
+bool isDesktop(const char* name) {
+  const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+  return names.contains(QLatin1String(name), Qt::CaseInsensitive);
+}
+
 /// Known by the desktop's name before the bus has told which bar there is.
 bool desktopPrefersNotifier() {
   static constexpr std::array kDesktops = {"GNOME", "Unity", "KDE", "LXQt", "X-Cinnamon"};
-  const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-  return std::any_of(kDesktops.begin(), kDesktops.end(), [&](const char* desktop) {
-    return names.contains(QLatin1String(desktop), Qt::CaseInsensitive);
-  });
+  return std::ranges::any_of(kDesktops, isDesktop);
 }
 
 BarHosts::Notifier notifierOf(NotifierHost::State state) {
@@ -61,6 +66,12 @@ LinuxStatusItem::~LinuxStatusItem() = default;
 
 std::optional<Rect> LinuxStatusItem::place() const {
   return presence_ ? presence_->place() : std::nullopt;
+}
+
+std::optional<std::string> LinuxStatusItem::advice() const {
+  const bool isInBar = kind_ != ItemKind::none && kind_ != ItemKind::strip;
+  if (isInBar || !isDesktop("GNOME")) return std::nullopt;
+  return kGnomeAdvice;
 }
 
 void LinuxStatusItem::setTitle(const std::string& title) {

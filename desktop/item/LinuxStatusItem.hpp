@@ -27,6 +27,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
 
   [[nodiscard]] StatusButton* button() override { return this; }
   [[nodiscard]] std::optional<Rect> place() const override;
+  [[nodiscard]] std::optional<std::string> advice() const override;
   void setTitle(const std::string& title) override;
   void setAction(std::function<void(const StatusItemClick&)> action) override;
   void setContextMenu(Menu menu) override;

@@ -174,6 +174,19 @@ TEST_F(StatusBarPanelTest, TheBarsOwnMenuLeadsToPanelAndSettings) {
   EXPECT_TRUE(desktop.surfaces.settings);
 }
 
+TEST_F(StatusBarPanelTest, ShowsTheItemsAdviceUntilItIsPutAway) {
+  desktop.statusBar.advice = "Ask your bar.";
+  for (int opening = 1; opening <= 2; ++opening) {
+    click();
+    ASSERT_TRUE(panel()->advice);
+    EXPECT_EQ(panel()->advice->text, "Ask your bar.");
+    if (opening == 2) panel()->advice->onPutAway();
+    click();
+  }
+  click();
+  EXPECT_FALSE(panel()->advice);
+}
+
 TEST_F(StatusBarPanelTest, KnowsWhereTheItemHasMovedSinceTheClick) {
   click();
   desktop.statusBar.place = Rect{{560, 0}, {40, 24}};

@@ -43,6 +43,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
 
   bool hasButton = true;
   std::optional<Rect> place;
+  std::optional<std::string> advice;
   std::vector<std::string> titles;
   std::function<void(const StatusItemClick&)> action;
   Menu menu;
@@ -53,6 +54,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
     explicit Item(FakeStatusBar& shown) : bar(shown) {}
     [[nodiscard]] StatusButton* button() override { return bar.hasButton ? &bar : nullptr; }
     [[nodiscard]] std::optional<Rect> place() const override { return bar.place; }
+    [[nodiscard]] std::optional<std::string> advice() const override { return bar.advice; }
     FakeStatusBar& bar;
   };
 };

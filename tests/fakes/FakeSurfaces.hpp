@@ -32,6 +32,7 @@ class FakeSurfaces final : public Surfaces {
 
     FakeSurfaces& surfaces;
     CalendarPanelEvents events;
+    std::optional<Advice> advice;
     Rect frame;
     double greatestHeight = 0;
     Appearance appearance = Appearance::system;
@@ -51,10 +52,12 @@ class FakeSurfaces final : public Surfaces {
     int timesInFront = 0;
   };
 
-  [[nodiscard]] std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events) override {
+  [[nodiscard]] std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events,
+                                                         std::optional<Advice> advice) override {
     ++panelsMade;
     auto made = std::make_unique<FakePanel>(*this);
     made->events = std::move(events);
+    made->advice = std::move(advice);
     return made;
   }
 
