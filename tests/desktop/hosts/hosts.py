@@ -73,17 +73,23 @@ def gnome(*extensions):
 def gnome_session(kind):
     return {"XDG_CURRENT_DESKTOP": "GNOME", "XDG_SESSION_TYPE": kind,
             "GSETTINGS_BACKEND": "keyfile", "LIBGL_ALWAYS_SOFTWARE": "1",
-            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{WIDTH}x{HEIGHT}", "XDG_DATA_DIRS": "/usr/local/share:/usr/share"}
+            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{WIDTH}x{HEIGHT}",
+            "XDG_DATA_DIRS": "/usr/local/share:/usr/share"}
+
+
+def gnome_bar(shape):
+    # The strip hangs from it.
+    return top(57, 720) if shape == "strip" else top(32, 720, 1230)
 
 
 def gnome_on_x11(shape, *extensions, clicks=1, built=()):
-    return Host(shape, top(32, 720, 1230), (OTHER_X, "gnome-shell --x11"),
+    return Host(shape, gnome_bar(shape), (OTHER_X, "gnome-shell --x11"),
                 gnome_session("x11"), gnome(*extensions), dict(built), clicks=clicks, rest=6,
                 is_root=False)
 
 
 def gnome_on_wayland(shape, *extensions, clicks=1, built=()):
-    return Host(shape, top(32, 720, 1230), (OTHER_WAYLAND,), gnome_session("wayland"),
+    return Host(shape, gnome_bar(shape), (OTHER_WAYLAND,), gnome_session("wayland"),
                 gnome(*extensions), dict(built), clicks=clicks, rest=6, is_root=False,
                 inner=told_by_shell, without=("restart",),
                 compositor=("gnome-shell", "--nested", "--wayland-display=wayland-test"))
