@@ -26,7 +26,10 @@ constexpr double kAsrDegrees = 0.5;
 constexpr double kRounding = 90;  // seconds
 // How near to the horizon the sun of noon or midnight makes it doubtful whether it rises or sets.
 constexpr double kEdgeDegrees = 0.6;
-constexpr double kLowSunDegrees = 1.5;
+constexpr double kLowSunDegrees = 2.5;
+// How near to its angle midnight's sun makes a twilight doubtful, and by how much.
+constexpr double kGrazingDegrees = 0.8;
+constexpr double kGrazingTolerance = 3 * 3600;
 
 struct Day {
   double noon;
@@ -99,6 +102,25 @@ struct Rules {
     return dark ? std::min(latest, *dark) : latest;
   }
 
+  /// On nights whose darkest moment hardly reaches the angle, its passage is hard to tell.
+  [[nodiscard]] double grazing(double angle, double midnight) const {
+    const bool isGrazing = std::abs(Sky::altitude(place, midnight) + angle) < kGrazingDegrees;
+    return isGrazing ? kGrazingTolerance : 0;
+  }
+
+  [[nodiscard]] bool grazesIsha() const {
+    return grazing(parameters.ishaAngle, day.midnightAfter) > 0;
+  }
+
+  /// Where dusk and Isha are that near to each other, Maghrib is either dusk or sunset.
+  [[nodiscard]] double maghribInDoubt() const {
+    if (!parameters.maghribAngle) return 0;
+    const auto dusk =
+        Sky::passage(place, -*parameters.maghribAngle, *day.sunset, day.midnightAfter);
+    const bool isNear = dusk && std::abs(*dusk - isha()) < 2 * kRounding;
+    return isNear || (dusk && grazesIsha()) ? *dusk - *day.sunset : 0;
+  }
+
   [[nodiscard]] double maghrib() const {
     if (!parameters.maghribAngle) return *day.sunset;
     const auto dusk =
@@ -128,21 +150,25 @@ void addDay(const Rules& rules, bool isEdge, std::vector<TruePrayer>& prayers) {
                        doubt == Doubt::edge ? doubt : why});
   };
   using Minutes = Adhan::PrayerAdjustments;
-  add(Prayer::fajr, rules.fajr(), &Minutes::fajr, 2 * rise + set, Doubt::none);
+  add(Prayer::fajr, rules.fajr(), &Minutes::fajr,
+      2 * rise + set + rules.grazing(parameters.fajrAngle, day.midnightBefore), Doubt::none);
   add(Prayer::dhuhr, day.noon, &Minutes::dhuhr, 0, Doubt::none);
   const double low = rules.asrAltitude();
   const auto asr = Sky::passage(place, low, day.noon, day.midnightAfter);
   const bool isLow = Sky::altitude(place, day.noon) < kLowSunDegrees;
   if (asr) {
     add(Prayer::asr, *asr, &Minutes::asr,
-        slack(place, kAsrDegrees, low, day.noon, day.midnightAfter),
+        isLow ? rules.maghrib() + 600 - day.noon
+              : slack(place, kAsrDegrees, low, day.noon, day.midnightAfter),
         isLow ? Doubt::lowSun : Doubt::none);
   }
-  add(Prayer::maghrib, rules.maghrib(), &Minutes::maghrib, 2 * set, Doubt::none);
+  add(Prayer::maghrib, rules.maghrib(), &Minutes::maghrib, 2 * set + rules.maghribInDoubt(),
+      Doubt::none);
   const bool isShort =
       rules.isha() < rules.maghrib() + minutes(parameters, &Minutes::maghrib) + 120;
-  add(Prayer::isha, rules.isha(), &Minutes::isha, rise + 2 * set,
-      isShort ? Doubt::shortNight : Doubt::none);
+  add(Prayer::isha, rules.isha(), &Minutes::isha,
+      rise + 2 * set + rules.grazing(parameters.ishaAngle, day.midnightAfter),
+      isShort || rules.grazesIsha() ? Doubt::shortNight : Doubt::none);
 }
 
 /// Isha does not outlast its night; where the two are near each other it may or may not be.

@@ -17,7 +17,7 @@ struct TruePrayer {
   double noon = 0;       ///< Of its day.
   /// Why the program may have no such prayer. `edge`: the sun hardly rises or sets on the day or on
   /// the next. `lowSun`: Asr with the noon sun on the horizon. `shortNight`: Isha about when the
-  /// next Fajr comes, or Maghrib moved past it by minutes.
+  /// next Fajr comes, or Maghrib moved past it by minutes, or its twilight hardly reached.
   enum class Doubt { none, edge, lowSun, shortNight } doubt = Doubt::none;
 };
 

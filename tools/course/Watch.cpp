@@ -65,7 +65,7 @@ class Watcher {
     settings.notificationBannerEnabled = false;
     zone_ = TimeZone::named(life.home.zone);
     true_ = truePrayers({life.home.latitude, life.home.longitude},
-                        PrayerTimesCalculator::parameters(settings), life.from, life.until);
+                        PrayerTimesCalculator::parameters(settings), life.from - 3600, life.until);
     called_.resize(true_.size());
     controller_.emplace(nullptr);
     hearing_ =
@@ -145,7 +145,8 @@ class Watcher {
     announcedNow_ = true;
     const Claim come{name, std::floor(now / 60) * 60};
     for (const auto& [claim, ticks] : claims_) {
-      const bool isNone = claim.name == "none" && come.minute - claim.minute > kDay;
+      const bool isNone =
+          claim.name == "none" && civilDay(noonOf(come)) > civilDay(claim.minute) + 1;
       if (claim == come || isNone || replaying_) continue;
       tally_.wrongTitles += ticks;
       fault("title told " + claim.name, claim.minute);
@@ -185,10 +186,13 @@ class Watcher {
   }
 
   void measure(const TruePrayer& prayer, double aside) {
-    if (prayer.doubt != TruePrayer::Doubt::none) return;
-    const double beyond = std::max(0.0, aside - 30);
-    auto& farthest = prayer.prayer == Adhan::Prayer::asr ? tally_.farthestAsr : tally_.farthest;
-    if (Sky::altitude(place(), prayer.noon) > 10) farthest = std::max(farthest, beyond);
+    if (Sky::altitude(place(), prayer.noon) < 10) return;
+    const bool isGrazing = prayer.tolerance > 900;
+    auto& farthest = prayer.prayer == Adhan::Prayer::asr ? tally_.farthestAsr
+                     : isGrazing                         ? tally_.farthestGrazing
+                                                         : tally_.farthest;
+    if (isGrazing || prayer.doubt == TruePrayer::Doubt::none)
+      farthest = std::max(farthest, aside - 30);
   }
 
   [[nodiscard]] Sky::Place place() const { return {life_.home.latitude, life_.home.longitude}; }
@@ -268,15 +272,17 @@ class Watcher {
   void setClockBack(double now) {
     replaying_ = true;
     machine_.set("Asia/Tokyo");
-    for (double again = now - 3600; again <= now + kAfter; again += kTick) {
-      const double aside = std::abs(again - now);
-      if (life_.everyTick || aside < kAfter) tick(again);
+    for (double again = now - 3600; again <= now; again += kTick) {
+      if (life_.everyTick || now - again < kAfter) tick(again);
     }
     machine_.set(life_.machineZone);
     replaying_ = false;
   }
 
   void fault(const std::string& what, double instant) {
+    if (life_.saysAll) {
+      std::printf("  %s, %s local\n", what.c_str(), stamp_.string(Date{instant}).c_str());
+    }
     if (tally_.firstFault[0] != '\0') return;
     std::snprintf(tally_.firstFault, sizeof tally_.firstFault, "%s, %s local", what.c_str(),
                   stamp_.string(Date{instant}).c_str());

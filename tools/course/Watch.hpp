@@ -14,6 +14,7 @@ struct Life {
   double until = 0;
   bool everyTick = false;  ///< Else only those around events and borders of days, few between.
   long listEvery = 1;      ///< After so many ticks the lists are looked at, which are dear.
+  bool saysAll = false;    ///< Prints every fault.
 };
 
 /// What was counted. Plain numbers: it is filled in another process.
@@ -31,8 +32,10 @@ struct Tally {
   long leftAtEdge = 0;
   long leftAsr = 0;
   long leftInShortNight = 0;
-  double farthest = 0;     ///< Seconds between called and true, beyond the rounding; Asr aside.
-  double farthestAsr = 0;  ///< With the noon sun higher than ten degrees.
+  // Seconds between called and true beyond the rounding, with the noon sun higher than ten degrees.
+  double farthest = 0;         ///< Of all but Asr and the next.
+  double farthestGrazing = 0;  ///< Fajr and Isha of nights that hardly reach their angle.
+  double farthestAsr = 0;
   double processorSeconds = 0;
   char firstFault[160] = "";
 };
