@@ -54,10 +54,8 @@ StatusBarController::StatusBarController(Updater* updater)
     button->setAction([this](const StatusItemClick& click) { handleClick(click); });
     fillMenus(*button);
   }
-  platform_.application.setReopenHandler([this] {
-    if (!panel_) return openCalendar(KeyboardAtOpening::taken);
-    panel_->orderFront(KeyboardAtOpening::taken);
-  });
+  statusItem_->setUnseenHandler([this] { bringCalendar(); });
+  platform_.application.setReopenHandler([this] { bringCalendar(); });
   platform_.application.setResumeHandler([this] { tick(); });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
@@ -156,6 +154,11 @@ void StatusBarController::openCalendarFromMenu() {
 void StatusBarController::close() {
   panel_.reset();
   eventMonitor_.reset();
+}
+
+void StatusBarController::bringCalendar() {
+  if (!panel_) return openCalendar(KeyboardAtOpening::taken);
+  panel_->orderFront(KeyboardAtOpening::taken);
 }
 
 std::optional<Rect> StatusBarController::itemPlace(const std::optional<Point>& pointer) const {

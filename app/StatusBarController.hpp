@@ -52,6 +52,7 @@ class StatusBarController {
   void openCalendar(KeyboardAtOpening keyboard);
   [[nodiscard]] std::optional<Advice> advice() const;
   void openCalendarFromMenu();
+  void bringCalendar();
   void close();
   [[nodiscard]] std::optional<Rect> itemPlace(const std::optional<Point>& pointer) const;
   [[nodiscard]] bool isPointerOnItem(const StatusItemClick& click) const;

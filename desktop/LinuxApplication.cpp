@@ -30,6 +30,11 @@ constexpr const char* kBusName = "org.hilalor.Hilalor";
 constexpr const char* kBusPath = "/org/hilalor/Hilalor";
 constexpr const char* kApplicationInterface = "org.freedesktop.Application";
 
+// What allows a program to come to the front, as the one that started it said: on the bus and in
+// the environment (xdg-activation).
+const QString kTokenKey = QStringLiteral("activation-token");
+constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
+
 // The desktop's way to talk to a program that runs once a session.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
   Q_OBJECT
@@ -40,7 +45,12 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor {
       : QDBusAbstractAdaptor(parent), activate_(std::move(activate)) {}
 
  public Q_SLOTS:
-  void Activate(const QVariantMap&) { activate_(); }
+  void Activate(const QVariantMap& platformData) {
+    // Qt shows it to the compositor with the next window that it activates.
+    const QByteArray token = platformData[kTokenKey].toString().toUtf8();
+    if (!token.isEmpty()) qputenv(kToken, token);
+    activate_();
+  }
 
  private:
   std::function<void()> activate_;
@@ -62,7 +72,7 @@ constexpr unsigned long kMillisecondsBetweenTries = 50;
 bool showsItself(const QDBusConnection& bus) {
   auto activate =
       QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
-  activate << QVariantMap();
+  activate << QVariantMap{{kTokenKey, qEnvironmentVariable(kToken)}};
   constexpr int kMillisecondsToAnswer = 1000;
   const auto answer = bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
   return answer.type() == QDBusMessage::ReplyMessage;

@@ -82,7 +82,7 @@ QRect rect(const QJsonObject& from) {
 }
 
 QString placing(const QString& title, QPoint corner) {
-  return QStringLiteral("[pid=%1 title=\"^%2$\"] border none, move absolute position %3 px %4 px")
+  return QStringLiteral("[pid=%1 title=\"^%2$\"] move absolute position %3 px %4 px")
       .arg(QCoreApplication::applicationPid())
       .arg(title)
       .arg(corner.x())

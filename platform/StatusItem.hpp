@@ -56,6 +56,9 @@ class StatusItem {
   /// Null where the desktop gives an item nothing to show.
   [[nodiscard]] virtual StatusButton* button() = 0;
 
+  /// Called once, a while after the start, if nothing shows the item by then.
+  virtual void setUnseenHandler(std::function<void()> handler) = 0;
+
   /// Where it stands on the screen at this moment; absent where the bar does not tell.
   [[nodiscard]] virtual std::optional<Rect> place() const = 0;
 

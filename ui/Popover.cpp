@@ -17,15 +17,28 @@ constexpr double kRadius = 10;
 constexpr int kArrowHeight = 9;
 constexpr int kArrowHalfWidth = 10;
 
+bool isOnWayland() {
+  return QGuiApplication::platformName() == QStringLiteral("wayland");
+}
+
 /// The same kind of window as the one it belongs to: what keeps that one above others and out of
 /// the taskbar keeps this one too.
 Qt::WindowFlags flagsBeside(const QWidget& window) {
   const Qt::WindowFlags inherited =
       window.windowFlags() & (Qt::X11BypassWindowManagerHint | Qt::WindowStaysOnTopHint);
   // Wayland places nothing but a popup beside another window.
-  const bool isOnWayland = QGuiApplication::platformName() == QStringLiteral("wayland");
   return inherited | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
-         (isOnWayland ? Qt::Popup : Qt::Tool);
+         (isOnWayland() ? Qt::Popup : Qt::Tool);
+}
+
+/// Where it may stand. On Wayland a popup may not begin left of its owner, and one that does not
+/// fit on the screen is moved beside it.
+QRect roomFor(const QWidget& anchor) {
+  QRect room = anchor.screen()->availableGeometry();
+  if (!isOnWayland()) return room;
+  room.setLeft(anchor.window()->mapToGlobal(QPoint(0, 0)).x());
+  room.setWidth(anchor.window()->width());
+  return room;
 }
 
 }  // namespace
@@ -69,7 +82,7 @@ void Popover::place() {
   const QSize inner = content_->sizeHint().expandedTo(content_->minimumSize());
   resize(inner.width(), inner.height() + kArrowHeight);
   const QRect anchor(anchor_.mapToGlobal(QPoint(0, 0)), anchor_.size());
-  const QRect room = anchor_.screen()->availableGeometry();
+  const QRect room = roomFor(anchor_);
   const int middle = anchor.left() + anchor.width() / 2;
 
   side_ = anchor.bottom() + height() <= room.bottom() ? Side::below : Side::above;
@@ -136,6 +149,13 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
 void Popover::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) return dismiss();
   QWidget::keyPressEvent(event);
+}
+
+void Popover::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  // Of a press elsewhere Wayland tells a popup alone, and that only as its end.
+  if (isOnWayland() && QGuiApplication::mouseButtons() == Qt::NoButton)
+    QMetaObject::invokeMethod(parentWidget(), &QWidget::close, Qt::QueuedConnection);
 }
 
 void Popover::hideEvent(QHideEvent* event) {

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <utility>
 
+#include "desktop/DisplayKind.hpp"
 #include "desktop/item/ItemStrip.hpp"
 #include "desktop/item/NotifierItem.hpp"
 #include "desktop/item/ShellItem.hpp"
@@ -16,9 +17,13 @@ namespace {
 
 /// On a desktop, a bar that is starting, or starting again, has this long before the strip shows.
 constexpr std::chrono::seconds kWaitForBar{3};
+/// And this long where there is no place for a strip.
+constexpr std::chrono::seconds kWaitUnseen{5};
 
 constexpr const char* kGnomeAdvice =
     "For a place in the top bar, switch on \"Hilalor\" in GNOME's Extensions.";
+constexpr const char* kNowhereAdvice =
+    "No bar here shows Hilalor. Start it again to open this calendar.";
 
 bool isDesktop(const char* name) {
   const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
@@ -64,14 +69,20 @@ LinuxStatusItem::LinuxStatusItem(RunLoop& loop, ShellExtension& shell, SystemTra
 
 LinuxStatusItem::~LinuxStatusItem() = default;
 
+void LinuxStatusItem::setUnseenHandler(std::function<void()> handler) {
+  unseen_ = std::move(handler);
+}
+
 std::optional<Rect> LinuxStatusItem::place() const {
   return presence_ ? presence_->place() : std::nullopt;
 }
 
 std::optional<std::string> LinuxStatusItem::advice() const {
   const bool isInBar = kind_ != ItemKind::none && kind_ != ItemKind::strip;
-  if (isInBar || !isDesktop("GNOME")) return std::nullopt;
-  return kGnomeAdvice;
+  if (isInBar) return std::nullopt;
+  if (isDesktop("GNOME")) return kGnomeAdvice;
+  // A strip shows itself.
+  return kind_ == ItemKind::none ? std::optional<std::string>(kNowhereAdvice) : std::nullopt;
 }
 
 void LinuxStatusItem::setTitle(const std::string& title) {
@@ -138,8 +149,14 @@ void LinuxStatusItem::choose() {
 }
 
 void LinuxStatusItem::waitForBar() {
+  if (waitForBar_) return;
   // Wayland has no place for a strip.
-  if (waitForBar_ || QGuiApplication::platformName() != QStringLiteral("xcb")) return;
+  if (displayKind() == DisplayKind::wayland) {
+    waitForBar_ = loop_.once(kWaitUnseen, [this] {
+      if (const auto told = std::exchange(unseen_, nullptr)) told();
+    });
+    return;
+  }
   waitForBar_ = loop_.once(kWaitForBar, [this] {
     stripIsDue_ = true;
     choose();

@@ -26,6 +26,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   ~LinuxStatusItem() override;
 
   [[nodiscard]] StatusButton* button() override { return this; }
+  void setUnseenHandler(std::function<void()> handler) override;
   [[nodiscard]] std::optional<Rect> place() const override;
   [[nodiscard]] std::optional<std::string> advice() const override;
   void setTitle(const std::string& title) override;
@@ -52,6 +53,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   DefaultsStore& defaults_;
 
   ItemContent content_;
+  std::function<void()> unseen_;
   ItemKind kind_ = ItemKind::none;
   std::unique_ptr<ItemPresence> presence_;
   bool trayRefuses_ = false;

@@ -24,6 +24,8 @@ namespace {
 
 constexpr double kCornerRadius = 12;
 constexpr int kShadowWidth = 20;
+// The note is a little wider than the panel, and on Wayland may not stand out of its window.
+constexpr int kSlimShadowWidth = 4;
 constexpr double kShadowOpacity = 0.28;
 constexpr const char* kShadowExtents = "_GTK_FRAME_EXTENTS";
 
@@ -56,6 +58,7 @@ bool isShadowKnown() {
 
 /// Where a compositor manages the window, a shadow that it does not know takes presses on the bar.
 int shadowWidth() {
+  if (displayKind() == DisplayKind::wayland) return kSlimShadowWidth;
   const bool hasShadow = displayKind() == DisplayKind::x11 ? hasCompositor() : isShadowKnown();
   return hasShadow ? kShadowWidth : 0;
 }
@@ -129,7 +132,7 @@ void PanelWindow::cutToShape() {
     return;
   }
   // What lies under the shadow is not covered by it for the mouse.
-  if (shadow_ == 0) return;
+  if (shadow_ == 0 || !isOnX11()) return;
   const double ratio = devicePixelRatioF();
   const auto pixels = [ratio](int length) { return std::lround(length * ratio); };
   const xcb_rectangle_t seen{static_cast<std::int16_t>(pixels(shadow_)),

@@ -144,6 +144,12 @@ TEST_F(StatusBarPanelTest, TakesTheKeyboardWhenItIsOpenedByKeyboard) {
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
 }
 
+TEST_F(StatusBarPanelTest, OpensByItselfWhereNothingShowsTheItem) {
+  desktop.statusBar.unseen();
+  ASSERT_TRUE(panel());
+  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
+}
+
 TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
   desktop.application.reopen();
   ASSERT_TRUE(panel());

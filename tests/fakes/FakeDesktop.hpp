@@ -46,6 +46,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
   std::optional<std::string> advice;
   std::vector<std::string> titles;
   std::function<void(const StatusItemClick&)> action;
+  std::function<void()> unseen;
   Menu menu;
   Menu hostedMenu;
 
@@ -55,6 +56,9 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
     [[nodiscard]] StatusButton* button() override { return bar.hasButton ? &bar : nullptr; }
     [[nodiscard]] std::optional<Rect> place() const override { return bar.place; }
     [[nodiscard]] std::optional<std::string> advice() const override { return bar.advice; }
+    void setUnseenHandler(std::function<void()> handler) override {
+      bar.unseen = std::move(handler);
+    }
     FakeStatusBar& bar;
   };
 };
