@@ -44,17 +44,32 @@ LocationManager::~LocationManager() {
   manager.setDelegate(nullptr);
 }
 
+void LocationManager::lookAgain() {
+  manager.askAgain();
+  retryFix();
+}
+
+void LocationManager::retryFix() {
+  if (!isFixMissing_ || manager.authorizationStatus() != AuthorizationStatus::authorizedAlways) {
+    return;
+  }
+  isFixMissing_ = false;
+  manager.requestLocation();
+}
+
 void LocationManager::locationServiceDidChangeAuthorization() {
   loop_.post([weak = std::weak_ptr(self_)] {
     if (const auto self = weak.lock()) self->authStatus.assign(self->manager.authorizationStatus());
   });
   if (manager.authorizationStatus() == AuthorizationStatus::authorizedAlways) {
+    isFixMissing_ = false;
     manager.requestLocation();
   }
 }
 
 void LocationManager::locationServiceDidUpdate(const std::vector<LocationCoordinate>& locations) {
   if (locations.empty()) return;
+  isFixMissing_ = false;
   const auto latest = locations.back();
   const std::weak_ptr weak(self_);
   loop_.post([weak, latest] {

@@ -15,8 +15,9 @@
 namespace Hilalor {
 
 /// Where the machine is, by one fix of the location service at a time, with the place's name and
-/// time zone. A fix is asked for once at every report that the user allows it, and at no other
-/// time. What fails changes nothing. Main thread.
+/// time zone. A fix is asked for once at every report that the user allows it. What fails changes
+/// nothing; it is tried again where there is a reason to think that it works by now, and never for
+/// time's sake alone. Main thread.
 class LocationManager final : private LocationService::Delegate {
  public:
   /// The process's manager, built over the installed platform on first use.
@@ -30,6 +31,13 @@ class LocationManager final : private LocationService::Delegate {
   ~LocationManager() override;
   LocationManager(const LocationManager&) = delete;
   LocationManager& operator=(const LocationManager&) = delete;
+
+  /// The user looks at what depends on the place: finds out whether what was refused is allowed by
+  /// now, and asks for the fix that did not come.
+  void lookAgain();
+
+  /// Asks for the fix that did not come, if the last one did not.
+  void retryFix();
 
   /// Told before any of the values below changes.
   Signal<> willChange;
@@ -51,12 +59,14 @@ class LocationManager final : private LocationService::Delegate {
  private:
   void locationServiceDidChangeAuthorization() override;
   void locationServiceDidUpdate(const std::vector<LocationCoordinate>& locations) override;
-  void locationServiceDidFail() override {}
+  void locationServiceDidFail() override { isFixMissing_ = true; }
+  void locationServiceMayFindNow() override { retryFix(); }
 
   void take(const std::vector<Placemark>& placemarks);
 
   Geocoder& geocoder_;
   RunLoop& loop_;
+  bool isFixMissing_ = false;
   /// What is on its way holds this weakly and comes to nothing once the manager is gone.
   std::shared_ptr<LocationManager> self_{this, [](LocationManager*) {}};
 };

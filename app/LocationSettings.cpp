@@ -1,5 +1,8 @@
 #include "app/LocationSettings.hpp"
 
+#include <QEvent>
+#include <utility>
+
 #include "app/MapPickerView.hpp"
 #include "ui/Containers.hpp"
 #include "ui/Symbol.hpp"
@@ -31,13 +34,25 @@ LocationSettings::LocationSettings() {
   redraw();
 }
 
+bool LocationSettings::event(QEvent* event) {
+  if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) lookAgain();
+  return SettingsPart::event(event);
+}
+
+void LocationSettings::lookAgain() {
+  // Who has been there wants to be asked, however often they refused.
+  if (std::exchange(isPaneOpened_, false)) locationManager_.manager.requestWhenInUseAuthorization();
+  locationManager_.lookAgain();
+}
+
 QWidget* LocationSettings::deniedWarning() {
   return warning({.title = "Location access denied.",
                   .pane = SettingsPane::locationPrivacy,
                   .symbolSize = 11,
                   .titleSize = 11,
                   .symbolSpacing = 6,
-                  .lineSpacing = 3});
+                  .lineSpacing = 3,
+                  .onOpen = [this] { isPaneOpened_ = true; }});
 }
 
 QWidget* LocationSettings::detectingLine() {

@@ -13,6 +13,9 @@ class LocationSettings final : public SettingsPart {
  public:
   LocationSettings();
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   enum class Automatic { denied, detecting, detected, notAsked };
 
@@ -30,10 +33,14 @@ class LocationSettings final : public SettingsPart {
   [[nodiscard]] Automatic automaticStatus() const;
   [[nodiscard]] bool hasManualName() const;
 
+  /// The user may come from where access is allowed: what is shown is found out anew.
+  void lookAgain();
+
   void showMap();
   void take(LocationCoordinate coordinate, const std::string& name, const TimeZone& timeZone);
 
   LocationManager& locationManager_ = LocationManager::shared();
+  bool isPaneOpened_ = false;  // And its outcome not asked for yet.
 };
 
 }  // namespace Hilalor

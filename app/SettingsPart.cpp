@@ -72,9 +72,12 @@ QWidget* SettingsPart::warning(const Warning& warning) {
   auto* title = new Text(titleStyle, QString::fromUtf8(warning.title));
   auto* advice = new Text(kAdviceStyle, QString::fromUtf8(warning.advice));
   if (warning.advice == nullptr) advice->hide();
-  auto* open = linkButton(QStringLiteral("Open System Settings →"), [pane = warning.pane] {
-    if (auto* workspace = Platform::current().workspace) workspace->openSettings(pane);
-  });
+  auto* open = linkButton(QStringLiteral("Open System Settings →"),
+                          [pane = warning.pane, onOpen = warning.onOpen] {
+                            if (onOpen) onOpen();
+                            if (auto* workspace = Platform::current().workspace)
+                              workspace->openSettings(pane);
+                          });
   return row({.spacing = warning.symbolSpacing, .alignment = Qt::AlignTop},
              {new Symbol(Icon::warningTriangle, warning.symbolSize, &Colors::orange),
               column({.spacing = warning.lineSpacing, .alignment = Qt::AlignLeft},

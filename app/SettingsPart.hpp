@@ -80,6 +80,7 @@ class SettingsPart : public View {
     int titleSize;      ///< Of the type.
     int symbolSpacing;  ///< Between the triangle and the texts.
     int lineSpacing;
+    std::function<void()> onOpen = {};  ///< The user takes the way.
   };
   [[nodiscard]] static QWidget* warning(const Warning& warning);
 

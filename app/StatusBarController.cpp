@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "app/LocationManager.hpp"
 #include "app/MenuBarTitle.hpp"
 #include "app/PanelPlacement.hpp"
 #include "platform/Delivery.hpp"
@@ -56,7 +57,10 @@ StatusBarController::StatusBarController(Updater* updater)
   }
   statusItem_->setUnseenHandler([this] { bringCalendar(); });
   platform_.application.setReopenHandler([this] { bringCalendar(); });
-  platform_.application.setResumeHandler([this] { tick(); });
+  platform_.application.setResumeHandler([this] {
+    tick();
+    LocationManager::shared().retryFix();
+  });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
 }
@@ -134,6 +138,7 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
       {.onPress = [this](Point place) { closeForPress(place); },
        .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
+  if (settings_.locationMode == LocationMode::automatic) LocationManager::shared().lookAgain();
 }
 
 std::optional<Advice> StatusBarController::advice() const {

@@ -12,6 +12,9 @@ namespace {
 const QString kService = QStringLiteral("org.freedesktop.GeoClue2");
 const QString kDesktopId = QStringLiteral("hilalor");
 
+// Some desktops do not keep the answer and ask the user each time. Twice is enough.
+constexpr int kRefusalsToRespect = 2;
+
 QDBusMessage activatableNames() {
   return QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -23,6 +26,7 @@ AuthorizationStatus statusAfter(GeoClueAnswer answer) {
     case GeoClueAnswer::granted:
       return AuthorizationStatus::authorizedAlways;
     case GeoClueAnswer::refused:
+    case GeoClueAnswer::refusedByUser:
       return AuthorizationStatus::denied;
     case GeoClueAnswer::unavailable:
       break;
@@ -59,13 +63,19 @@ void GeoClueLocationService::requestWhenInUseAuthorization() {
   if (!session_ && status_ != AuthorizationStatus::authorizedAlways) beginSession();
 }
 
+void GeoClueLocationService::askAgain() {
+  const bool isRefused =
+      status_ == AuthorizationStatus::denied || status_ == AuthorizationStatus::restricted;
+  if (isRefused && !session_ && refusalsByUser_ < kRefusalsToRespect) beginSession();
+}
+
 void GeoClueLocationService::beginSession() {
   isContactDue_ = false;
   watchService();
   session_ = std::make_unique<GeoClueSession>(
       bus_, kDesktopId, loop_,
       GeoClueSession::Callbacks{
-          [this](GeoClueAnswer answer) { setStatus(statusAfter(answer)); },
+          [this](GeoClueAnswer answer) { answered(answer); },
           [this](std::optional<LocationCoordinate> coordinate) { ended(coordinate); }});
 }
 
@@ -78,8 +88,20 @@ void GeoClueLocationService::watchService() {
                    [this] { serviceVanished(); });
 }
 
+void GeoClueLocationService::answered(GeoClueAnswer answer) {
+  refusalsByUser_ = answer == GeoClueAnswer::refusedByUser ? refusalsByUser_ + 1 : 0;
+  setStatus(statusAfter(answer));
+}
+
 void GeoClueLocationService::ended(std::optional<LocationCoordinate> coordinate) {
   session_.release()->deleteLater();
+  if (coordinate) {
+    networkWatch_.reset();
+  } else if (!networkWatch_ && status_ == AuthorizationStatus::authorizedAlways) {
+    networkWatch_ = std::make_unique<NetworkWatch>(bus_, [this] {
+      if (delegate_ != nullptr) delegate_->locationServiceMayFindNow();
+    });
+  }
   deliver(coordinate);
 }
 

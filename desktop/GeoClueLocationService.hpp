@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "desktop/GeoClueSession.hpp"
+#include "desktop/NetworkWatch.hpp"
 #include "platform/LocationService.hpp"
 #include "platform/RunLoop.hpp"
 
@@ -17,7 +18,8 @@ namespace Hilalor {
 ///
 /// The status is restricted where there is no service or nobody on the desktop to ask the user,
 /// denied where the user or the desktop refuses, authorised where the service starts. It follows
-/// the service as that comes and goes. Main thread.
+/// the service as that comes and goes; that a refusal was taken back, no desktop tells.
+/// The network is watched only from a request without a position to the next with one. Main thread.
 class GeoClueLocationService final : public LocationService {
  public:
   /// When the service is first spoken to.
@@ -32,10 +34,12 @@ class GeoClueLocationService final : public LocationService {
   [[nodiscard]] AuthorizationStatus authorizationStatus() const override { return status_; }
   void requestLocation() override;
   void requestWhenInUseAuthorization() override;
+  void askAgain() override;
 
  private:
   void beginSession();
   void watchService();
+  void answered(GeoClueAnswer answer);
   void ended(std::optional<LocationCoordinate> coordinate);
   void deliver(std::optional<LocationCoordinate> coordinate);
   void serviceAppeared();
@@ -48,6 +52,8 @@ class GeoClueLocationService final : public LocationService {
   Delegate* delegate_ = nullptr;
   bool isContactDue_;
   bool isLocationWanted_ = false;
+  int refusalsByUser_ = 0;  // One after another.
+  std::unique_ptr<NetworkWatch> networkWatch_;
   std::unique_ptr<QDBusServiceWatcher> watcher_;
   std::unique_ptr<GeoClueSession> session_;
   /// What is posted holds this weakly.

@@ -21,6 +21,9 @@ const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 constexpr Seconds kAnswerPatience{5};
 constexpr Seconds kPositionPatience{60};
 
+// A desktop that knows the answer gives it at once; a user has to read the question.
+constexpr Seconds kKnownAnswer{1};
+
 // The user may take their time to answer; where the service dies the bus answers in its place.
 constexpr int kNoTimeout = std::numeric_limits<int>::max();
 
@@ -75,8 +78,7 @@ void GeoClueSession::clientArrived(const QDBusMessage& reply) {
   patience_.reset();
   const auto path = reply.arguments().value(0).value<QDBusObjectPath>().path();
   if (reply.type() == QDBusMessage::ErrorMessage || path.isEmpty()) {
-    callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
-    return end();
+    return endWithout(reply);
   }
   client_ = path;
   bus_.connect(kService, client_, kClient, QStringLiteral("LocationUpdated"), this,
@@ -85,6 +87,7 @@ void GeoClueSession::clientArrived(const QDBusMessage& reply) {
   setProperty(QStringLiteral("RequestedAccuracyLevel"), kAccuracyLevel);
   call(QDBusMessage::createMethodCall(kService, client_, kClient, QStringLiteral("Start")),
        &GeoClueSession::started);
+  patience_ = loop_.once(kKnownAnswer, [this] { isUserAsked_ = true; });
 }
 
 void GeoClueSession::setProperty(const QString& name, const QVariant& value) {
@@ -96,11 +99,19 @@ void GeoClueSession::setProperty(const QString& name, const QVariant& value) {
 
 void GeoClueSession::started(const QDBusMessage& reply) {
   if (reply.type() == QDBusMessage::ErrorMessage) {
-    callbacks_.answered(isRefusal(reply) ? GeoClueAnswer::refused : GeoClueAnswer::unavailable);
-    return end();
+    return endWithout(reply);
   }
   patience_ = loop_.once(kPositionPatience, [this] { end(); });
   callbacks_.answered(GeoClueAnswer::granted);
+}
+
+void GeoClueSession::endWithout(const QDBusMessage& refusal) {
+  if (!isRefusal(refusal)) {
+    callbacks_.answered(GeoClueAnswer::unavailable);
+  } else {
+    callbacks_.answered(isUserAsked_ ? GeoClueAnswer::refusedByUser : GeoClueAnswer::refused);
+  }
+  end();
 }
 
 void GeoClueSession::locationUpdated(const QDBusObjectPath&, const QDBusObjectPath& now) {

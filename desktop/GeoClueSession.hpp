@@ -19,8 +19,9 @@ namespace Hilalor {
 
 /// What GeoClue says to a program that asks for the user's place.
 enum class GeoClueAnswer {
-  unavailable,  ///< There is no such service, or nobody on this desktop to ask the user.
-  refused,
+  unavailable,    ///< There is no such service, or nobody on this desktop to ask the user.
+  refused,        ///< By what the desktop has in its settings.
+  refusedByUser,  ///< After a while, in which the user was asked.
   granted,
 };
 
@@ -61,6 +62,7 @@ class GeoClueSession final : public QObject {
   void call(const QDBusMessage& message, Reply handle);
   void clientArrived(const QDBusMessage& reply);
   void started(const QDBusMessage& reply);
+  void endWithout(const QDBusMessage& refusal);
   void positionArrived(const QDBusMessage& reply);
   void setProperty(const QString& name, const QVariant& value);
   [[nodiscard]] static std::optional<Position> positionIn(const QVariantMap& properties);
@@ -72,6 +74,7 @@ class GeoClueSession final : public QObject {
   RunLoop& loop_;
   Callbacks callbacks_;
   bool hasEnded_ = false;
+  bool isUserAsked_ = false;
   QString client_;
   std::optional<Position> best_;
   std::unique_ptr<Timer> patience_;

@@ -2,6 +2,7 @@
 target_sources(desktop PRIVATE
   GeoClueLocationService.cpp
   GeoClueSession.cpp
+  NetworkWatch.cpp
   OfflineAtlas.cpp
   OfflineGeocoder.cpp
   Resources.cpp)

@@ -42,6 +42,9 @@ class LocationService {
 
     /// No location could be found.
     virtual void locationServiceDidFail() = 0;
+
+    /// After a failure: a location may be found by now, for the network is back.
+    virtual void locationServiceMayFindNow() = 0;
   };
 
   virtual ~LocationService() = default;
@@ -56,6 +59,10 @@ class LocationService {
 
   /// Asks the user to allow it; the answer comes as a change of the status.
   virtual void requestWhenInUseAuthorization() = 0;
+
+  /// Finds out whether what was refused is allowed by now. Does nothing while it is not refused,
+  /// and where the user would be made to say the same again and again.
+  virtual void askAgain() = 0;
 };
 
 }  // namespace Hilalor

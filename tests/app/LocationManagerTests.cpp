@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -58,6 +59,33 @@ TEST_F(LocationManagerTest, RequestsOneFixPerReportOfFullAuthorisationOnly) {
     loop.runPosted();
     EXPECT_EQ(manager->authStatus.value(), status);
   }
+}
+
+TEST_F(LocationManagerTest, TriesAgainOnlyWhatDidNotCome) {
+  const struct {
+    const char* name;
+    std::function<void()> happens;
+    int requests;  // All in all.
+  } steps[] = {
+      {"fails while it is refused", [this] { service.fail(); }, 0},
+      {"looks while it is refused", [this] { manager->lookAgain(); }, 0},
+      {"allowed", [this] { service.report(Status::authorizedAlways); }, 1},
+      {"looks while the request runs", [this] { manager->lookAgain(); }, 1},
+      {"fails", [this] { service.fail(); }, 1},
+      {"looks after the failure", [this] { manager->lookAgain(); }, 2},
+      {"network while the request runs", [this] { service.networkReturns(); }, 2},
+      {"fails again", [this] { service.fail(); }, 2},
+      {"network after the failure", [this] { service.networkReturns(); }, 3},
+      {"a fix", [this] { fix({kMakkah}); }, 3},
+      {"looks after the fix", [this] { manager->lookAgain(); }, 3},
+      {"wakes after the fix", [this] { manager->retryFix(); }, 3},
+  };
+  for (const auto& [name, happens, requests] : steps) {
+    SCOPED_TRACE(name);
+    happens();
+    EXPECT_EQ(service.locationRequests, requests);
+  }
+  EXPECT_EQ(service.asksAgain, 4) << "whether a refusal stands, once a look";
 }
 
 TEST_F(LocationManagerTest, PublishesTheStatusOnTheNextPassAsItIsThen) {

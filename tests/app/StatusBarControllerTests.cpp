@@ -119,6 +119,24 @@ TEST_F(StatusBarControllerTest, TicksAtOnceWhenTheMachineWakes) {
   EXPECT_EQ(desktop().notifications.shown.size(), 1U);
 }
 
+TEST_F(StatusBarControllerTest, LooksForTheMachinesPlaceAgainAtAnOpeningAndAWaking) {
+  start();
+  AppSettings::shared().locationMode = LocationMode::manual;
+  desktop().application.reopen();
+  EXPECT_EQ(desktop().location.asksAgain, 0) << "the place is chosen by hand";
+  AppSettings::shared().locationMode = LocationMode::automatic;
+  desktop().location.report(AuthorizationStatus::authorizedAlways);
+  for (const bool opens : {true, false}) {
+    SCOPED_TRACE(opens ? "opening" : "waking");
+    desktop().location.fail();
+    desktop().location.locationRequests = 0;
+    if (opens) bar().action({.button = StatusItemClick::Button::right, .pointer = {}});
+    opens ? desktop().application.reopen() : desktop().application.resume();
+    EXPECT_EQ(desktop().location.locationRequests, 1);
+  }
+  EXPECT_EQ(desktop().location.asksAgain, 1) << "a waking asks the user nothing";
+}
+
 TEST_F(StatusBarControllerTest, RunsOnWithoutAButton) {
   bar().hasButton = false;
   const StatusBarController controller(nullptr);

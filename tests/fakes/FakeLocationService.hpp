@@ -22,6 +22,8 @@ class FakeLocationService final : public LocationService {
     if (onAuthorizationRequest) onAuthorizationRequest();
   }
 
+  void askAgain() override { ++asksAgain; }
+
   void report(AuthorizationStatus status) {
     status_ = status;
     if (delegate_ != nullptr) delegate_->locationServiceDidChangeAuthorization();
@@ -35,10 +37,15 @@ class FakeLocationService final : public LocationService {
     if (delegate_ != nullptr) delegate_->locationServiceDidFail();
   }
 
+  void networkReturns() {
+    if (delegate_ != nullptr) delegate_->locationServiceMayFindNow();
+  }
+
   [[nodiscard]] bool hasDelegate() const { return delegate_ != nullptr; }
 
   int locationRequests = 0;
   int authorizationRequests = 0;
+  int asksAgain = 0;
   std::function<void()> onAuthorizationRequest;
 
  private:

@@ -70,6 +70,18 @@ TEST_F(LocationSettingsTest, AsksForAccessAndOpensTheDesktopsSettings) {
   settle();
   click(button("Open System Settings →"));
   EXPECT_THAT(desktop.workspace.panes, ElementsAre(SettingsPane::locationPrivacy));
+
+  // Back from the desktop's settings, and a second time from elsewhere.
+  const int asked = desktop.location.asksAgain;
+  for (const int looks : {1, 2}) {
+    QEvent back(QEvent::WindowActivate);
+    QApplication::sendEvent(view.get(), &back);
+    EXPECT_EQ(desktop.location.authorizationRequests, 2);
+    EXPECT_EQ(desktop.location.asksAgain, asked + looks);
+  }
+  desktop.location.report(AuthorizationStatus::authorizedAlways);
+  settle();
+  EXPECT_EQ(lines(), QStringList{"Detecting location…"});
 }
 
 TEST_F(LocationSettingsTest, AManualPlaceIsNamedAndCanBeChanged) {

@@ -18,7 +18,7 @@ namespace Hilalor {
 /// GeoClue as its clients see it: writes down what they ask and answers as the test says.
 class FakeGeoClue final : public QDBusVirtualObject {
  public:
-  enum class Agent { allows, refuses, absent };
+  enum class Agent { allows, refuses, asks, absent };
 
   FakeGeoClue(QDBusConnection bus, Agent agent) : bus_(std::move(bus)), agent_(agent) {
     bus_.registerVirtualObject(QStringLiteral("/org/freedesktop/GeoClue2"), this,
@@ -37,6 +37,11 @@ class FakeGeoClue final : public QDBusVirtualObject {
 
   /// Positions that a started client is told of, one after another.
   std::vector<Position> positions;
+
+  void setAgent(Agent agent) { agent_ = agent; }
+
+  /// What the user says to an agent that asks.
+  void userRefuses() { refuse(*waiting_, bus_); }
 
   /// An agent comes, and the client that waits for one gets its answer.
   void agentArrives() {
@@ -83,14 +88,20 @@ class FakeGeoClue final : public QDBusVirtualObject {
   }
 
   bool start(const QDBusMessage& message, const QDBusConnection& bus) {
-    if (agent_ == Agent::refuses) {
-      return bus.send(message.createErrorReply(
-          QStringLiteral("org.freedesktop.DBus.Error.AccessDenied"), QStringLiteral("refused")));
+    if (agent_ == Agent::refuses) return refuse(message, bus);
+    if (agent_ == Agent::asks) {
+      waiting_ = message;
+      return true;
     }
     bus.send(message.createReply());
     for (const auto& position : positions)
       tell(position);
     return true;
+  }
+
+  static bool refuse(const QDBusMessage& message, const QDBusConnection& bus) {
+    return bus.send(message.createErrorReply(
+        QStringLiteral("org.freedesktop.DBus.Error.AccessDenied"), QStringLiteral("refused")));
   }
 
   [[nodiscard]] QVariant location(const QDBusMessage& message) const {

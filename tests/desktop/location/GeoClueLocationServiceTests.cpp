@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <algorithm>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -37,6 +39,7 @@ class RecordingDelegate final : public LocationService::Delegate {
     fixes.insert(fixes.end(), locations.begin(), locations.end());
   }
   void locationServiceDidFail() override { ++failures; }
+  void locationServiceMayFindNow() override { service_.requestLocation(); }
 
   std::vector<Status> statuses;
   std::vector<LocationCoordinate> fixes;
@@ -139,6 +142,39 @@ TEST_F(GeoClueLocationServiceTest, RefusalIsDenied) {
   EXPECT_THAT(delegate->fixes, IsEmpty());
 }
 
+TEST_F(GeoClueLocationServiceTest, AsksAgainAfterARefusalUntilTheUserHasSaidItTwice) {
+  startDaemon(Agent::refuses);
+  startService(Contact::atStart);
+  const auto questions = [this] { return std::ranges::count(daemon->calls, "Start"); };
+  const auto askAgain = [this] {
+    service->askAgain();
+    settle();
+  };
+  for (const int asked : {2, 3, 4}) {
+    askAgain();
+    EXPECT_EQ(questions(), asked) << "the desktop answers for the user";
+  }
+  daemon->setAgent(Agent::asks);
+  for (const int asked : {5, 6, 6}) {
+    askAgain();
+    EXPECT_EQ(questions(), asked);
+    askAgain();
+    EXPECT_EQ(questions(), asked) << "while the user thinks, or once they said it twice";
+    loop.advance(Seconds(3));
+    daemon->userRefuses();
+    settle();
+  }
+  daemon->setAgent(Agent::allows);
+  daemon->positions = {{kMakkah}};
+  service->requestWhenInUseAuthorization();
+  settle();
+  EXPECT_THAT(delegate->statuses,
+              ElementsAre(Status::notDetermined, Status::denied, Status::authorizedAlways));
+  EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
+  askAgain();
+  EXPECT_EQ(questions(), 7) << "nothing to ask once it is granted";
+}
+
 TEST_F(GeoClueLocationServiceTest, NoServiceIsRestrictedUntilItAppears) {
   startService(Contact::whenAsked);
   service->requestWhenInUseAuthorization();
@@ -238,6 +274,47 @@ TEST_F(GeoClueLocationServiceTest, GivesUpWhereNoPositionComesWithinAMinute) {
   EXPECT_EQ(delegate->failures, 1);
   settle();
   EXPECT_EQ(daemon->calls.back(), "DeleteClient");
+}
+
+TEST_F(GeoClueLocationServiceTest, LooksAgainWhenTheNetworkIsBackWhileNoPositionCame) {
+  const auto manager = [](uint state) {
+    return QDBusMessage::createSignal("/org/freedesktop/NetworkManager",
+                                      "org.freedesktop.NetworkManager", "StateChanged")
+           << state;
+  };
+  const auto networkd = [](const char* state) {
+    return QDBusMessage::createSignal("/org/freedesktop/network1",
+                                      "org.freedesktop.DBus.Properties", "PropertiesChanged")
+           << "org.freedesktop.network1.Manager" << QVariantMap{{"OperationalState", state}}
+           << QStringList();
+  };
+  const struct {
+    const char* name;
+    QDBusMessage gone;
+    QDBusMessage back;
+  } networks[] = {{"NetworkManager", manager(20), manager(70)},
+                  {"networkd", networkd("carrier"), networkd("routable")}};
+  startDaemon(Agent::allows);
+  startService(Contact::atStart);
+  const auto say = [this](const QDBusMessage& signal) {
+    bus.connection(QStringLiteral("daemon")).send(signal);
+    settle();
+  };
+  for (const auto& [name, gone, back] : networks) {
+    SCOPED_TRACE(name);
+    daemon->positions = {};
+    service->requestLocation();
+    settle();
+    loop.advance(Seconds(61));
+    daemon->positions = {{kMakkah}};
+    delegate->fixes.clear();
+    say(gone);
+    EXPECT_THAT(delegate->fixes, IsEmpty());
+    say(back);
+    EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
+    say(back);
+    EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah)) << "it is known by now";
+  }
 }
 
 TEST_F(GeoClueLocationServiceTest, GoesAwayInMidRequestWithoutATrace) {

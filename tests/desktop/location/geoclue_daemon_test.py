@@ -137,8 +137,8 @@ class Desktop:
     def geoclue(self):
         return self.start(GEOCLUE, "-t", "0", "-u", f"{self.folder}/nmea")
 
-    def agent(self):
-        return self.start(self.probe_path, "agent")
+    def agent(self, answer):
+        return self.start(self.probe_path, "agent", answer)
 
     def probe(self):
         probe = self.start(self.probe_path)
@@ -157,11 +157,18 @@ def check(desktop):
     print("no service: restricted")
 
     desktop.geoclue()
-    desktop.agent()
+    agent = desktop.agent("refuse")
+    probe.expect("status 2")
+    probe.say("look")
+    agent.kill()
+    print("service and agent appear: refused")
+
+    desktop.agent("allow")
+    probe.say("look")
     probe.expect("status 3")
     probe.expect("position 21.4.* 39.8.*")
     probe.expect("place Makkah Asia/Riyadh")
-    print("service and agent appear: a fix and a name, without a restart")
+    print("allowed later: a fix and a name at the next look, without a restart")
 
 
 def main():

@@ -1,6 +1,6 @@
 // location_probe: finds out where the machine is as the program does, on the system bus, and prints
-// every change; the word "ask" on its input asks for permission.
-// location_probe agent: stands for the desktop's agent, which speaks for a user who allows it.
+// every change; the word "ask" on its input asks for permission, "look" looks for the place again.
+// location_probe agent allow|refuse: stands for the desktop's agent, which speaks for the user.
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -26,7 +26,7 @@ using namespace Hilalor;
 
 class Agent final : public QDBusVirtualObject {
  public:
-  Agent() {
+  explicit Agent(bool allows) : allows_(allows) {
     QDBusConnection::systemBus().registerVirtualObject(
         QStringLiteral("/org/freedesktop/GeoClue2/Agent"), this);
     connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, [] { announce(); });
@@ -44,8 +44,8 @@ class Agent final : public QDBusVirtualObject {
   [[nodiscard]] QString introspect(const QString&) const override { return {}; }
 
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-    // As good as the desktop's settings let it be.
-    const QVariant level(8U);
+    // As good as the desktop's settings let it be; not at all is how they refuse.
+    const QVariant level(allows_ ? 8U : 0U);
     if (message.member() == QStringLiteral("GetAll")) {
       return bus.send(
           message.createReply(QVariantMap{{QStringLiteral("MaxAccuracyLevel"), level}}));
@@ -54,10 +54,11 @@ class Agent final : public QDBusVirtualObject {
       return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(level))));
     }
     if (message.member() != QStringLiteral("AuthorizeApp")) return false;
-    return bus.send(message.createReply({true, message.arguments().at(1)}));
+    return bus.send(message.createReply({allows_, message.arguments().at(1)}));
   }
 
  private:
+  bool allows_;
   QDBusServiceWatcher watcher_{QStringLiteral("org.freedesktop.GeoClue2"),
                                QDBusConnection::systemBus()};
 };
@@ -90,6 +91,7 @@ int findLocation(QCoreApplication& application) {
     std::string word;
     if (!std::getline(std::cin, word)) return application.quit();
     if (word == "ask") manager.manager.requestWhenInUseAuthorization();
+    if (word == "look") manager.lookAgain();
     std::cout << "heard " << word << std::endl;
   });
   return QCoreApplication::exec();
@@ -99,8 +101,8 @@ int findLocation(QCoreApplication& application) {
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  if (argc == 2 && std::string(argv[1]) == "agent") {
-    const Agent agent;
+  if (argc == 3 && std::string(argv[1]) == "agent") {
+    const Agent agent(std::string(argv[2]) == "allow");
     return QCoreApplication::exec();
   }
   return findLocation(application);
