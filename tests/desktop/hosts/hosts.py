@@ -30,6 +30,7 @@ class Host:
     compositor: tuple = ()  # In whose window on the X server everything else runs.
     inner: object = None  # Finds the environment of the programs in that.
     has_x: bool = True  # Whether X programs run in the compositor.
+    places_windows: bool = True  # Whether a program can say where its windows are.
     is_root: bool = True  # Whether it runs for root.
     without: tuple = ()  # The steps that it cannot have.
 
@@ -128,7 +129,8 @@ def sway(xwayland):
                 {"XDG_CURRENT_DESKTOP": "sway", "XDG_SESSION_TYPE": "wayland",
                  "WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"},
                 {**WAYBAR, "sway/config": f"xwayland {xwayland}\n{SWAY}"},
-                compositor=("sway",), inner=told, has_x=xwayland == "force", is_root=False)
+                compositor=("sway",), inner=told, has_x=xwayland == "force",
+                places_windows=xwayland == "force", is_root=False)
 
 
 PLASMA = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",

@@ -172,7 +172,8 @@ class Visit:
         across = centre(self.item)[0]
         bar = self.item
         gap = max(frame.y - bar.y - bar.height, bar.y - frame.y - frame.height)
-        assert frame.x <= across <= frame.x + frame.width and -2 <= gap < 20, \
+        is_at_item = frame.x <= across <= frame.x + frame.width and -2 <= gap < 20
+        assert is_at_item or not self.host.places_windows, \
             f"the panel at {frame} is not at the item at {bar}"
         self.save("panel")
         self.click_item(clicks=self.host.clicks)
@@ -180,7 +181,9 @@ class Visit:
 
     def closes_elsewhere(self):
         for place in (centre(self.screen.rect), (150, 700)):
-            _, before = self.open()
+            frame, before = self.open()
+            if is_within(Rect(*place, 1, 1), frame):
+                place = (frame.x - 100, place[1])
             self.screen.click(place)
             self.wait_for_closed(before)
 
