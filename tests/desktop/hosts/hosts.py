@@ -64,6 +64,13 @@ def told_by_shell(session):
             "XAUTHORITY": key[0]} if ready else None
 
 
+def told_by_weston(session):
+    log = "".join(open(file, encoding="utf-8", errors="replace").read()
+                  for file in glob.glob(session.path("*weston.log")))
+    display = re.search(r"listening on display (:\d+)", log)
+    return {"WAYLAND_DISPLAY": "wayland-test", "DISPLAY": display[1]} if display else None
+
+
 def gnome(*extensions):
     return {"glib-2.0/settings/keyfile": "[org/gnome/shell]\n"
             "welcome-dialog-last-shown-version='99'\n"
@@ -138,8 +145,6 @@ PLASMA = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION
 
 WESTON = """[shell]
 clock-format=none
-[autolaunch]
-path=/bin/sh
 """
 
 
@@ -195,8 +200,9 @@ HOSTS = {
                                        f"--xwayland --width {WIDTH} --height {HEIGHT} "
                                        "\"sh -c 'env >$HOME/environment; sleep infinity'\"")),
     "weston": Host("strip", top(32), (OTHER_WAYLAND, "dunst"), {"XDG_SESSION_TYPE": "wayland"},
-                   {"weston.ini": WESTON}, inner=told, without=("restart",),
+                   {"weston.ini": WESTON}, inner=told_by_weston, without=("restart",),
                    compositor=("weston", "--backend=x11-backend.so", "--xwayland",
+                               "--socket=wayland-test",
                                f"--width={WIDTH}", f"--height={HEIGHT}")),
     "none": Host("strip", top(25), ("dunst", OTHER_X), without=("restart",)),
 }

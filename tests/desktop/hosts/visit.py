@@ -16,6 +16,7 @@ LEAST_CONTRAST = 90
 PATIENCE = 12
 RIGHT_BUTTON = 3
 SETTINGS_WIDTH = 380
+TITLE_BAR = 18
 ITEM_STYLE = (80, 100)  # In the settings window.
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
 NOTHING = Rect(0, 0, 0, 0)
@@ -240,8 +241,9 @@ class Visit:
     def open_picker(self, place):
         """What is to be told of it: some compositors give the first click to the window alone."""
         before = self.picture()
-        for note in ("", "at a second click"):
-            self.screen.click(place)
+        # A title bar of the window's own colour is no part of it.
+        for note, title in (("", 0), ("at a second click", 0), ("", TITLE_BAR)):
+            self.screen.click((place[0], place[1] + title))
             try:
                 wait_until(lambda: (self.new_frame(before) or NOTHING).height > 30, "a menu", 3)
                 return note
