@@ -76,7 +76,7 @@ double millisecondsToOpenPanel() {
   QElapsedTimer watch;
   watch.start();
   ScreenSurfaces surfaces;
-  const auto panel = surfaces.makeCalendarPanel({});
+  const auto panel = surfaces.makeCalendarPanel({}, {});
   panel->setAppearance(Appearance::system);
   const Size size = panel->fittingSize();
   panel->setFrame({{200, 30}, size});
