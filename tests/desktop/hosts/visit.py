@@ -281,11 +281,15 @@ class Visit:
         return "light and dark"
 
     def quits_by_menu(self):
-        before = self.closed_screen()
+        assert self.item, "there is no item"
+        # Beside the item, for titles of windows change their colours too.
+        left = max(0, centre(self.item)[0] - 200)
+        top = self.stage.y if self.host.bar.y == 0 else self.host.bar.y - 200
+        beside = Rect(left, top, min(400, self.screen.rect.width - left), 200)
+        before = self.closed_screen().part(beside)
         self.click_item(RIGHT_BUTTON)
-        self.wait(lambda: self.new_frame(before), "the menu is there")
-        self.screen.settled_picture()
-        menu = self.new_frame(before)
+        self.wait(lambda: self.screen.picture(beside).new_ground(before), "the menu is there")
+        menu = self.screen.settled_picture(beside).new_ground(before)
         self.save("menu")
         self.screen.click((centre(menu)[0], menu.y + menu.height - 12))
         assert self.program.status() == 0, "the program ends well"
