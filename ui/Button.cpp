@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ui/FocusRing.hpp"
+#include "ui/PlainToolTip.hpp"
 
 namespace Hilalor {
 namespace {
@@ -41,7 +42,7 @@ void Button::setLabel(const ButtonLabel& label) {
 }
 
 void Button::setHelp(const QString& help) {
-  setToolTip(help);
+  setPlainToolTip(*this, help);
   setAccessibleName(help);
 }
 

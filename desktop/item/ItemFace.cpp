@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <utility>
 
+#include "ui/PlainToolTip.hpp"
+
 namespace Hilalor {
 namespace {
 
@@ -68,7 +70,7 @@ int ItemFace::naturalWidth(int barHeight) const {
 void ItemFace::titleChanged() {
   setWindowTitle(content_.title);
   setAccessibleName(content_.title);
-  setToolTip(content_.title);
+  setPlainToolTip(*this, content_.title);
   update();
 }
 

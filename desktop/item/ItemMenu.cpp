@@ -35,7 +35,7 @@ void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
 }
 
 QString ItemMenu::marked(const MenuItem& item, QChar sign) {
-  QString title = QString::fromStdString(item.title);
+  QString title = QString::fromStdString(item.title).replace(sign, QString(2, sign));
   if (item.keyEquivalent == '\0') return title;
   const auto place = title.indexOf(QLatin1Char(item.keyEquivalent), 0, Qt::CaseInsensitive);
   return place < 0 ? title : title.insert(place, sign);

@@ -21,7 +21,8 @@ class ItemMenu {
   /// the item's place is not known. Logical pixels.
   void open(const Menu& menu, const std::optional<QRect>& item);
 
-  /// The title with the sign before the letter that chooses the line.
+  /// The title with the sign before the letter that chooses the line. A sign of the title's own is
+  /// doubled, so that it is shown and marks nothing.
   [[nodiscard]] static QString marked(const MenuItem& item, QChar sign);
 
  private:
