@@ -159,7 +159,15 @@ class Screen:
         self.eye = Eye(session.environment["DISPLAY"])
 
     def picture(self, rect=None):
-        return Picture(rect or self.rect, self.eye.pixels(rect or self.rect))
+        rect = self.within(rect or self.rect)
+        return Picture(rect, self.eye.pixels(rect))
+
+    def within(self, rect):
+        """The part of it that is on the screen; bars keep what is on its way outside."""
+        left, top = max(0, rect.x), max(0, rect.y)
+        width = min(rect.x + rect.width, self.rect.width) - left
+        height = min(rect.y + rect.height, self.rect.height) - top
+        return Rect(left, top, width, height) if width > 0 < height else Rect(0, 0, 1, 1)
 
     def settled_picture(self, rect=None):
         """A picture that the next one is like."""
