@@ -76,7 +76,8 @@ TEST_F(SettingsWindowTest, ThePanelStaysWhereTheWindowCanOpenBesideItAndElseGoes
     SCOPED_TRACE(left);
     bool isGone = false;
     const auto panel = surfaces.makeCalendarPanel(
-        {.onSizeChange = {}, .onOpenSettings = {}, .onDismiss = [&](Dismissal) { isGone = true; }});
+        {.onSizeChange = {}, .onOpenSettings = {}, .onDismiss = [&](Dismissal) { isGone = true; }},
+        {});
     panel->setFrame({{left, 0}, {260, 590}});
     panel->orderFront(KeyboardAtOpening::leftWhereItIs);
     open();
