@@ -39,18 +39,20 @@ double midnightBefore(Date date) {
 
 /// The engine's day whose date in UTC holds the instant.
 std::optional<SixTimes> engineDay(const Coordinates& place, Date instant,
-                                  const CalculationParameters& parameters) {
+                                  const CalculationParameters& parameters,
+                                  Adhan::Ephemeris& ephemeris) {
   const auto fields = Adhan::gregorianUTC().components(instant);
   const DateComponents date{fields.year, fields.month, fields.day, {}, {}, {}};
-  const auto day = Adhan::PrayerTimes::make(place, date, parameters);
+  const auto day = Adhan::PrayerTimes::make(place, date, parameters, ephemeris);
   return day ? std::optional(sixTimes(*day)) : std::nullopt;
 }
 
 /// The engine's day with that noon, under whichever date.
 std::optional<SixTimes> engineDayAround(const Coordinates& place, Date meanNoon,
-                                        const CalculationParameters& parameters) {
+                                        const CalculationParameters& parameters,
+                                        Adhan::Ephemeris& ephemeris) {
   for (const double later : {-kFarthestNoon, kFarthestNoon}) {
-    const auto day = engineDay(place, meanNoon + Seconds(later), parameters);
+    const auto day = engineDay(place, meanNoon + Seconds(later), parameters, ephemeris);
     if (day && areNear(noonOf(*day), meanNoon, kFarthestNoon)) return day;
   }
   return std::nullopt;
@@ -77,20 +79,21 @@ bool SolarDays::areOf(const Coordinates& place, const CalculationParameters& par
   return place == place_ && parameters == parameters_;
 }
 
-std::optional<SixTimes> SolarDays::find(std::int64_t day) const {
+std::optional<SixTimes> SolarDays::find(std::int64_t day) {
   const Date meanNoon{(static_cast<double>(day) + 0.5) * kDay - kSecondsPerDegree * eastward_};
   const double ofDay = meanNoon.secondsSince1970 - midnightBefore(meanNoon);
   const bool isNearMidnight = ofDay < kFarthestNoon || ofDay > kDay - kFarthestNoon;
-  return isNearMidnight ? findNearMidnight(meanNoon) : engineDay(place_, meanNoon, parameters_);
+  return isNearMidnight ? findNearMidnight(meanNoon)
+                        : engineDay(place_, meanNoon, parameters_, ephemeris_);
 }
 
-std::optional<SixTimes> SolarDays::findNearMidnight(Date meanNoon) const {
+std::optional<SixTimes> SolarDays::findNearMidnight(Date meanNoon) {
   std::optional<SixTimes> spoiled;
   for (const double later : {-kFarthestNoon, kFarthestNoon}) {
     const Date instant = meanNoon + Seconds(later);
-    const auto day = engineDay(place_, instant, parameters_);
+    const auto day = engineDay(place_, instant, parameters_, ephemeris_);
     if (!day || !areNear(noonOf(*day), meanNoon, kFarthestNoon)) continue;
-    const auto next = engineDay(place_, instant + Seconds(kDay), parameters_);
+    const auto next = engineDay(place_, instant + Seconds(kDay), parameters_, ephemeris_);
     // The engine's night ends with the next of its days.
     if (!next || areNear(noonOf(*next), noonOf(*day) + Seconds(kDay), kFarthestNoon)) return day;
     spoiled = day;
@@ -104,12 +107,12 @@ std::optional<SixTimes> SolarDays::findNearMidnight(Date meanNoon) const {
   return mended;
 }
 
-std::optional<SixTimes> SolarDays::betweenNeighbours(Date meanNoon) const {
+std::optional<SixTimes> SolarDays::betweenNeighbours(Date meanNoon) {
   auto toTheSecond = parameters_;
   toTheSecond.rounding = Adhan::Rounding::none;
   const auto at = [&](double east) {
     return engineDayAround({place_.latitude, eastward_ + east},
-                           meanNoon - Seconds(kSecondsPerDegree * east), toTheSecond);
+                           meanNoon - Seconds(kSecondsPerDegree * east), toTheSecond, ephemeris_);
   };
   const auto west = at(-kNeighbour);
   const auto east = at(kNeighbour);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "Adhan/Astronomy/Ephemeris.hpp"
 #include "Adhan/Models/CalculationParameters.hpp"
 #include "Adhan/Models/Coordinates.hpp"
 #include "app/PrayerDay.hpp"
@@ -42,14 +43,15 @@ class SolarDays {
     std::optional<SixTimes> times;
   };
 
-  [[nodiscard]] std::optional<SixTimes> find(std::int64_t day) const;
-  [[nodiscard]] std::optional<SixTimes> findNearMidnight(Date meanNoon) const;
-  [[nodiscard]] std::optional<SixTimes> betweenNeighbours(Date meanNoon) const;
+  [[nodiscard]] std::optional<SixTimes> find(std::int64_t day);
+  [[nodiscard]] std::optional<SixTimes> findNearMidnight(Date meanNoon);
+  [[nodiscard]] std::optional<SixTimes> betweenNeighbours(Date meanNoon);
 
   Adhan::Coordinates place_;
   Adhan::CalculationParameters parameters_;
   double eastward_;  // Longitude in degrees, from -180 to 180.
   std::array<std::optional<Kept>, 16> kept_;
+  Adhan::Ephemeris ephemeris_;
 };
 
 }  // namespace Hilalor
