@@ -281,7 +281,8 @@ class Watcher {
 
   void fault(const std::string& what, double instant) {
     if (life_.saysAll) {
-      std::printf("  %s, %s local\n", what.c_str(), stamp_.string(Date{instant}).c_str());
+      std::printf("  %s: %s, %s local\n", life_.home.name, what.c_str(),
+                  stamp_.string(Date{instant}).c_str());
     }
     if (tally_.firstFault[0] != '\0') return;
     std::snprintf(tally_.firstFault, sizeof tally_.firstFault, "%s, %s local", what.c_str(),
