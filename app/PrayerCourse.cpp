@@ -18,9 +18,7 @@ double civilDay(Date instant, const TimeZone& zone) {
 std::optional<PrayerDay> prayerDay(SolarDays& days, std::int64_t number) {
   const auto times = days.times(number);
   if (!times) return std::nullopt;
-  const auto next = days.times(number + 1);
-  return PrayerDay(*times,
-                   next ? PrayerDay(*next, std::nullopt).time(Adhan::Prayer::fajr) : std::nullopt);
+  return PrayerDay(*times, days.times(number - 1), days.times(number + 1));
 }
 
 /// The days that can have to do with the instants, in their order.

@@ -13,16 +13,25 @@ Date timeOf(const SixTimes& times, Prayer prayer) {
   return times[static_cast<std::size_t>(prayer)];
 }
 
+/// None where it is out of order.
+std::optional<Date> fajrOf(const SixTimes& times, const std::optional<SixTimes>& before) {
+  const Date fajr = timeOf(times, Prayer::fajr);
+  const bool isBeforeNight = before && fajr < timeOf(*before, Prayer::maghrib);
+  if (isBeforeNight || fajr > timeOf(times, Prayer::dhuhr)) return std::nullopt;
+  return fajr;
+}
+
 }  // namespace
 
-PrayerDay::PrayerDay(const SixTimes& times, std::optional<Date> nextFajr)
-    : dhuhr_(timeOf(times, Prayer::dhuhr)), nextFajr_(nextFajr) {
+PrayerDay::PrayerDay(const SixTimes& times, const std::optional<SixTimes>& before,
+                     const std::optional<SixTimes>& after)
+    : dhuhr_(timeOf(times, Prayer::dhuhr)),
+      nextFajr_(after ? fajrOf(*after, times) : std::nullopt) {
   const Date noon = dhuhr_;
   at(Prayer::dhuhr) = noon;
-  const auto fajr = timeOf(times, Prayer::fajr);
-  if (fajr <= noon) at(Prayer::fajr) = fajr;
+  at(Prayer::fajr) = fajrOf(times, before);
   const auto sunrise = timeOf(times, Prayer::sunrise);
-  if (sunrise >= fajr && sunrise <= noon) at(Prayer::sunrise) = sunrise;
+  if (sunrise >= timeOf(times, Prayer::fajr) && sunrise <= noon) at(Prayer::sunrise) = sunrise;
   const auto maghrib = timeOf(times, Prayer::maghrib);
   if (maghrib >= noon) at(Prayer::maghrib) = maghrib;
   const auto isha = timeOf(times, Prayer::isha);

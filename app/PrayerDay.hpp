@@ -26,11 +26,14 @@ struct CalledPrayer {
 /// A time that the formulas put out of the day's order is left out. So is Asr where the sun hardly
 /// rises and its time comes out before noon or after sunset (at either end of the polar night), and
 /// in the shortest nights of the far north, where a method's minutes carry one time past the next,
-/// sunrise before Fajr and Isha before Maghrib.
+/// sunrise before Fajr and Isha before Maghrib; and a Fajr before the Maghrib of the evening before
+/// (minutes back from a sunrise that follows that Maghrib sooner, in the far south).
 class PrayerDay {
  public:
-  /// Of the day's times and the Fajr of the day after; none where the sun gives no such day.
-  PrayerDay(const SixTimes& times, std::optional<Date> nextFajr);
+  /// Of the day's times, those of the day before and of the day after; none where the sun gives no
+  /// such day.
+  PrayerDay(const SixTimes& times, const std::optional<SixTimes>& before,
+            const std::optional<SixTimes>& after);
 
   /// The time, unless it is left out. Dhuhr never is.
   [[nodiscard]] std::optional<Date> time(Adhan::Prayer prayer) const;

@@ -108,6 +108,15 @@ const std::vector<HardDay> kHardDays{
      Method::muslimWorldLeague,
      {2025, 11, 22, {}, {}, {}},
      {"Fajr 07:10", "Dhuhr 11:31", "Maghrib 12:44", "Isha 15:50"}},
+    // The method's minutes before sunrise begin before the evening's Maghrib.
+    {"Antarctica",
+     -65.45,
+     99.2,
+     "Antarctica/Casey",
+     "Antarctica/Casey",
+     Method::moonsightingCommittee,
+     {2026, 1, 2, {}, {}, {}},
+     {"Maghrib 00:29", "Isha 01:44", "Dhuhr 13:32", "Asr 18:21"}},
     // The night on which the machine's clock goes back, and the evening before, from which the same
     // time of the machine's next day is a day later at the place.
     {"RiyadhFromLondon",

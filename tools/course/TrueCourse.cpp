@@ -26,9 +26,9 @@ constexpr double kAsrDegrees = 0.5;
 constexpr double kRounding = 90;  // seconds
 // How near to the horizon the sun of noon or midnight makes it doubtful whether it rises or sets.
 constexpr double kEdgeDegrees = 0.6;
-constexpr double kLowSunDegrees = 2.5;
+constexpr double kLowSunDegrees = 3;
 // How near to its angle midnight's sun makes a twilight doubtful, and by how much.
-constexpr double kGrazingDegrees = 0.8;
+constexpr double kGrazingDegrees = 1;
 constexpr double kGrazingTolerance = 3 * 3600;
 
 struct Day {
@@ -112,11 +112,14 @@ struct Rules {
     return grazing(parameters.ishaAngle, day.midnightAfter) > 0;
   }
 
-  /// Where dusk and Isha are that near to each other, Maghrib is either dusk or sunset.
+  /// Where dusk and Isha are that near to each other, Maghrib is either dusk or sunset; where the
+  /// night hardly reaches dusk, anything between.
   [[nodiscard]] double maghribInDoubt() const {
     if (!parameters.maghribAngle) return 0;
     const auto dusk =
         Sky::passage(place, -*parameters.maghribAngle, *day.sunset, day.midnightAfter);
+    if (grazing(*parameters.maghribAngle, day.midnightAfter) > 0)
+      return dusk.value_or(day.midnightAfter) - *day.sunset;
     const bool isNear = dusk && std::abs(*dusk - isha()) < 2 * kRounding;
     return isNear || (dusk && grazesIsha()) ? *dusk - *day.sunset : 0;
   }
@@ -171,6 +174,25 @@ void addDay(const Rules& rules, bool isEdge, std::vector<TruePrayer>& prayers) {
       isShort || rules.grazesIsha() ? Doubt::shortNight : Doubt::none);
 }
 
+/// A Fajr that comes before the evening's Maghrib is none (minutes counted back from sunrise, where
+/// nights are shorter); where the two are near each other it may or may not be.
+void leaveOutEarlyDawns(std::vector<TruePrayer>& prayers) {
+  std::vector<TruePrayer> kept;
+  std::optional<TruePrayer> maghrib;
+  for (TruePrayer prayer : prayers) {
+    if (prayer.prayer == Prayer::maghrib) maghrib = prayer;
+    const bool isOfNight = maghrib && prayer.noon - maghrib->noon < 1.5 * kDay;
+    if (prayer.prayer == Prayer::fajr && isOfNight) {
+      const double before = maghrib->instant - prayer.instant;
+      const double doubtful = prayer.tolerance + maghrib->tolerance;
+      if (before > doubtful) continue;
+      if (before > -120 && prayer.doubt == Doubt::none) prayer.doubt = Doubt::shortNight;
+    }
+    kept.push_back(prayer);
+  }
+  prayers = std::move(kept);
+}
+
 /// Isha does not outlast its night; where the two are near each other it may or may not be.
 void endNights(std::vector<TruePrayer>& prayers) {
   std::vector<TruePrayer> kept;
@@ -181,7 +203,8 @@ void endNights(std::vector<TruePrayer>& prayers) {
     if (hasNext) {
       const double after = prayer.instant - prayers[index + 1].instant;
       const double doubtful = prayer.tolerance + prayers[index + 1].tolerance;
-      if (after > doubtful) continue;
+      const bool isNextSure = prayers[index + 1].doubt != Doubt::shortNight;
+      if (after > doubtful && isNextSure) continue;
       if (after > -doubtful && prayer.doubt == Doubt::none) prayer.doubt = Doubt::shortNight;
     }
     kept.push_back(prayer);
@@ -204,6 +227,7 @@ std::vector<TruePrayer> truePrayers(const Sky::Place& place,
     }
     day = next;
   }
+  leaveOutEarlyDawns(prayers);
   endNights(prayers);
   std::erase_if(prayers, [&](const TruePrayer& prayer) {
     return prayer.instant < from || prayer.instant >= until;
