@@ -80,6 +80,12 @@ ScrollColumn::ScrollColumn(QWidget* content, ScrollKeys keys)
   content->setAutoFillBackground(false);
 }
 
+ScrollColumn::~ScrollColumn() {
+  // The focus leaves its parts while they go, when this is no column any more.
+  qApp->disconnect(this);
+  verticalScrollBar()->disconnect(this);
+}
+
 QSize ScrollColumn::sizeHint() const {
   const int width = widget()->minimumWidth();
   const bool followsWidth = widget()->hasHeightForWidth();

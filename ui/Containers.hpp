@@ -29,6 +29,7 @@ enum class ScrollKeys {
 class ScrollColumn final : public QScrollArea {
  public:
   explicit ScrollColumn(QWidget* content, ScrollKeys keys = ScrollKeys::unused);
+  ~ScrollColumn() override;
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
