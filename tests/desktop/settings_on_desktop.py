@@ -11,6 +11,7 @@ import os
 import signal
 import sqlite3
 import sys
+import time
 
 from session.bars import XfcePanel
 from session.panel import Panel
@@ -134,6 +135,8 @@ class Check:
         self.wait_for_stored("primaryCalendar", "hijri")
         self.window.choose(MENU_BAR_ICON, 1)
         self.wait_for_stored("menuBarStyle", "emoji")
+        # The window manager's word of the other workspace lies over the window, and takes the wheel.
+        time.sleep(2)
         self.scroll(DOWN)
         self.save("at-its-end")
         across, above_bottom = DARK
