@@ -73,7 +73,7 @@ std::string fileOf(std::uint8_t kind, const std::string& bytes) {
 
 /// Plays up to ten seconds and checks that every sample may be sent to a loudspeaker.
 void play(const std::string& path, Hilalor::Repeat repeat) {
-  const auto stream = Hilalor::SoundStream::open(path, repeat);
+  const auto stream = Hilalor::Desktop::SoundStream::open(path, repeat);
   if (!stream) return;
   const auto channels = static_cast<std::size_t>(stream->format().channels);
   std::vector<float> second(static_cast<std::size_t>(stream->format().rate) * channels);

@@ -12,7 +12,7 @@
 #include "platform/MouseMonitor.hpp"
 #include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
-#include "platform/Screens.hpp"
+#include "platform/ScreenService.hpp"
 #include "platform/SoundService.hpp"
 #include "platform/StatusItem.hpp"
 #include "platform/Surfaces.hpp"
@@ -30,7 +30,7 @@ struct Platform {
   DefaultsStore& defaults;
   StatusBar& statusBar;
   Surfaces& surfaces;
-  Screens& screens;
+  ScreenService& screens;
   MouseMonitor& mouse;
   LocationService& location;
   Geocoder& geocoder;

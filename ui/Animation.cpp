@@ -4,7 +4,7 @@
 #include <QStyle>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 QEasingCurve easeInOut() {
@@ -54,4 +54,4 @@ void Animation::set(double value) {
   step_();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <functional>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A number that moves to its goal with an ease-in-out curve, at once where the desktop wants no
 /// animations. Costs nothing at rest.
@@ -32,4 +32,4 @@ class Animation {
   QVariantAnimation animation_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -7,7 +7,7 @@
 #include "ui/FocusRing.hpp"
 #include "ui/PlainToolTip.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kLabelSpacing = 4;
@@ -133,4 +133,4 @@ Button* helped(const QString& help, Button* button) {
   return button;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

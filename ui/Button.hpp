@@ -8,7 +8,7 @@
 #include "ui/Icon.hpp"
 #include "ui/TextStyle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// What a button shows: an icon, a text, or both side by side.
 struct ButtonLabel {
@@ -62,4 +62,4 @@ class Button final : public QAbstractButton {
 /// The button with that help.
 [[nodiscard]] Button* helped(const QString& help, Button* button);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

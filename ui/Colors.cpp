@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 const Colors kLight{
@@ -74,4 +74,4 @@ QPalette windowPalette(ColorScheme scheme) {
   return palette;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 enum class ColorScheme { light, dark };
 
@@ -46,4 +46,4 @@ using Ink = QColor Colors::*;
 /// follows the application's.
 [[nodiscard]] QPalette windowPalette(ColorScheme scheme);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

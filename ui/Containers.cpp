@@ -10,7 +10,7 @@
 #include "ui/Colors.hpp"
 #include "ui/Stack.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kCardSpacing = 10;
@@ -178,4 +178,4 @@ void ActivityIndicator::hideEvent(QHideEvent*) {
   turning_.stop();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <initializer_list>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// Parts that belong together, from top to bottom on a rounded ground of their own.
 class Card final : public QWidget {
@@ -72,4 +72,4 @@ class ActivityIndicator final : public QWidget {
   int turn_ = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

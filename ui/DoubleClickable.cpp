@@ -3,7 +3,7 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 DoubleClickable::DoubleClickable(QWidget* part, std::function<void()> onDoubleClick)
     : onDoubleClick_(std::move(onDoubleClick)) {
@@ -16,4 +16,4 @@ void DoubleClickable::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) onDoubleClick_();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// The part, with something that a double click anywhere on it does.
 class DoubleClickable final : public QWidget {
@@ -17,4 +17,4 @@ class DoubleClickable final : public QWidget {
   std::function<void()> onDoubleClick_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

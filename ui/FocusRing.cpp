@@ -9,7 +9,7 @@
 
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr double kRingWidth = 1.5;
@@ -66,4 +66,4 @@ void paintFocusRing(QPainter& painter, const QWidget& control, double radius) {
   painter.restore();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <map>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 // Icons are drawn on a square of 16 by 16 and filled by the odd-even rule: a shape within a shape
@@ -169,4 +169,4 @@ void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& c
   painter.restore();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

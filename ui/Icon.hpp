@@ -6,7 +6,7 @@ class QColor;
 class QPainter;
 class QRectF;
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// The pictures on buttons and beside texts, drawn by ourselves so that they look alike on every
 /// desktop.
@@ -33,4 +33,4 @@ enum class Icon {
 /// Fills the icon in the largest square at the middle of the rectangle.
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

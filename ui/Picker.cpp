@@ -7,7 +7,7 @@
 #include "ui/FocusRing.hpp"
 #include "ui/Stack.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kTypeSize = 13;
@@ -136,4 +136,4 @@ void SegmentedPicker::setCurrent(int index) {
     segment->setChecked(place++ == index);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -9,7 +9,7 @@
 
 #include "ui/Button.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// What a picker offers.
 struct PickerMenu {
@@ -54,4 +54,4 @@ class SegmentedPicker final : public QWidget {
   std::vector<QAbstractButton*> segments_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 Picture::Picture(const QPixmap& picture, int side, double cornerRadius)
     : picture_(picture), cornerRadius_(cornerRadius) {
@@ -23,4 +23,4 @@ void Picture::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(rect(), cornerRadius_, cornerRadius_);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

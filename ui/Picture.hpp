@@ -3,7 +3,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A square picture with rounded corners.
 class Picture final : public QWidget {
@@ -19,4 +19,4 @@ class Picture final : public QWidget {
   double cornerRadius_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

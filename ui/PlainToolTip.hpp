@@ -3,7 +3,7 @@
 #include <QTextDocument>
 #include <QWidget>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// Tells the pointer that rests on the widget, and a screen reader, the text as it is. Qt takes a
 /// tool tip that looks like HTML for HTML, and a place or a note may be called so.
@@ -13,4 +13,4 @@ inline void setPlainToolTip(QWidget& widget, const QString& text) {
   widget.setAccessibleDescription(text);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

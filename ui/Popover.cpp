@@ -10,7 +10,7 @@
 
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr double kRadius = 10;
@@ -164,4 +164,4 @@ void Popover::hideEvent(QHideEvent* event) {
   if (const auto told = std::exchange(onDismiss, nullptr)) told();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A small window that points at a part of another one: below it, or above where there is no room.
 /// It takes the keyboard and closes by Escape, by a press in another window of the program, and
@@ -42,4 +42,4 @@ class Popover final : public QWidget {
   int arrowX_ = 0;  // The arrow's tip from the left edge.
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -9,7 +9,7 @@
 #include "ui/Stack.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kWidth = 270;
@@ -230,4 +230,4 @@ void SearchField::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -6,7 +6,7 @@
 
 #include "ui/Button.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// Something that was found: what it is called, and what tells it from others of that name.
 struct Suggestion {
@@ -60,4 +60,4 @@ class SearchField final : public QWidget {
   std::size_t highlighted_ = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -6,7 +6,7 @@
 
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kDividerThickness = 1;
@@ -93,4 +93,4 @@ QWidget* padded(const Insets& padding, QWidget* part) {
   return column({.padding = padding}, {part});
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// Room left free inside an edge, in logical pixels.
 struct Insets {
@@ -71,4 +71,4 @@ template <typename Part>
   return part;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

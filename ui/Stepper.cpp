@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <algorithm>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kTypeSize = 13;
@@ -50,4 +50,4 @@ void Stepper::setValue(int value) {
   more_->setEnabled(value < range_.highest);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

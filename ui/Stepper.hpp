@@ -6,7 +6,7 @@
 #include "ui/Button.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A number that goes up and down by steps, and never out of its range.
 struct StepperRange {
@@ -38,4 +38,4 @@ class Stepper final : public QWidget {
   Button* more_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 Symbol::Symbol(Icon icon, int typeSize, Ink color) : icon_(icon), color_(color) {
   const int side = iconSide(typeSize);
@@ -15,4 +15,4 @@ void Symbol::paintEvent(QPaintEvent*) {
   paintIcon(painter, icon_, rect(), Colors::of(*this).*color_);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

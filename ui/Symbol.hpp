@@ -5,7 +5,7 @@
 #include "ui/Colors.hpp"
 #include "ui/Icon.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// An icon that stands beside a text.
 class Symbol final : public QWidget {
@@ -21,4 +21,4 @@ class Symbol final : public QWidget {
   Ink color_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

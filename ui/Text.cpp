@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 QFont systemFont(int size, QFont::Weight weight) {
   QFont font = QGuiApplication::font();
@@ -51,4 +51,4 @@ void Text::paintEvent(QPaintEvent*) {
   painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWordWrap, text());
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -5,7 +5,7 @@
 #include "ui/Animation.hpp"
 #include "ui/TextStyle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A text. As wide as it is on one line where there is room, broken between words where there is
 /// not.
@@ -31,4 +31,4 @@ class Text final : public QLabel {
   Animation presence_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -5,7 +5,7 @@
 
 #include "ui/TextStyle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr double kRadius = 6;
@@ -49,4 +49,4 @@ void TextEditor::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

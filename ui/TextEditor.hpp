@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 #include <functional>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// Several lines of plain text to type in, in a rounded box.
 class TextEditor final : public QWidget {
@@ -25,4 +25,4 @@ class TextEditor final : public QWidget {
   QPlainTextEdit edit_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

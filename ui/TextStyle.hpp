@@ -4,7 +4,7 @@
 
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// How a text is set: in the desktop's own font.
 struct TextStyle {
@@ -19,4 +19,4 @@ struct TextStyle {
 /// The desktop's font in that size (logical pixels) and weight.
 [[nodiscard]] QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -7,7 +7,7 @@
 #include "ui/Icon.hpp"
 #include "ui/TextStyle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kTypeSize = 13;
@@ -149,4 +149,4 @@ void Toggle::paintRadio(QPainter& painter, const QRectF& mark) const {
   painter.drawEllipse(mark.center(), kRadioDot / 2, kRadioDot / 2);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -5,7 +5,7 @@
 
 #include "ui/Animation.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 enum class ToggleLook {
   switched,  ///< The label, and a switch at the far end of the row.
@@ -49,4 +49,4 @@ class Toggle final : public QAbstractButton {
   Animation position_;  // Of a switch's knob: 0 is off, 1 on.
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

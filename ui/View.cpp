@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 QEvent::Type redrawEvent() {
@@ -92,4 +92,4 @@ void View::reportSize() {
   if (onWantedSize) onWantedSize(size);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

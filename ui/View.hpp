@@ -8,7 +8,7 @@
 #include "ui/Stack.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 
 /// A screen, or a large part of one: a tree of parts laid out once, of which some show what a
 /// function gives. At every redraw those functions are asked again.
@@ -68,4 +68,4 @@ class View : public QWidget {
   QSize reportedSize_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

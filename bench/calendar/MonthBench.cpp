@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
-#include "app/CalendarModel.hpp"
-#include "app/HolidaysProvider.hpp"
+#include "rules/calendar/CalendarModel.hpp"
+#include "rules/calendar/HolidaysProvider.hpp"
 
 namespace {
 

@@ -8,14 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "app/NotesStore.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
+#include "rules/calendar/NotesStore.hpp"
 #include "tests/fakes/TemporaryFolder.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr int kMany = 10'000;

@@ -18,6 +18,7 @@
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
 
 template <typename LookUp>
 void measure(const char* what, const std::vector<LocationCoordinate>& points, LookUp lookUp) {

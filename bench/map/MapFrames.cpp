@@ -14,17 +14,19 @@
 #include <string>
 #include <vector>
 
-#include "app/MapPickerView.hpp"
-#include "app/map/MapView.hpp"
 #include "bench/Usage.hpp"
-#include "desktop/OfflineAtlas.hpp"
-#include "desktop/Resources.hpp"
+#include "desktop/place/OfflineAtlas.hpp"
+#include "desktop/process/Resources.hpp"
+#include "screens/map/MapPickerView.hpp"
+#include "screens/map/MapView.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
+using namespace Hilalor::Screens;
 
 double milliseconds() {
   return processorMicroseconds() / 1e3;

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The first number from `low` on of which `isBefore` does not hold, where it holds up to some
 /// number and not after; `high` if it holds of all below.
@@ -17,4 +17,4 @@ template <typename Number, typename IsBefore>
   return low;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Reads bytes one after another. Past the end, or at a number that is too long, everything reads
 /// as 0 and `failed` says so.
@@ -54,4 +54,4 @@ class ByteReader {
   bool failed_ = false;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::size_t kVersionOffset = 4;
@@ -41,4 +41,4 @@ std::optional<DataFile> DataFile::over(std::span<const std::uint8_t> bytes, Kind
   return data;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

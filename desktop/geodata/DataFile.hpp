@@ -10,7 +10,7 @@
 #include "desktop/geodata/MappedFile.hpp"
 #include "desktop/geodata/Section.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The frame that the shipped data files share: four letters of magic, the version and the number
 /// of sections (16 bits each), the size of the whole file, and each section's offset and length (32
@@ -39,4 +39,4 @@ class DataFile {
   std::vector<Section> sections_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

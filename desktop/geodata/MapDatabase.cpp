@@ -6,7 +6,7 @@
 
 #include "desktop/geodata/ByteReader.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // The sections of map.bin, in their order.
@@ -103,4 +103,4 @@ void MapDatabase::visitShapes(MapTile tile, const WorldMap::ShapeVisitor& visit)
   }
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

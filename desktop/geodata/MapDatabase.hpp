@@ -9,7 +9,7 @@
 #include "desktop/geodata/DataFile.hpp"
 #include "platform/Atlas.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The shores and borders of the world, from map.bin (its format is described beside it). The file
 /// is mapped, not read. Any thread.
@@ -39,4 +39,4 @@ class MapDatabase {
   std::vector<int> tileDegrees_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

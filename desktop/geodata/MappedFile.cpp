@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 std::optional<MappedFile> MappedFile::open(const std::filesystem::path& path) {
   const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -36,4 +36,4 @@ MappedFile::~MappedFile() {
   munmap(const_cast<std::uint8_t*>(bytes_.data()), bytes_.size());
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A file mapped into memory for reading; its pages are fetched when they are looked at, and the
 /// system may drop them again.
@@ -26,4 +26,4 @@ class MappedFile {
   std::span<const std::uint8_t> bytes_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include "desktop/geodata/Bisection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::size_t kEntrySize = 4;
@@ -48,4 +48,4 @@ void NameFolding::append(std::string& result, char32_t character) const {
   if (second != '\0') result.push_back(second);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

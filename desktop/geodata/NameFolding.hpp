@@ -5,7 +5,7 @@
 
 #include "desktop/geodata/Section.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Makes names alike for searching: letter case, diacritics, apostrophes and the ways of writing an
 /// Arabic letter, as a table in the data says. The table is sorted by code point; each entry has
@@ -24,4 +24,4 @@ class NameFolding {
   Section table_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

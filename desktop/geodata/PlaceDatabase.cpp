@@ -7,7 +7,7 @@
 
 #include "desktop/geodata/PlaceFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // A town reaches as far as its people would live at this density, within limits, and every town a
@@ -174,4 +174,4 @@ std::optional<Place> PlaceDatabase::place(std::uint32_t number) const {
                record->labelRank()};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

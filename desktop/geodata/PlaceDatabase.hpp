@@ -12,7 +12,7 @@
 #include "desktop/geodata/PlaceTable.hpp"
 #include "platform/LocationService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A place as the data know it. Its texts live as long as the database.
 struct Place {
@@ -81,4 +81,4 @@ class PlaceDatabase {
   PlaceNames names_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 #include "desktop/geodata/DataFile.hpp"
 
 /// The sections of places.bin, in their order.
-namespace Hilalor::PlaceFile {
+namespace Hilalor::Desktop::PlaceFile {
 
 enum SectionNumber : std::size_t {
   kCountries,
@@ -26,4 +26,4 @@ enum SectionNumber : std::size_t {
 
 inline constexpr DataFile::Kind kKind{"HILP", 1, kSectionCount};
 
-}  // namespace Hilalor::PlaceFile
+}  // namespace Hilalor::Desktop::PlaceFile

@@ -5,7 +5,7 @@
 #include "desktop/geodata/Bisection.hpp"
 #include "desktop/geodata/PlaceFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // One name in so many has its offset written down; those after it are found by walking.
@@ -78,4 +78,4 @@ PlaceNames::Position PlaceNames::positionAt(std::uint32_t offset) const {
   return {number, begin == offset};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

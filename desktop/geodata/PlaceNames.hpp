@@ -7,7 +7,7 @@
 #include "desktop/geodata/DataFile.hpp"
 #include "desktop/geodata/NameFolding.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The names of the places of places.bin, by the places' numbers, and the index to search them.
 /// Lives no longer than the file.
@@ -45,4 +45,4 @@ class PlaceNames {
   NameFolding folding_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

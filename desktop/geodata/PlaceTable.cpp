@@ -7,7 +7,7 @@
 #include "desktop/geodata/Bisection.hpp"
 #include "desktop/geodata/PlaceFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr int kCellColumns = 360;
@@ -219,4 +219,4 @@ void PlaceTable::visitCell(std::uint32_t cell, const Reach& reach, const Visitor
   }
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

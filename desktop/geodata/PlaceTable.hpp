@@ -9,7 +9,7 @@
 #include "desktop/geodata/DataFile.hpp"
 #include "platform/LocationService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Where the places of places.bin lie, in which area, and how many people live there; the places
 /// are known by number. Lives no longer than the file.
@@ -99,4 +99,4 @@ class PlaceTable {
   Section landColumns_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

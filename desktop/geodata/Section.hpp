@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Bytes of a data file with little-endian numbers and texts in them. What would reach past the end
 /// reads as 0 or as an empty text.
@@ -50,4 +50,4 @@ class Section {
   std::span<const std::uint8_t> bytes_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 
 #include "desktop/geodata/Bisection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr DataFile::Kind kKind{"HILZ", 1, 5};
@@ -169,4 +169,4 @@ std::optional<std::string_view> ZoneDatabase::name(std::uint32_t zone) const {
   return names_[zone];
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

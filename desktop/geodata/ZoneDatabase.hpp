@@ -11,7 +11,7 @@
 #include "desktop/geodata/DataFile.hpp"
 #include "platform/LocationService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The time zones of the world's lands and territorial waters, from zones.bin (its format is
 /// described beside it). The file is mapped, not read. Any thread.
@@ -47,4 +47,4 @@ class ZoneDatabase {
   std::vector<std::string_view> names_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 #include <optional>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// A square has room for four letters, but half a name reads better with three.
@@ -65,4 +65,4 @@ TitleParts TitleParts::of(const QString& title) {
   return {Glyph::none, title.trimmed()};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What a square as small as an icon can say of the item's title. The whole title stays in the
 /// tooltip and the accessible name.
@@ -41,4 +41,4 @@ struct TitleParts {
   friend bool operator==(const TitleParts&, const TitleParts&) = default;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <QRect>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Where a window inside a tray stands on the screen, in device pixels. What it says of its own
 /// size means little: the eye has of it what the tray's windows around it leave.
@@ -24,4 +24,4 @@ struct DockedPlace {
   friend bool operator==(const DockedPlace&, const DockedPlace&) = default;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

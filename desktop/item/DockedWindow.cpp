@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "desktop/Xcb.hpp"
+#include "desktop/display/Xcb.hpp"
 #include "desktop/item/ItemPainter.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::uint32_t kXembedVersion = 0;
@@ -150,4 +150,4 @@ std::optional<QImage> DockedWindow::image(xcb_window_t window, const QRect& part
   return QImage(xcb_get_image_data(pixels.get()), width, height, QImage::Format_RGB32).copy();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

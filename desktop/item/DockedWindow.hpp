@@ -10,7 +10,7 @@
 
 #include "desktop/item/DockedPlace.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A window of this program inside the system tray, as the display has it. All lengths are in
 /// device pixels. A window that has gone answers nothing.
@@ -58,4 +58,4 @@ class DockedWindow {
   xcb_atom_t xembedInfo_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 #include <chrono>
 #include <ranges>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// A window that is being moved or resized tells of every step.
@@ -205,4 +205,4 @@ std::optional<Rect> FrontWindowWatch::rect(xcb_window_t window) const {
   return logicalRect(inside.adjusted(-border, -border, border, border));
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

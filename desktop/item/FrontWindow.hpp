@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/XConnection.hpp"
+#include "desktop/display/XConnection.hpp"
 #include "platform/Geometry.hpp"
 #include "platform/Signal.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The window in front on the main screen, as far as it matters to what lies on the screen's edge.
 struct FrontWindow {
@@ -68,4 +68,4 @@ class FrontWindowWatch {
   FrontWindow front_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Glyph = TitleParts::Glyph;
@@ -117,4 +117,4 @@ QString GlyphPictures::file(Glyph glyph) const {
   return {};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

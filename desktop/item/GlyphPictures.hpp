@@ -7,7 +7,7 @@
 
 #include "desktop/item/CompactTitle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The glyphs that lead a title, as pictures: of the machine's colour emoji font, else our own.
 class GlyphPictures {
@@ -34,4 +34,4 @@ class GlyphPictures {
   std::map<TitleParts::Glyph, QImage> pictures_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

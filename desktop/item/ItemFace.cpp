@@ -7,7 +7,7 @@
 
 #include "ui/PlainToolTip.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 Rect platformRect(const QRect& rect) {
@@ -70,7 +70,7 @@ int ItemFace::naturalWidth(int barHeight) const {
 void ItemFace::titleChanged() {
   setWindowTitle(content_.title);
   setAccessibleName(content_.title);
-  setPlainToolTip(*this, content_.title);
+  Ui::setPlainToolTip(*this, content_.title);
   update();
 }
 
@@ -112,4 +112,4 @@ void ItemFace::mouseReleaseEvent(QMouseEvent* event) {
   if (isRight && alive) menu_.open(content_.menu, isDrawnElsewhere_ ? std::nullopt : item);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

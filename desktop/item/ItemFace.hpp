@@ -9,7 +9,7 @@
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/ItemPresence.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item as a window of our own: the whole title or a square. Tells of clicks on their release
 /// and opens the menu.
@@ -66,4 +66,4 @@ class ItemFace : public QWidget {
   ItemMenu menu_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -1,6 +1,6 @@
 #include "desktop/item/ItemKind.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 ItemKind bestKind(const BarHosts& hosts) {
   using Notifier = BarHosts::Notifier;
@@ -14,4 +14,4 @@ ItemKind bestKind(const BarHosts& hosts) {
   return hosts.stripIsDue ? ItemKind::strip : ItemKind::none;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

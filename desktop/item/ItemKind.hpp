@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The ways of being in the bar.
 enum class ItemKind { none, shell, trayWindow, notifier, strip };
@@ -22,4 +22,4 @@ struct BarHosts {
 /// The best way for the hosts there are.
 [[nodiscard]] ItemKind bestKind(const BarHosts& hosts);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <QScreen>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 QPoint anchor(const QRect& item, const QSize& menu) {
@@ -41,4 +41,4 @@ QString ItemMenu::marked(const MenuItem& item, QChar sign) {
   return place < 0 ? title : title.insert(place, sign);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

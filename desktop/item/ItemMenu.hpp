@@ -9,7 +9,7 @@
 
 class QMenu;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item's context menu where we open it ourselves.
 class ItemMenu {
@@ -29,4 +29,4 @@ class ItemMenu {
   std::unique_ptr<QMenu> menu_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 
 #include "desktop/item/ItemColours.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Glyph = TitleParts::Glyph;
@@ -142,4 +142,4 @@ QImage ItemPainter::widePicture(const QString& title, int scale) const {
   return image;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -11,7 +11,7 @@
 
 class QPainter;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// As the eye has it (luma of ITU-R BT.601), from 0, black, to 255, white.
 [[nodiscard]] double lightness(const QColor& colour);
@@ -59,4 +59,4 @@ class ItemPainter {
   SquarePainter squares_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

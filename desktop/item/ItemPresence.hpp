@@ -6,7 +6,7 @@
 
 #include "platform/StatusItem.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What the item says and does, whatever shows it at the moment.
 struct ItemContent {
@@ -36,4 +36,4 @@ class ItemPresence {
   virtual void lookAround() {}
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

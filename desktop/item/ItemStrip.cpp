@@ -10,10 +10,10 @@
 #include <cmath>
 #include <utility>
 
-#include "desktop/LinuxScreens.hpp"
-#include "desktop/XConnection.hpp"
+#include "desktop/display/LinuxScreens.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr int kHeight = 24;
@@ -155,4 +155,4 @@ void ItemStrip::put() {
   face_.setVisible(!windows_ || windows_->front().extent != FrontWindow::Extent::fullScreen);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

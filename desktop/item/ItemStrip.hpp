@@ -9,7 +9,7 @@
 #include "desktop/item/ItemPresence.hpp"
 #include "platform/DefaultsStore.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item as a strip of our own at the top of the main screen, for desktops whose bar shows no
 /// items or that have none. It stands below such a bar, at the right or where the user has dragged
@@ -48,4 +48,4 @@ class ItemStrip : public QObject, public ItemPresence {
   std::optional<double> draggedShare_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

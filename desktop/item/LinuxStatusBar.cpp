@@ -3,7 +3,7 @@
 #include "desktop/item/LinuxStatusItem.hpp"
 #include "desktop/item/SystemTray.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 LinuxStatusBar::LinuxStatusBar(RunLoop& loop, SessionBus& bus, DefaultsStore& defaults,
                                const std::filesystem::path& pictures)
@@ -22,4 +22,4 @@ std::unique_ptr<StatusItem> LinuxStatusBar::makeItem() {
                                            pictures_, defaults_);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,16 +3,16 @@
 #include <filesystem>
 #include <memory>
 
-#include "desktop/SessionBus.hpp"
 #include "desktop/item/GlyphPictures.hpp"
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/NotifierHost.hpp"
 #include "desktop/item/ShellExtension.hpp"
+#include "desktop/session/SessionBus.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 class SystemTray;
 
@@ -40,4 +40,4 @@ class LinuxStatusBar : public StatusBar {
   NotifierHost notifier_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,13 +6,13 @@
 #include <chrono>
 #include <utility>
 
-#include "desktop/DisplayKind.hpp"
+#include "desktop/display/DisplayKind.hpp"
 #include "desktop/item/ItemStrip.hpp"
 #include "desktop/item/NotifierItem.hpp"
 #include "desktop/item/ShellItem.hpp"
 #include "desktop/item/TrayWindow.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// On a desktop, a bar that is starting, or starting again, has this long before the strip shows.
@@ -188,4 +188,4 @@ void LinuxStatusItem::show(ItemKind kind) {
   }
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -14,7 +14,7 @@
 #include "platform/RunLoop.hpp"
 #include "platform/StatusItem.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item, shown in the best way for the hosts there are, and anew whenever they come or go.
 class LinuxStatusItem : public StatusItem, public StatusButton {
@@ -65,4 +65,4 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   Subscription notifierChanged_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

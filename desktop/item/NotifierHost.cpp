@@ -10,7 +10,7 @@
 #include <functional>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -133,4 +133,4 @@ void NotifierHost::setState(State state) {
   if (std::exchange(state_, state) != state) changed.emit();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

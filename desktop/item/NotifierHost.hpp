@@ -6,10 +6,10 @@
 #include <functional>
 #include <memory>
 
-#include "desktop/SessionBus.hpp"
 #include "desktop/item/NotifierTraits.hpp"
+#include "desktop/session/SessionBus.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The bar that shows items on D-Bus (StatusNotifierItem), one at a time, as it comes and goes.
 class NotifierHost : public QObject {
@@ -56,4 +56,4 @@ class NotifierHost : public QObject {
   NotifierTraits traits_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,9 +7,9 @@
 #include <QTimer>
 #include <chrono>
 
-#include "desktop/DisplayKind.hpp"
+#include "desktop/display/DisplayKind.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kItemPath = QStringLiteral("/StatusNotifierItem");
@@ -140,4 +140,4 @@ bool NotifierItem::isGlyphLeftToThePicture() const {
          GlyphPictures::standInFor(TitleParts::of(content_.title).glyph);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -12,7 +12,7 @@
 #include "desktop/item/NotifierMenu.hpp"
 #include "desktop/item/NotifierTypes.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item on D-Bus (StatusNotifierItem), drawn by the bar: as text where the bar draws labels,
 /// else as a picture. Bars do not tell its place. It is there under the unique name of a connection
@@ -29,14 +29,14 @@ class NotifierItem : public QObject, public ItemPresence {
   Q_PROPERTY(QString IconName READ iconName)
   Q_PROPERTY(QString IconThemePath READ nothing)
   Q_PROPERTY(QString IconAccessibleDesc READ title)
-  Q_PROPERTY(QList<Hilalor::NotifierPixmap> IconPixmap READ iconPixmap)
+  Q_PROPERTY(QList<Hilalor::Desktop::NotifierPixmap> IconPixmap READ iconPixmap)
   Q_PROPERTY(QString OverlayIconName READ nothing)
-  Q_PROPERTY(QList<Hilalor::NotifierPixmap> OverlayIconPixmap READ noPixmap)
+  Q_PROPERTY(QList<Hilalor::Desktop::NotifierPixmap> OverlayIconPixmap READ noPixmap)
   Q_PROPERTY(QString AttentionIconName READ nothing)
   Q_PROPERTY(QString AttentionAccessibleDesc READ title)
   Q_PROPERTY(QString AttentionMovieName READ nothing)
-  Q_PROPERTY(QList<Hilalor::NotifierPixmap> AttentionIconPixmap READ noPixmap)
-  Q_PROPERTY(Hilalor::NotifierToolTip ToolTip READ toolTip)
+  Q_PROPERTY(QList<Hilalor::Desktop::NotifierPixmap> AttentionIconPixmap READ noPixmap)
+  Q_PROPERTY(Hilalor::Desktop::NotifierToolTip ToolTip READ toolTip)
   Q_PROPERTY(bool ItemIsMenu READ itemIsMenu)
   Q_PROPERTY(QDBusObjectPath Menu READ menuPath)
   Q_PROPERTY(QString XAyatanaLabel READ label)
@@ -97,4 +97,4 @@ class NotifierItem : public QObject, public ItemPresence {
   ItemMenu ownMenu_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 
 #include "desktop/item/ItemMenu.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// The menu itself; its lines follow from 1.
@@ -87,4 +87,4 @@ QVariantMap NotifierMenu::properties(int id) const {
           {QStringLiteral("visible"), true}};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 #include "desktop/item/NotifierTypes.hpp"
 #include "platform/StatusItem.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A menu that the bar shows for us (com.canonical.dbusmenu, version 3). To be exported
 /// with its properties, slots and signals.
@@ -30,18 +30,19 @@ class NotifierMenu : public QObject {
  public Q_SLOTS:
   // Names are those of the interface. What it returns besides the first value goes by reference;
   // types carry their namespace, by which Qt's D-Bus finds them.
-  uint GetLayout(int parent, int depth, const QStringList& names, Hilalor::MenuNode& layout) const;
-  QList<Hilalor::MenuNodeProperties> GetGroupProperties(const QList<int>& ids,
-                                                        const QStringList& names) const;
+  uint GetLayout(int parent, int depth, const QStringList& names,
+                 Hilalor::Desktop::MenuNode& layout) const;
+  QList<Hilalor::Desktop::MenuNodeProperties> GetGroupProperties(const QList<int>& ids,
+                                                                 const QStringList& names) const;
   QDBusVariant GetProperty(int id, const QString& name) const;
   void Event(int id, const QString& kind, const QDBusVariant& data, uint timestamp);
-  QList<int> EventGroup(const QList<Hilalor::MenuEvent>& events);
+  QList<int> EventGroup(const QList<Hilalor::Desktop::MenuEvent>& events);
   bool AboutToShow(int id);
   QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& unknownIds);
 
  Q_SIGNALS:
-  void ItemsPropertiesUpdated(const QList<Hilalor::MenuNodeProperties>& updated,
-                              const QList<Hilalor::MenuNodeProperties>& removed);
+  void ItemsPropertiesUpdated(const QList<Hilalor::Desktop::MenuNodeProperties>& updated,
+                              const QList<Hilalor::Desktop::MenuNodeProperties>& removed);
   void LayoutUpdated(uint revision, int parent);
 
  private:
@@ -55,4 +56,4 @@ class NotifierMenu : public QObject {
   bool isAnnounced_ = false;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

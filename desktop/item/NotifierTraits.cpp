@@ -1,6 +1,6 @@
 #include "desktop/item/NotifierTraits.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 NotifierTraits NotifierTraits::of(const QString& processName) {
   static constexpr struct {
@@ -26,4 +26,4 @@ NotifierTraits NotifierTraits::of(const QString& processName) {
   return {};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

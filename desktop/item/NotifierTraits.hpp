@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What a bar makes of an item on D-Bus.
 enum class NotifierDrawing {
@@ -23,4 +23,4 @@ struct NotifierTraits {
   friend bool operator==(const NotifierTraits&, const NotifierTraits&) = default;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include <QDBusMetaType>
 #include <QtEndian>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 template <typename... Fields>
@@ -87,4 +87,4 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event)
   return read(argument, event.id, event.kind, event.data, event.timestamp);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

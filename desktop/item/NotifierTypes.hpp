@@ -8,7 +8,7 @@
 #include <QString>
 #include <QVariantMap>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A picture as StatusNotifierItem carries it, "(iiay)": 32-bit ARGB in network byte order.
 struct NotifierPixmap {
@@ -62,10 +62,10 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuNodePropertie
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop
 
-Q_DECLARE_METATYPE(Hilalor::NotifierPixmap)
-Q_DECLARE_METATYPE(Hilalor::NotifierToolTip)
-Q_DECLARE_METATYPE(Hilalor::MenuNode)
-Q_DECLARE_METATYPE(Hilalor::MenuNodeProperties)
-Q_DECLARE_METATYPE(Hilalor::MenuEvent)
+Q_DECLARE_METATYPE(Hilalor::Desktop::NotifierPixmap)
+Q_DECLARE_METATYPE(Hilalor::Desktop::NotifierToolTip)
+Q_DECLARE_METATYPE(Hilalor::Desktop::MenuNode)
+Q_DECLARE_METATYPE(Hilalor::Desktop::MenuNodeProperties)
+Q_DECLARE_METATYPE(Hilalor::Desktop::MenuEvent)

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Hilalor::PixelLetterSheets {
+namespace Hilalor::Desktop::PixelLetterSheets {
 
 // Each strip of a sheet begins with the letters it holds, which follow side by side: `#` is ink.
 // They are those of the prayers' short names, of "now" and of the time left.
@@ -84,4 +84,4 @@ inline constexpr const char* kRaised = R"(0123456789
 ### ### ### ### ..# ### ### .#. ### ###
 )";
 
-}  // namespace Hilalor::PixelLetterSheets
+}  // namespace Hilalor::Desktop::PixelLetterSheets

@@ -6,7 +6,7 @@
 
 #include "desktop/item/PixelLetterSheets.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr int kGap = 1;
@@ -69,4 +69,4 @@ void PixelLetters::draw(QPainter& painter, QPoint corner, const QString& text) c
   }
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Letters drawn by hand, pixel by pixel, for squares so small that those of a font become a blur.
 class PixelLetters {
@@ -42,4 +42,4 @@ class PixelLetters {
   std::map<QChar, Letter> letters_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

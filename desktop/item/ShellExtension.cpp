@@ -5,7 +5,7 @@
 #include <QDBusPendingReply>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kName = QStringLiteral("org.hilalor.Hilalor.Host");
@@ -46,4 +46,4 @@ void ShellExtension::setThere(bool isThere) {
   if (std::exchange(isThere_, isThere) != isThere) changed.emit();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

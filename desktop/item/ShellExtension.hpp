@@ -4,9 +4,9 @@
 #include <QObject>
 #include <memory>
 
-#include "desktop/SessionBus.hpp"
+#include "desktop/session/SessionBus.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Our own extension of GNOME Shell (packaging/gnome-shell), as it comes and goes. While it is
 /// there it shows the item, and nothing else needs to.
@@ -33,4 +33,4 @@ class ShellExtension : public QObject {
   bool isThere_ = false;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

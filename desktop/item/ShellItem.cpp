@@ -3,9 +3,9 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 
-#include "desktop/XConnection.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kName = QStringLiteral("org.hilalor.Hilalor.Item");
@@ -85,4 +85,4 @@ void ShellItem::tell(StatusItemClick::Button button) const {
   content_.tell(click);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

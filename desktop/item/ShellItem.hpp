@@ -8,7 +8,7 @@
 #include "desktop/item/NotifierMenu.hpp"
 #include "desktop/item/ShellExtension.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item as our extension of GNOME Shell shows it: a button in the top bar with our text, which
 /// tells its place with every click. It has a name and an interface of its own on the bus, so that
@@ -51,4 +51,4 @@ class ShellItem : public QObject, public ItemPresence {
   std::optional<Rect> place_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

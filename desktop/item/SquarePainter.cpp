@@ -10,7 +10,7 @@
 #include "desktop/item/ItemColours.hpp"
 #include "desktop/item/PixelLetters.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Glyph = TitleParts::Glyph;
@@ -153,4 +153,4 @@ QImage SquarePainter::picture(const CompactTitle& title, int side) const {
   return image;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Draws what a square can say of the title, readable on any bar.
 class SquarePainter {
@@ -22,4 +22,4 @@ class SquarePainter {
   GlyphPictures& pictures_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

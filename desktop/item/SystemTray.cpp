@@ -5,9 +5,9 @@
 #include <cstring>
 #include <string>
 
-#include "desktop/Xcb.hpp"
+#include "desktop/display/Xcb.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::uint32_t kRequestDock = 0;
@@ -198,4 +198,4 @@ std::vector<std::uint32_t> SystemTray::managerProperty(xcb_atom_t name) const {
   return values;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

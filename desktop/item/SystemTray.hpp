@@ -13,7 +13,7 @@
 #include "desktop/item/DockedWindow.hpp"
 #include "platform/Signal.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The tray of an X11 desktop that takes programs' windows in (freedesktop.org System Tray
 /// Protocol 0.3 and XEmbed 0.5), one at a time.
@@ -73,4 +73,4 @@ class SystemTray : public QAbstractNativeEventFilter {
   QObject laterPass_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,9 +8,9 @@
 #include <cmath>
 #include <utility>
 
-#include "desktop/XConnection.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// The height of icons in common trays, in device pixels; the tray makes of it what its bar has.
@@ -204,4 +204,4 @@ void TrayWindow::refuse() {
   if (const auto refused = std::exchange(refused_, nullptr)) refused();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -10,7 +10,7 @@
 #include "desktop/item/SystemTray.hpp"
 #include "platform/RunLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The item as a window inside the system tray: the whole title where the tray shows the width for
 /// it, else a square.
@@ -65,4 +65,4 @@ class TrayWindow : public QObject, public ItemPresence {
   std::unique_ptr<Timer> secondLook_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 #include <QVariantMap>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kProgramName = QStringLiteral("Hilalor");
@@ -109,4 +109,4 @@ void LinuxNotificationCenter::add(const NotificationRequest& request) {
   bus->send(call);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

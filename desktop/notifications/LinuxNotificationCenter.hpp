@@ -12,7 +12,7 @@
 #include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Banners by the desktop's notification service, org.freedesktop.Notifications. Banners are
 /// allowed while a service answers: the desktop's own switches decide what it does with them. The
@@ -56,4 +56,4 @@ class LinuxNotificationCenter final : public NotificationCenter {
   QObject calls_;  // those on their way end with it
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
@@ -55,10 +55,10 @@ void ColorSchemeSetting::apply(const QVariant& value) {
                              : value;
   switch (plain.toUInt()) {
     case kPrefersDark:
-      QApplication::setPalette(windowPalette(ColorScheme::dark));
+      QApplication::setPalette(Ui::windowPalette(Ui::ColorScheme::dark));
       break;
     case kPrefersLight:
-      QApplication::setPalette(windowPalette(ColorScheme::light));
+      QApplication::setPalette(Ui::windowPalette(Ui::ColorScheme::light));
       break;
     default:
       QApplication::setPalette(QPalette());
@@ -66,4 +66,4 @@ void ColorSchemeSetting::apply(const QVariant& value) {
   }
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

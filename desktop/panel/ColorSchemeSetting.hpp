@@ -3,10 +3,10 @@
 #include <QDBusVariant>
 #include <QObject>
 
-#include "desktop/SessionBus.hpp"
+#include "desktop/session/SessionBus.hpp"
 #include "platform/Signal.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Puts the application into light or dark as the desktop says (the setting "color-scheme" of the
 /// portal's namespace "org.freedesktop.appearance"), now and whenever it changes. Without a portal
@@ -29,4 +29,4 @@ class ColorSchemeSetting final : public QObject {
   Subscription ofBus_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 #include <array>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr xcb_keysym_t kEscapeSymbol = 0xff1b;
@@ -61,4 +61,4 @@ void EscapeKey::grabUnlessOurs() {
   xcb_flush(server_->get());
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

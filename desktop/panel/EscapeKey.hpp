@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 
-#include "desktop/XConnection.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Lets the Escape key reach a panel that has not taken the keyboard: while this object lives and
 /// no window of ours has the keyboard, a press of it comes here and to nobody else. Only on X11.
@@ -23,4 +23,4 @@ class EscapeKey final : public QObject {
   std::optional<xcb_keycode_t> key_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// From one of our windows to the next the keyboard may be nobody's for a moment.
@@ -31,4 +31,4 @@ void FocusLoss::focusChanged() {
   wasHere_ = wasHere_ || isHere;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

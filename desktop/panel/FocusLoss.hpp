@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <functional>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Tells when the keyboard has gone from all windows of the program to another one's, after it was
 /// here. Menus, popovers and other windows of ours do not count as another's.
@@ -20,4 +20,4 @@ class FocusLoss final : public QObject {
   bool wasHere_ = false;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -4,10 +4,10 @@
 #include <QEvent>
 #include <QWidget>
 
-#include "desktop/DisplayKind.hpp"
-#include "desktop/XConnection.hpp"
+#include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 std::optional<xcb_window_t> focusedWindow() {
@@ -55,4 +55,4 @@ bool KeyboardFocus::isTakers(xcb_window_t window) const {
   return focused != nullptr && (focused == &taker_ || focused->parentWidget() == &taker_);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

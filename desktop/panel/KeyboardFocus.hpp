@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Who had the keyboard before a window that may take it, remembered to give it back. Only on X11,
 /// where some window managers leave the keyboard to nobody when a window they do not manage goes.
@@ -31,4 +31,4 @@ class KeyboardFocus final : public QObject {
   std::optional<xcb_window_t> owner_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/DisplayKind.hpp"
-#include "desktop/XConnection.hpp"
+#include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::uint32_t kLeftButton = 1;
@@ -111,4 +111,4 @@ std::unique_ptr<EventMonitor> LinuxMouseMonitor::addGlobalMonitor(Handlers handl
   return std::make_unique<RawButtons>(std::move(server), std::move(handlers));
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

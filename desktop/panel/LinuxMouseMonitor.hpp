@@ -2,7 +2,7 @@
 
 #include "platform/MouseMonitor.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Presses anywhere on an X11 screen, also while another program has grabbed the mouse (raw events
 /// of XInput 2). No monitor elsewhere,
@@ -12,4 +12,4 @@ class LinuxMouseMonitor final : public MouseMonitor {
   [[nodiscard]] std::unique_ptr<EventMonitor> addGlobalMonitor(Handlers handlers) override;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,13 +5,13 @@
 #include <QScreen>
 #include <cmath>
 
-#include "desktop/DisplayKind.hpp"
+#include "desktop/display/DisplayKind.hpp"
 #include "desktop/panel/PanelRoom.hpp"
 #include "desktop/panel/PanelWindow.hpp"
 #include "ui/Colors.hpp"
 #include "ui/View.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 void setWindowAppearance(QWidget& window, Appearance appearance) {
   switch (appearance) {
@@ -19,22 +19,22 @@ void setWindowAppearance(QWidget& window, Appearance appearance) {
       window.setPalette(QPalette());
       break;
     case Appearance::light:
-      window.setPalette(windowPalette(ColorScheme::light));
+      window.setPalette(Ui::windowPalette(Ui::ColorScheme::light));
       break;
     case Appearance::dark:
-      window.setPalette(windowPalette(ColorScheme::dark));
+      window.setPalette(Ui::windowPalette(Ui::ColorScheme::dark));
       break;
   }
 }
 
-LinuxPanel::LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissal)> onDismiss)
+LinuxPanel::LinuxPanel(std::unique_ptr<Ui::View> screen, std::function<void(Dismissal)> onDismiss)
     : screen_(screen.get()),
       onDismiss_(std::move(onDismiss)),
       window_(new PanelWindow(screen.release(), onDismiss_)),
       keyboard_(*window_) {
   // Where it is to be, and how high it may be, changes with what is free of the screen.
   for (const QScreen* one : QGuiApplication::screens())
-    QObject::connect(one, &QScreen::availableGeometryChanged, screen_, &View::reportSizeAgain);
+    QObject::connect(one, &QScreen::availableGeometryChanged, screen_, &Ui::View::reportSizeAgain);
 }
 
 LinuxPanel::~LinuxPanel() {
@@ -109,4 +109,4 @@ void LinuxPanel::watchItsKeyboard() {
   });
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

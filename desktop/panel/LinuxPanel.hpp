@@ -11,17 +11,20 @@
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Ui {
+class View;
+}
+
+namespace Hilalor::Desktop {
 
 class PanelRoom;
 class PanelWindow;
-class View;
 
 /// A panel of our own window.
 class LinuxPanel final : public Panel {
  public:
   /// Takes the screen over. `onDismiss` may destroy the panel.
-  LinuxPanel(std::unique_ptr<View> screen, std::function<void(Dismissal)> onDismiss);
+  LinuxPanel(std::unique_ptr<Ui::View> screen, std::function<void(Dismissal)> onDismiss);
   ~LinuxPanel() override;
 
   // Panel
@@ -38,7 +41,7 @@ class LinuxPanel final : public Panel {
   void watchItsKeyboard();
   void makeRoomForAnnouncements();
 
-  View* screen_;
+  Ui::View* screen_;
   std::function<void(Dismissal)> onDismiss_;
   // Qt's own, deleted by it when it is done with the event that ends the panel.
   PanelWindow* window_;
@@ -51,4 +54,4 @@ class LinuxPanel final : public Panel {
 /// Puts the window and all in it into light or dark, or leaves it to the application.
 void setWindowAppearance(QWidget& window, Appearance appearance);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

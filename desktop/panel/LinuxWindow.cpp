@@ -9,7 +9,7 @@
 
 #include "desktop/panel/LinuxPanel.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // As window managers make them, of the higher ones.
@@ -78,4 +78,4 @@ void LinuxWindow::makeKeyAndOrderFront() {
   frame_->activateWindow();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What a window is made with.
 struct WindowProperties {
@@ -36,4 +36,4 @@ class LinuxWindow final : public Window {
   Frame* frame_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

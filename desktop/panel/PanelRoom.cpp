@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // A window manager's frame and the panel's shadow lie between them.
@@ -155,4 +155,4 @@ void PanelRoom::note(xcb_window_t announcement) {
       this, [told = onAnnouncement_] { told(); }, Qt::QueuedConnection);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/XConnection.hpp"
+#include "desktop/display/XConnection.hpp"
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The rectangle moved sideways, on the shorter way, until it is clear of the other; no result
 /// where there is no room for it.
@@ -53,4 +53,4 @@ class PanelRoom final : public QObject {
   std::map<xcb_window_t, QRect> announcements_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -13,13 +13,13 @@
 #include <cmath>
 #include <string>
 
-#include "desktop/DisplayKind.hpp"
-#include "desktop/Sway.hpp"
-#include "desktop/XConnection.hpp"
+#include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/Sway.hpp"
+#include "desktop/display/XConnection.hpp"
 #include "desktop/panel/SwayPlace.hpp"
 #include "ui/Colors.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr double kCornerRadius = 12;
@@ -163,7 +163,7 @@ bool PanelWindow::event(QEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
-  const Colors& colors = Colors::of(*this);
+  const Ui::Colors& colors = Ui::Colors::of(*this);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (shadow_ > 0) paintShadow(painter, rect());
@@ -203,4 +203,4 @@ void PanelWindow::dismiss(Dismissal how) const {
   if (told) told(how);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

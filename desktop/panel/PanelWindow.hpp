@@ -5,7 +5,7 @@
 
 #include "platform/Surfaces.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A window without a frame that floats above others with rounded corners, and a content that fills
 /// it. On X11 it does not take the keyboard when it is shown or clicked; under a Wayland compositor
@@ -45,4 +45,4 @@ class PanelWindow final : public QWidget {
   int shadow_;  // Its width around the body, 0 without a compositor.
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

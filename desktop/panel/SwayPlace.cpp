@@ -3,9 +3,9 @@
 #include <QEvent>
 #include <QWidget>
 
-#include "desktop/Sway.hpp"
+#include "desktop/display/Sway.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 SwayPlace::SwayPlace(QWidget& window) : QObject(&window), window_(window), corner_(window.pos()) {
   window.installEventFilter(this);
@@ -19,4 +19,4 @@ bool SwayPlace::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Keeps a window where the program puts it: sway moves what floats into its middle when it is
 /// shown and whenever its size changes. Belongs to the window.
@@ -22,4 +22,4 @@ class SwayPlace final : public QObject {
   QPoint corner_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 FilePlayer::FilePlayer(std::weak_ptr<SoundStage> stage, std::shared_ptr<SoundStream> recording)
     : stage_(std::move(stage)), recording_(std::move(recording)) {}
@@ -29,4 +29,4 @@ void FilePlayer::finish(bool successfully) {
   if (delegate_ != nullptr) delegate_->audioPlayerDidFinishPlaying(*this, successfully);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

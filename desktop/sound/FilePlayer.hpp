@@ -7,7 +7,7 @@
 #include "desktop/sound/SoundStream.hpp"
 #include "platform/SoundService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Plays a recording once.
 class FilePlayer final : public AudioPlayer {
@@ -32,4 +32,4 @@ class FilePlayer final : public AudioPlayer {
   std::shared_ptr<FilePlayer> self_{this, [](FilePlayer*) {}};
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

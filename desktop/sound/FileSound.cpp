@@ -4,7 +4,7 @@
 
 #include "desktop/sound/SoundStream.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 FileSound::FileSound(std::weak_ptr<SoundStage> stage, std::filesystem::path file, Seconds duration)
     : stage_(std::move(stage)), file_(std::move(file)), duration_(duration) {}
@@ -24,4 +24,4 @@ void FileSound::stop() {
   playing_.request_stop();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 #include "desktop/sound/SoundStage.hpp"
 #include "platform/SoundService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A beep in a file, which is open only while it sounds.
 class FileSound final : public SystemSound {
@@ -30,4 +30,4 @@ class FileSound final : public SystemSound {
   std::stop_source playing_{std::nostopstate};
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

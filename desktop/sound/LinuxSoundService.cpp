@@ -10,7 +10,7 @@
 #include "desktop/sound/SoundModule.hpp"
 #include "desktop/sound/SoundStream.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::string_view kBeepExtension = "aiff";
@@ -98,4 +98,4 @@ void LinuxSoundService::beep() {
   if (alert_) alert_->play();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -10,7 +10,7 @@
 #include "platform/RunLoop.hpp"
 #include "platform/SoundService.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Sounds from files: MP3 recordings, AIFF beeps. No file, device or thread is held while nothing
 /// plays.
@@ -37,4 +37,4 @@ class LinuxSoundService final : public SoundService {
   std::unique_ptr<SystemSound> alert_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -4,7 +4,7 @@
 #include <mutex>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What the threads know of their owner.
 struct PlaybackThreads::Shared {
@@ -59,4 +59,4 @@ std::stop_source PlaybackThreads::start(Work work, RunLoop::Task atEnd) {
   return place->get_stop_source();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

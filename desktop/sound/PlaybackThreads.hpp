@@ -10,7 +10,7 @@
 
 #include "platform/RunLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// One thread for each sound that plays, gone soon after the sound has ended. Main thread.
 class PlaybackThreads {
@@ -43,4 +43,4 @@ class PlaybackThreads {
   std::shared_ptr<Shared> shared_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <span>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// How a sound's samples lie: frames per second, and samples per frame (1 or 2, left first).
 struct SoundFormat {
@@ -24,4 +24,4 @@ class SampleSource {
   [[nodiscard]] virtual std::size_t read(std::span<float> samples) = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

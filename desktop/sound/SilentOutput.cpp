@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr int kSecondsAtOnce = 2;
@@ -34,4 +34,4 @@ SoundOutput::Outcome SilentOutput::play(SampleSource& source, std::stop_token st
   return stop.stop_requested() ? Outcome::finished : Outcome::lost;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

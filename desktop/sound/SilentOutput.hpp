@@ -5,7 +5,7 @@
 #include "datetime/Date.hpp"
 #include "desktop/sound/SoundOutput.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Where there is nothing to hear a sound on: time passes as if it sounded. Gives up after two
 /// seconds, so that the other outputs are tried again.
@@ -23,4 +23,4 @@ class SilentOutput final : public SoundOutput {
   Wait wait_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

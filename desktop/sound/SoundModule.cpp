@@ -5,9 +5,9 @@
 #include <iostream>
 #include <mutex>
 
-#include "desktop/BesideProgram.hpp"
+#include "desktop/process/BesideProgram.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const SoundModule* load() {
@@ -33,4 +33,4 @@ const SoundModule* SoundModule::loaded() {
   return module;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 #include "desktop/sound/SoundOutput.hpp"
 #include "desktop/sound/SoundReader.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// All that needs the libraries of sound: decoders, the sound server, the sound card. They are some
 /// twenty shared objects, 1.6 MB that a program which sounds five times a day would hold all day;
@@ -42,4 +42,4 @@ class SoundModule {
 /// module is never destroyed.
 using SoundModuleFactory = const SoundModule*();
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

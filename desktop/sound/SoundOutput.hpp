@@ -4,7 +4,7 @@
 
 #include "desktop/sound/SampleSource.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Something that sound can be sent to.
 class SoundOutput {
@@ -22,4 +22,4 @@ class SoundOutput {
   virtual Outcome play(SampleSource& source, std::stop_token stop) const = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include "datetime/Date.hpp"
 #include "desktop/sound/SampleSource.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Decodes one kind of sound file.
 class SoundReader : public SampleSource {
@@ -18,4 +18,4 @@ class SoundReader : public SampleSource {
   [[nodiscard]] virtual bool isBroken() const = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 void playThrough(const SoundStage::Outputs& outputs, SoundStream& stream,
@@ -33,4 +33,4 @@ std::stop_source SoundStage::play(std::shared_ptr<SoundStream> stream, RunLoop::
                         std::move(atEnd));
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 #include "desktop/sound/SoundStream.hpp"
 #include "platform/RunLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Where sounds play: each through the first output that takes it and, when that one is lost,
 /// through the next, from where it stands. Main thread.
@@ -30,4 +30,4 @@ class SoundStage {
   std::shared_ptr<const Outputs> outputs_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 
 #include "desktop/sound/SoundModule.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // What sound servers take.
@@ -90,4 +90,4 @@ std::size_t SoundStream::readPrepared(std::span<float> samples) {
   return count / channels;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

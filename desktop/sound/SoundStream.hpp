@@ -8,7 +8,7 @@
 
 #include "desktop/sound/SoundReader.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 enum class Repeat { no, forever };
 
@@ -43,4 +43,4 @@ class SoundStream final : public SampleSource {
   std::size_t preparedRead_ = 0;  // of its samples
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

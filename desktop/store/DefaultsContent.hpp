@@ -9,7 +9,7 @@
 
 #include "platform/DefaultsStore.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A place in the store: a key, or one entry of the dictionary under it.
 struct DefaultsPlace {
@@ -33,4 +33,4 @@ using DefaultsContent = std::map<DefaultsPlace, StoredValue>;
 /// Places whose value in memory, or whose absence, is not on the disk yet.
 using UnwrittenPlaces = std::set<DefaultsPlace>;
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -12,7 +12,7 @@
 #include "desktop/store/PrivatePlace.hpp"
 #include "desktop/store/SetAside.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // Plain tables with an index beside them: a damaged page then costs no more than its own rows.
@@ -208,4 +208,4 @@ int DefaultsFile::writePlace(const DefaultsPlace& place, const StoredValue* valu
   return statement.run();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 #include "desktop/store/FileStamp.hpp"
 #include "desktop/store/SqliteConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The file of a defaults store, open for writing. Two tables: `defaults` holds a row a key with
 /// its type in words, `entries` a row an entry of a dictionary.
@@ -102,4 +102,4 @@ class DefaultsFile {
   SqliteStatement removeEntry_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

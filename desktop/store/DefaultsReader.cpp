@@ -7,7 +7,7 @@
 #include <utility>
 #include <variant>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 enum class Order { ascending, descending };
@@ -134,4 +134,4 @@ DefaultsContent readableContent(const SqliteConnection& connection) {
   return content;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

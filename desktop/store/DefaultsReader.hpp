@@ -5,7 +5,7 @@
 #include "desktop/store/DefaultsContent.hpp"
 #include "desktop/store/SqliteConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The types of values as the table `defaults` names them.
 namespace DefaultsType {
@@ -26,4 +26,4 @@ inline constexpr std::string_view kDictionary = "dictionary";  ///< The value: r
 /// All that can be read of a file, sound or not.
 [[nodiscard]] DefaultsContent readableContent(const SqliteConnection& connection);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

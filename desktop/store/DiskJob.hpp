@@ -7,7 +7,7 @@
 
 #include "desktop/store/DefaultsFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Work on a store's file that some thread does, once. Any thread.
 class DiskJob {
@@ -34,4 +34,4 @@ class DiskJob {
   DefaultsFile::Outcome outcome_ = DefaultsFile::Outcome::refused;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 std::optional<FileStamp> FileStamp::of(const std::filesystem::path& file) {
   struct stat status {};
@@ -14,4 +14,4 @@ std::optional<FileStamp> FileStamp::of(const std::filesystem::path& file) {
                    .changedNanoseconds = status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// What tells a file that nobody else has touched from one that somebody has.
 struct FileStamp {
@@ -21,4 +21,4 @@ struct FileStamp {
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

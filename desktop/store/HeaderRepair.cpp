@@ -9,7 +9,7 @@
 #include "desktop/store/DefaultsReader.hpp"
 #include "desktop/store/SqliteConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::size_t kHeaderSize = 100;
@@ -52,4 +52,4 @@ DefaultsContent contentUnderSoundHeader(const std::filesystem::path& file) {
   return connection ? readableContent(*connection) : DefaultsContent();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 #include <string>
 #include <system_error>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::array<const char*, 4> kSuffixes{"", "-wal", "-shm", "-journal"};
@@ -51,4 +51,4 @@ bool holdsFilesOnly(const std::filesystem::path& database) {
   });
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

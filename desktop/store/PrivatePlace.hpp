@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Makes the file and its folder where they are absent, and takes them from other users' eyes: what
 /// lies there is private. False where something else has the place, a folder or a pipe say, which
@@ -12,4 +12,4 @@ namespace Hilalor {
 /// Whether nothing but a file lies under the names of the database and its logs.
 [[nodiscard]] bool holdsFilesOnly(const std::filesystem::path& database);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // The database comes last: as long as it lies under its name, its logs are looked for as well.
@@ -48,4 +48,4 @@ bool setAside(const std::filesystem::path& file) {
   });
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

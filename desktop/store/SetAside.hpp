@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string_view>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Renames a damaged database and the logs that belong to it, "defaults.sqlite" to
 /// "defaults.damaged-1.sqlite" or the first higher number that is free. Nothing is overwritten.
@@ -14,4 +14,4 @@ namespace Hilalor {
 [[nodiscard]] std::filesystem::path nameAside(const std::filesystem::path& file,
                                               std::string_view why);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr int kPrimaryCode = 0xff;
@@ -131,4 +131,4 @@ std::string SqliteStatement::text(int column) const {
   return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)};
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

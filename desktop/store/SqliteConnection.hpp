@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// An open SQLite database. Results are SQLite's primary codes. One thread.
 class SqliteConnection {
@@ -90,4 +90,4 @@ class SqliteStatement {
   int status_ = SQLITE_OK;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

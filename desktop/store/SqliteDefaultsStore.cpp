@@ -12,7 +12,7 @@
 
 #include "desktop/store/SetAside.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // For another program's lock. All that follows hangs on what a start reads.
@@ -389,4 +389,4 @@ void SqliteDefaultsStore::tryLater() {
   retryDelay_ = std::min(retryDelay_ * 2, kLongestRetry);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

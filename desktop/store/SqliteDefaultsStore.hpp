@@ -10,7 +10,7 @@
 #include "platform/DefaultsStore.hpp"
 #include "platform/RunLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The defaults store in an SQLite file. All is read once, at construction, and served from memory;
 /// each write goes through to the disk before its call returns. A text so long that typing would
@@ -95,4 +95,4 @@ class SqliteDefaultsStore final : public DefaultsStore {
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

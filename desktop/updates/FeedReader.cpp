@@ -5,7 +5,7 @@
 #include <chrono>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // Without a byte for so long, the other side is taken to be gone.
@@ -50,4 +50,4 @@ void FeedReader::finish() {
   answer(std::move(content));
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Fetches a small file from the web or from the disk, without holding anybody up. Between two
 /// readings it keeps no connection and no thread. Main thread.
@@ -38,4 +38,4 @@ class FeedReader final {
   QNetworkReply* reply_ = nullptr;  // The network's own.
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -4,7 +4,7 @@
 #include <QDir>
 #include <utility>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 // A session that begins has better things to do.
@@ -94,4 +94,4 @@ void FeedUpdater::download(const Release& release) const {
   workspace_.openWebPage(page.toStdString());
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

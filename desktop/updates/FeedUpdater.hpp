@@ -13,7 +13,7 @@
 #include "platform/Updater.hpp"
 #include "platform/Workspace.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Looks for newer releases in a list on the web or on the disk: soon after the start and then once
 /// a day in the background, where only a newer release is told of, and that once; and at once when
@@ -58,4 +58,4 @@ class FeedUpdater final : public Updater {
   std::unique_ptr<Timer> hourly_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

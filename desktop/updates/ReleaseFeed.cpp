@@ -3,7 +3,7 @@
 #include <QVersionNumber>
 #include <QXmlStreamReader>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// A list in a list in a release's description is deep; whatever goes on for ever is no feed.
@@ -86,4 +86,4 @@ bool isLaterVersion(const QString& version, const QString& than) {
          QVersionNumber::fromString(than).normalized();
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 
 class QByteArray;
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A release of the program.
 struct Release {
@@ -30,4 +30,4 @@ struct ReleaseFeed {
 /// than 1.9.
 [[nodiscard]] bool isLaterVersion(const QString& version, const QString& than);
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -10,7 +10,10 @@
 #include "ui/Stack.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
+
+using namespace Ui;
+
 namespace {
 
 constexpr int kWidth = 360;
@@ -116,4 +119,4 @@ void UpdateDialog::paintEvent(QPaintEvent*) {
   QPainter(this).fillRect(rect(), Colors::of(*this).windowBackground);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -7,7 +7,7 @@
 
 #include "desktop/updates/ReleaseFeed.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// How far a look for a newer release has come.
 struct LookingForReleases {};
@@ -39,4 +39,4 @@ class UpdateDialog final : public QDialog {
   QWidget* content_ = nullptr;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

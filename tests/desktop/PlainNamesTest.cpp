@@ -11,7 +11,10 @@
 #include "ui/Text.hpp"
 #include "ui/Toggle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
+
+using namespace Ui;
+
 namespace {
 
 const QString kName = QStringLiteral("<b>A</b> & _B");
@@ -67,4 +70,4 @@ TEST(PlainNames, AreShownAndSpokenAsTheyAre) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

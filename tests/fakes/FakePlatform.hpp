@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/SharedObjects.hpp"
 #include "datetime/Date.hpp"
 #include "platform/Platform.hpp"
+#include "rules/SharedObjects.hpp"
 #include "tests/fakes/FakeAtlas.hpp"
 #include "tests/fakes/FakeDesktop.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"

@@ -7,7 +7,7 @@
 
 #include "platform/MouseMonitor.hpp"
 #include "platform/Panel.hpp"
-#include "platform/Screens.hpp"
+#include "platform/ScreenService.hpp"
 #include "platform/Surfaces.hpp"
 
 namespace Hilalor {
@@ -76,7 +76,7 @@ class FakeSurfaces final : public Surfaces {
   int windowsMade = 0;
 };
 
-class FakeScreens final : public Screens {
+class FakeScreens final : public ScreenService {
  public:
   [[nodiscard]] std::vector<Screen> all() const override { return screens; }
 

@@ -1,6 +1,6 @@
 #include "tests/golden/Inputs.hpp"
 
-#include "app/AppSettings.hpp"
+#include "rules/settings/AppSettings.hpp"
 
 namespace Golden {
 namespace {

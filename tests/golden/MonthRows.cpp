@@ -1,8 +1,8 @@
 #include <string>
 
-#include "app/CalendarModel.hpp"
-#include "app/HolidaysProvider.hpp"
 #include "datetime/DateFormatter.hpp"
+#include "rules/calendar/CalendarModel.hpp"
+#include "rules/calendar/HolidaysProvider.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "tests/golden/Kinds.hpp"
 

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "app/PrayerTimesCalculator.hpp"
+#include "rules/prayer/PrayerTimesCalculator.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/golden/Inputs.hpp"
 #include "tests/golden/Kinds.hpp"

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <string>
 
-#include "app/MenuBarTitle.hpp"
-#include "app/PrayerTimesCalculator.hpp"
+#include "rules/bar/MenuBarTitle.hpp"
+#include "rules/prayer/PrayerTimesCalculator.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "tests/golden/Inputs.hpp"

@@ -8,15 +8,15 @@
 #include <QTest>
 #include <memory>
 
-#include "app/CalendarView.hpp"
-#include "app/NoteEditorView.hpp"
+#include "screens/panel/CalendarView.hpp"
+#include "screens/panel/NoteEditorView.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Screens {
 
 // A Sunday in Riyadh at 13:00: 22 February 2026, 5 Ramadan 1447, a national day.
 inline constexpr Date kNow{1771754400};
@@ -27,7 +27,7 @@ class ScreenTest : public testing::Test {
   void show() {
     panel = std::make_unique<CalendarView>([this](Size size) { sizes.push_back(size); },
                                            [this] { ++settingsOpened; });
-    panel->setPalette(windowPalette(ColorScheme::light));
+    panel->setPalette(windowPalette(Ui::ColorScheme::light));
     panel->setAutoFillBackground(true);
     panel->resize(panel->sizeHint());
     panel->show();
@@ -42,9 +42,9 @@ class ScreenTest : public testing::Test {
       QApplication::processEvents();
   }
 
-  [[nodiscard]] QString titleText() const { return part<Text>(titleBlock())->text(); }
+  [[nodiscard]] QString titleText() const { return part<Ui::Text>(titleBlock())->text(); }
 
-  [[nodiscard]] QWidget& titleBlock() const { return *part<DoubleClickable>(*panel); }
+  [[nodiscard]] QWidget& titleBlock() const { return *part<Ui::DoubleClickable>(*panel); }
 
   /// The cell of that day of the shown month.
   [[nodiscard]] DayCellView& cell(int day) const {
@@ -54,22 +54,22 @@ class ScreenTest : public testing::Test {
   }
 
   /// The button of that accessible name, if it is shown.
-  [[nodiscard]] Button* button(const char* name) const {
-    for (Button* found : parts<Button>(*panel))
+  [[nodiscard]] Ui::Button* button(const char* name) const {
+    for (Ui::Button* found : parts<Ui::Button>(*panel))
       if (found->accessibleName() == name && found->isVisible()) return found;
     return nullptr;
   }
 
   /// Every text that is shown, from top to bottom and from left to right.
   [[nodiscard]] QStringList texts() const {
-    auto shown = parts<Text>(*panel);
-    std::erase_if(shown, [](const Text* text) { return !text->isVisible(); });
-    std::ranges::stable_sort(shown, {}, [this](const Text* text) {
+    auto shown = parts<Ui::Text>(*panel);
+    std::erase_if(shown, [](const Ui::Text* text) { return !text->isVisible(); });
+    std::ranges::stable_sort(shown, {}, [this](const Ui::Text* text) {
       const QPoint place = text->mapTo(panel.get(), QPoint(0, 0));
       return std::pair(place.y(), place.x());
     });
     QStringList texts;
-    for (const Text* text : shown)
+    for (const Ui::Text* text : shown)
       texts.append(text->text());
     return texts;
   }
@@ -97,4 +97,4 @@ class ScreenTest : public testing::Test {
   int settingsOpened = 0;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Screens

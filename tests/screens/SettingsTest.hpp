@@ -13,20 +13,20 @@
 #include <variant>
 #include <vector>
 
-#include "app/SettingsView.hpp"
+#include "screens/settings/SettingsView.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Screens {
 
 /// The settings window's screen over fakes, shown without a display, in light.
 class SettingsTest : public testing::Test {
  protected:
   void show(Updater* updater = nullptr, const QPixmap& icon = {}) {
     view = std::make_unique<SettingsView>(updater, icon);
-    view->setPalette(windowPalette(ColorScheme::light));
+    view->setPalette(windowPalette(Ui::ColorScheme::light));
     view->resize(380, 520);
     view->show();
     settle();
@@ -62,23 +62,25 @@ class SettingsTest : public testing::Test {
   }
 
   /// The shown switch, box or ring of that label; null for none.
-  [[nodiscard]] Toggle* toggle(const QString& label) const {
-    return find<Toggle>([&](const Toggle& found) { return found.accessibleName() == label; });
+  [[nodiscard]] Ui::Toggle* toggle(const QString& label) const {
+    return find<Ui::Toggle>(
+        [&](const Ui::Toggle& found) { return found.accessibleName() == label; });
   }
 
   /// The shown button that a screen reader calls that; null for none.
-  [[nodiscard]] Button* button(const QString& name) const {
-    return find<Button>([&](const Button& found) { return found.accessibleName() == name; });
+  [[nodiscard]] Ui::Button* button(const QString& name) const {
+    return find<Ui::Button>(
+        [&](const Ui::Button& found) { return found.accessibleName() == name; });
   }
 
   [[nodiscard]] bool showsText(const QString& text) const {
-    return find<Text>([&](const Text& found) { return found.text() == text; }) != nullptr;
+    return find<Ui::Text>([&](const Ui::Text& found) { return found.text() == text; }) != nullptr;
   }
 
   /// The shown preview buttons from top to bottom: "Stop" or "Preview".
-  [[nodiscard]] std::vector<Button*> previews() const {
-    std::vector<Button*> found;
-    for (Button* one : parts<Button>(*view))
+  [[nodiscard]] std::vector<Ui::Button*> previews() const {
+    std::vector<Ui::Button*> found;
+    for (Ui::Button* one : parts<Ui::Button>(*view))
       if (one->isVisible() && (one->toolTip() == "Stop" || one->toolTip() == "Preview"))
         found.push_back(one);
     return found;
@@ -126,4 +128,4 @@ class SettingsTest : public testing::Test {
   }
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Screens

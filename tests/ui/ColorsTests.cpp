@@ -7,7 +7,7 @@
 #include "ui/Colors.hpp"
 #include "ui/Icon.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 /// The colour as it is seen on an opaque background.
@@ -68,4 +68,4 @@ TEST(Icon, EveryIconFillsItsSquareWithoutLeavingIt) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -9,7 +9,7 @@
 #include "ui/TextEditor.hpp"
 #include "ui/Toggle.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 TEST(Button, ActsOnAClickAndLeavesTheKeyboardWhereItIs) {
@@ -114,4 +114,4 @@ TEST(TextEditor, GivesBackWhatWasTypedToTheCharacter) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

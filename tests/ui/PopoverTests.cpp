@@ -8,7 +8,7 @@
 #include "ui/Popover.hpp"
 #include "ui/Stack.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 class PopoverTest : public testing::Test {
@@ -93,4 +93,4 @@ TEST_F(PopoverTest, ClosesWithItsOwner) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

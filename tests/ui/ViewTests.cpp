@@ -6,7 +6,7 @@
 #include "tests/fakes/Parts.hpp"
 #include "ui/View.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Ui {
 namespace {
 
 constexpr int kLineHeight = 20;
@@ -75,4 +75,4 @@ TEST(Grid, CellsStandInColumnsOfOneWidth) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Ui

@@ -10,12 +10,12 @@
 #include <utility>
 #include <vector>
 
-#include "app/PrayerCourse.hpp"
-#include "app/PrayerList.hpp"
-#include "app/PrayerTimesCalculator.hpp"
-#include "app/StatusBarController.hpp"
 #include "bench/Usage.hpp"
 #include "datetime/DateFormatter.hpp"
+#include "rules/bar/StatusBarController.hpp"
+#include "rules/prayer/PrayerCourse.hpp"
+#include "rules/prayer/PrayerList.hpp"
+#include "rules/prayer/PrayerTimesCalculator.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "tools/course/TrueCourse.hpp"

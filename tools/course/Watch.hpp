@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/SettingsValues.hpp"
+#include "rules/settings/SettingsValues.hpp"
 #include "tools/course/HardPlaces.hpp"
 
 namespace Course {

@@ -71,7 +71,7 @@ std::vector<Life> wholeLives() {
   return lives;
 }
 
-std::vector<Life> randomLives(const Hilalor::ZoneDatabase& zones) {
+std::vector<Life> randomLives(const Hilalor::Desktop::ZoneDatabase& zones) {
   std::vector<Life> lives;
   std::mt19937_64 random(13);
   std::uniform_real_distribution<double> part(0, 1);
@@ -172,7 +172,7 @@ bool report(const char* title, const std::vector<Life>& lives, bool isEachNamed)
 }
 
 int run(std::span<char*> arguments) {
-  const auto zones = Hilalor::ZoneDatabase::open(arguments.back());
+  const auto zones = Hilalor::Desktop::ZoneDatabase::open(arguments.back());
   if (!zones) return 2;
   const std::string_view part = arguments[1];
   if (part == "--short") return report("Hard days", shortLives(), false) ? 0 : 1;

@@ -7,15 +7,20 @@
 #include <functional>
 #include <optional>
 
-#include "app/MapPickerView.hpp"
-#include "app/map/MapView.hpp"
-#include "desktop/OfflineAtlas.hpp"
-#include "desktop/OfflineGeocoder.hpp"
-#include "desktop/Resources.hpp"
+#include "desktop/place/OfflineAtlas.hpp"
+#include "desktop/place/OfflineGeocoder.hpp"
+#include "desktop/process/Resources.hpp"
+#include "screens/map/MapPickerView.hpp"
+#include "screens/map/MapView.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 
 namespace Hilalor {
+
+using namespace Desktop;
+using namespace Screens;
+using namespace Ui;
+
 namespace {
 
 /// A picker on the real world, whose look-ups are answered when asked.

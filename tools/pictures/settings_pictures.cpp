@@ -7,14 +7,18 @@
 #include <functional>
 #include <string>
 
-#include "app/PrayerNotificationManager.hpp"
-#include "app/SettingsView.hpp"
+#include "rules/prayer/PrayerNotificationManager.hpp"
+#include "screens/settings/SettingsView.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Containers.hpp"
 
 namespace Hilalor {
+
+using namespace Screens;
+using namespace Ui;
+
 namespace {
 
 constexpr QSize kWindow{380, 520};

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr unsigned kBufferedMicroseconds = 200'000;
@@ -105,4 +105,4 @@ SoundOutput::Outcome AlsaOutput::play(SampleSource& source, std::stop_token stop
   return Outcome::finished;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include "desktop/sound/SoundOutput.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The sound card by ALSA's default device, for machines without a sound server. The card is held
 /// only while something plays.
@@ -11,4 +11,4 @@ class AlsaOutput final : public SoundOutput {
   Outcome play(SampleSource& source, std::stop_token stop) const override;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

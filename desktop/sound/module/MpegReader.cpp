@@ -4,7 +4,7 @@
 
 #include "desktop/sound/module/SoundReaders.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 struct Delete {
@@ -74,4 +74,4 @@ std::unique_ptr<SoundReader> openMpeg(const std::filesystem::path& path) {
   return reader->open(path) ? std::move(reader) : nullptr;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -160,4 +160,4 @@ SoundOutput::Outcome PulseOutput::play(SampleSource& source, std::stop_token sto
   return Outcome::finished;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include "desktop/sound/SoundOutput.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// The user's sound server, PulseAudio or PipeWire. Connected only while something plays; without
 /// a thread of its own.
@@ -11,4 +11,4 @@ class PulseOutput final : public SoundOutput {
   Outcome play(SampleSource& source, std::stop_token stop) const override;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

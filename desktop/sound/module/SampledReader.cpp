@@ -5,7 +5,7 @@
 
 #include "desktop/sound/module/SoundReaders.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 struct Close {
@@ -66,4 +66,4 @@ std::unique_ptr<SoundReader> openSampled(const std::filesystem::path& path) {
   return reader->open(path) ? std::move(reader) : nullptr;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -14,10 +14,10 @@
 #include <iostream>
 #include <string>
 
-#include "app/PrayerNotificationManager.hpp"
-#include "desktop/QtRunLoop.hpp"
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
+#include "desktop/process/QtRunLoop.hpp"
 #include "desktop/sound/LinuxSoundService.hpp"
+#include "rules/prayer/PrayerNotificationManager.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"
 #include "tests/fakes/FakeLocationService.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
@@ -25,6 +25,7 @@
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
 
 void tell(const std::string& what) {
   const std::chrono::duration<double> now = std::chrono::steady_clock::now().time_since_epoch();

@@ -138,7 +138,7 @@ class Announcements:
         self.server.start()
         write_sounds(os.path.join(session.environment["XDG_DATA_HOME"], "hilalor", "sounds"))
         self.screen = Screen(session)
-        self.program = Program(session, os.path.join(build, "app", "hilalor"))
+        self.program = Program(session, os.path.join(build, "program", "hilalor"))
         place = place_of_noon(build, the_minute_of_the_first_tick())
         self.program.start(menuBarStyle="emoji", prayerNotificationsEnabled=True,
                            beepSoundEnabled=True, athanEnabled=True, playDuaAfterAthan=True, **place)

@@ -5,7 +5,7 @@
 #include "desktop/geodata/MapDatabase.hpp"
 #include "tests/desktop/geodata/ShippedData.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -170,4 +170,4 @@ TEST(MappedFile, IsNotThereForMissingEmptyOrOtherThings) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 
 #include "tests/desktop/geodata/ShippedData.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// The tile of a level that has the coordinate, and where in it that is.
@@ -104,4 +104,4 @@ TEST_F(MapDatabaseTest, HasNothingBeyondTheWorld) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 
 #include "tests/desktop/geodata/ShippedData.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 // How a failed comparison shows a description.
 std::ostream& operator<<(std::ostream& out, const PlaceDescription& place) {
@@ -147,4 +147,4 @@ TEST_F(PlaceDatabaseTest, RanksTheCapitalsOfTheWorldAboveVillages) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -13,7 +13,7 @@
 #include "desktop/geodata/PlaceDatabase.hpp"
 #include "desktop/geodata/ZoneDatabase.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 inline const std::filesystem::path kZoneFile = HILALOR_GEODATA "/zones/zones.bin";
 inline const std::filesystem::path kPlaceFile = HILALOR_GEODATA "/places/places.bin";
@@ -56,4 +56,4 @@ class ShippedDataTest : public testing::Test {
   std::optional<PlaceDatabase> places = PlaceDatabase::open(kPlaceFile);
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

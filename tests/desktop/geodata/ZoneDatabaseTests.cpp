@@ -7,7 +7,7 @@
 #include "desktop/geodata/Section.hpp"
 #include "tests/desktop/geodata/ShippedData.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using ZoneDatabaseTest = ShippedDataTest;
@@ -60,4 +60,4 @@ TEST_F(ZoneDatabaseTest, HoldsToTheEdgesOfTheGlobeAndAnswersNothingBeyond) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

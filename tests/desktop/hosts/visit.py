@@ -28,7 +28,7 @@ class Visit:
         self.host, self.session = host, session
         self.build, self.pictures = build, pictures
         self.screen = Screen(session)
-        self.program = Program(session, os.path.join(build, "app", "hilalor"))
+        self.program = Program(session, os.path.join(build, "program", "hilalor"))
         self.bar = self.without_item = self.item = None
         # Where windows come, apart from the bar with its clock.
         above = host.bar.y > 0

@@ -5,7 +5,7 @@
 #include <QString>
 #include <ostream>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 static std::ostream& operator<<(std::ostream& out, const CompactTitle& compact) {
   return out << static_cast<int>(compact.form) << " \"" << compact.upper.toStdString() << "\" \""
@@ -55,4 +55,4 @@ TEST(TitleParts, PartsTheLeadingGlyphFromTheText) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using Notifier = BarHosts::Notifier;
@@ -46,4 +46,4 @@ TEST(ItemKind, TakesTheBestHostThereIs) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

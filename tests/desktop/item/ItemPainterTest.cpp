@@ -8,7 +8,7 @@
 #include "desktop/item/ItemMenu.hpp"
 #include "desktop/item/PixelLetters.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 const QString kCalendar = QString::fromUtf8("\U0001F4C5");
@@ -132,4 +132,4 @@ TEST(ItemMenu, MarksTheLetterThatChoosesALine) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,7 +8,7 @@
 #include "desktop/item/NotifierTraits.hpp"
 #include "desktop/item/NotifierTypes.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using testing::ElementsAre;
@@ -82,4 +82,4 @@ TEST_F(NotifierMenuTest, TellsOfEveryOpeningOnceWhateverTheBarSays) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

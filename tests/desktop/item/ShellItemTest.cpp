@@ -10,7 +10,7 @@
 #include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// What the shell's side of the bus gets for a call of the item.
@@ -68,4 +68,4 @@ TEST(ShellItem, IsThereForTheExtensionAndLearnsItsPlace) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -14,14 +14,15 @@
 #include <iostream>
 #include <string>
 
-#include "desktop/QtRunLoop.hpp"
-#include "desktop/SessionBus.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
+#include "desktop/process/QtRunLoop.hpp"
+#include "desktop/session/SessionBus.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
 
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
 
 /// How much of a transparent picture was drawn on.
 QSize drawn(const QImage& picture) {

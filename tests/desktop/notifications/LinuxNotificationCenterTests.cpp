@@ -10,11 +10,11 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/QtRunLoop.hpp"
+#include "desktop/process/QtRunLoop.hpp"
 #include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// A notification service as the test wants it, which keeps what it was asked to show.
 class NotificationService : public QObject, protected QDBusContext {
@@ -194,6 +194,6 @@ TEST_F(LinuxNotificationCenterTest, AsksHowToShowIt) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop
 
 #include "LinuxNotificationCenterTests.moc"

@@ -16,17 +16,17 @@
 #include <sstream>
 #include <string>
 
-#include "app/AppSettings.hpp"
-#include "app/PrayerNotificationManager.hpp"
-#include "app/ScreenSurfaces.hpp"
-#include "app/SharedObjects.hpp"
-#include "app/StatusBarController.hpp"
-#include "desktop/LinuxScreens.hpp"
-#include "desktop/QtRunLoop.hpp"
+#include "desktop/display/LinuxScreens.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
 #include "desktop/panel/ColorSchemeSetting.hpp"
 #include "desktop/panel/LinuxMouseMonitor.hpp"
+#include "desktop/process/QtRunLoop.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
+#include "program/ScreenSurfaces.hpp"
+#include "rules/SharedObjects.hpp"
+#include "rules/bar/StatusBarController.hpp"
+#include "rules/prayer/PrayerNotificationManager.hpp"
+#include "rules/settings/AppSettings.hpp"
 #include "tests/fakes/FakeAtlas.hpp"
 #include "tests/fakes/FakeDesktop.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"
@@ -38,6 +38,8 @@
 namespace {
 
 using namespace Hilalor;
+using namespace Hilalor::Desktop;
+using Hilalor::Program::ScreenSurfaces;
 
 /// A Sunday in Ramadan, 13:00 in Riyadh, a national day; it stands still.
 class StoppedClock final : public Clock {

@@ -14,7 +14,7 @@
 #include "tests/fakes/MailboxLoop.hpp"
 #include "tests/fakes/TemporaryFolder.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using testing::ElementsAre;
@@ -273,4 +273,4 @@ TEST(SilentOutput, LetsTimePassAsIfItSounded) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 constexpr int kTestRate = 8000;
 
@@ -45,4 +45,4 @@ inline void writeFile(const std::filesystem::path& path, const std::string& cont
   std::ofstream(path, std::ios::binary) << content;
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

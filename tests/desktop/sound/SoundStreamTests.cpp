@@ -12,7 +12,7 @@
 #include "tests/desktop/sound/SoundFiles.hpp"
 #include "tests/fakes/TemporaryFolder.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using testing::Each;
@@ -166,4 +166,4 @@ TEST_F(SoundStreamTest, OpensThreeHoursAtOnce) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 
 #include "tests/desktop/store/StoreFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using namespace std::string_literals;
@@ -153,4 +153,4 @@ TEST_F(DamagedStore, WritesAllAnewAfterDamageWhileItIsOpen) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

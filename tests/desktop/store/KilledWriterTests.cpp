@@ -8,12 +8,12 @@
 #include <random>
 #include <string>
 
-#include "app/NotesStore.hpp"
+#include "rules/calendar/NotesStore.hpp"
 #include "tests/desktop/store/StoreFile.hpp"
 #include "tests/fakes/ChildProcess.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::array<const char*, 3> kKeys{"one", "two", "three"};
@@ -110,4 +110,4 @@ TEST_F(KilledWriter, LosesAndTearsNoNote) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -6,7 +6,7 @@
 #include "tests/desktop/store/StoreFile.hpp"
 #include "tests/fakes/ChildProcess.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using namespace std::string_literals;
@@ -71,4 +71,4 @@ TEST_F(LockedStore, GivesWayToWhatWasWrittenMeanwhileAndToNothingElse) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

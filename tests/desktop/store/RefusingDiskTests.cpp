@@ -9,7 +9,7 @@
 #include "tests/desktop/store/StoreFile.hpp"
 #include "tests/fakes/ChildProcess.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using namespace std::string_literals;
@@ -161,4 +161,4 @@ TEST_F(RefusingDisk, WritesWhatItSavedOfADamagedFileOnceThereIsRoom) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

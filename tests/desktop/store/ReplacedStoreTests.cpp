@@ -7,7 +7,7 @@
 #include "tests/desktop/store/StoreFile.hpp"
 #include "tests/fakes/ChildProcess.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using namespace std::string_literals;
@@ -149,4 +149,4 @@ TEST_F(ReplacedStore, ComesInWhenSomebodyLooksOrAtTheNextWrite) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -12,7 +12,7 @@
 
 #include "tests/desktop/store/StoreFile.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 using namespace std::string_literals;
@@ -208,4 +208,4 @@ TEST_F(SqliteDefaultsStoreTest, LiesUnderTheXdgConfigHome) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -14,7 +14,7 @@
 #include "tests/fakes/TemporaryFolder.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Tests of the store over a file in a folder of their own.
 class StoreFile : public testing::Test {
@@ -59,4 +59,4 @@ class StoreFile : public testing::Test {
   VirtualLoop loop;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -16,7 +16,10 @@
 #include "ui/Button.hpp"
 #include "ui/Text.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
+
+using namespace Ui;
+
 namespace {
 
 using ::testing::ElementsAre;
@@ -210,4 +213,4 @@ TEST_F(FeedUpdaterTest, MayEndWhileItWaits) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -4,7 +4,7 @@
 
 #include <QByteArray>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 TEST(ReleaseFeed, NamesTheNewestReleaseThatIsForEverybody) {
@@ -70,4 +70,4 @@ TEST(ReleaseFeed, VersionsAreComparedByTheirNumbers) {
 }
 
 }  // namespace
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -1,0 +1,139 @@
+#include "desktop/place/GeoClueLocationService.hpp"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QStringList>
+#include <utility>
+
+namespace Hilalor::Desktop {
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.GeoClue2");
+const QString kDesktopId = QStringLiteral("hilalor");
+
+// Some desktops do not keep the answer and ask the user each time. Twice is enough.
+constexpr int kRefusalsToRespect = 2;
+
+QDBusMessage activatableNames() {
+  return QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ListActivatableNames"));
+}
+
+AuthorizationStatus statusAfter(GeoClueAnswer answer) {
+  switch (answer) {
+    case GeoClueAnswer::granted:
+      return AuthorizationStatus::authorizedAlways;
+    case GeoClueAnswer::refused:
+    case GeoClueAnswer::refusedByUser:
+      return AuthorizationStatus::denied;
+    case GeoClueAnswer::unavailable:
+      break;
+  }
+  return AuthorizationStatus::restricted;
+}
+
+}  // namespace
+
+GeoClueLocationService::GeoClueLocationService(QDBusConnection bus, RunLoop& loop, Contact contact)
+    : bus_(std::move(bus)), loop_(loop), isContactDue_(contact == Contact::atStart) {}
+
+void GeoClueLocationService::setDelegate(Delegate* delegate) {
+  delegate_ = delegate;
+  if (delegate == nullptr) return;
+  loop_.post([weak = std::weak_ptr(self_)] {
+    const auto self = weak.lock();
+    if (self && self->delegate_) self->delegate_->locationServiceDidChangeAuthorization();
+  });
+  if (std::exchange(isContactDue_, false)) beginSession();
+}
+
+void GeoClueLocationService::requestLocation() {
+  isLocationWanted_ = true;
+  if (session_) return;
+  if (status_ == AuthorizationStatus::authorizedAlways) return beginSession();
+  loop_.post([weak = std::weak_ptr(self_)] {
+    const auto self = weak.lock();
+    if (self && !self->session_) self->deliver(std::nullopt);
+  });
+}
+
+void GeoClueLocationService::requestWhenInUseAuthorization() {
+  if (!session_ && status_ != AuthorizationStatus::authorizedAlways) beginSession();
+}
+
+void GeoClueLocationService::askAgain() {
+  const bool isRefused =
+      status_ == AuthorizationStatus::denied || status_ == AuthorizationStatus::restricted;
+  if (isRefused && !session_ && refusalsByUser_ < kRefusalsToRespect) beginSession();
+}
+
+void GeoClueLocationService::beginSession() {
+  isContactDue_ = false;
+  watchService();
+  session_ = std::make_unique<GeoClueSession>(
+      bus_, kDesktopId, loop_,
+      GeoClueSession::Callbacks{
+          [this](GeoClueAnswer answer) { answered(answer); },
+          [this](std::optional<LocationCoordinate> coordinate) { ended(coordinate); }});
+}
+
+void GeoClueLocationService::watchService() {
+  if (watcher_) return;
+  watcher_ = std::make_unique<QDBusServiceWatcher>(kService, bus_);
+  QObject::connect(watcher_.get(), &QDBusServiceWatcher::serviceRegistered, watcher_.get(),
+                   [this] { serviceAppeared(); });
+  QObject::connect(watcher_.get(), &QDBusServiceWatcher::serviceUnregistered, watcher_.get(),
+                   [this] { serviceVanished(); });
+}
+
+void GeoClueLocationService::answered(GeoClueAnswer answer) {
+  refusalsByUser_ = answer == GeoClueAnswer::refusedByUser ? refusalsByUser_ + 1 : 0;
+  setStatus(statusAfter(answer));
+}
+
+void GeoClueLocationService::ended(std::optional<LocationCoordinate> coordinate) {
+  session_.release()->deleteLater();
+  if (coordinate) {
+    networkWatch_.reset();
+  } else if (!networkWatch_ && status_ == AuthorizationStatus::authorizedAlways) {
+    networkWatch_ = std::make_unique<NetworkWatch>(bus_, [this] {
+      if (delegate_ != nullptr) delegate_->locationServiceMayFindNow();
+    });
+  }
+  deliver(coordinate);
+}
+
+void GeoClueLocationService::deliver(std::optional<LocationCoordinate> coordinate) {
+  if (!std::exchange(isLocationWanted_, false) || delegate_ == nullptr) return;
+  if (coordinate) {
+    delegate_->locationServiceDidUpdate({*coordinate});
+  } else {
+    delegate_->locationServiceDidFail();
+  }
+}
+
+void GeoClueLocationService::serviceAppeared() {
+  if (!session_ && status_ == AuthorizationStatus::restricted) beginSession();
+}
+
+void GeoClueLocationService::serviceVanished() {
+  if (session_) session_->serviceVanished();
+  // A service that the bus starts when it is called goes whenever it is idle.
+  auto* names = new QDBusPendingCallWatcher(bus_.asyncCall(activatableNames()), watcher_.get());
+  QObject::connect(names, &QDBusPendingCallWatcher::finished, watcher_.get(), [this, names] {
+    names->deleteLater();
+    const QDBusPendingReply<QStringList> reply = *names;
+    if (!session_ && !reply.value().contains(kService)) {
+      setStatus(AuthorizationStatus::restricted);
+    }
+  });
+}
+
+void GeoClueLocationService::setStatus(AuthorizationStatus status) {
+  if (std::exchange(status_, status) == status) return;
+  if (delegate_ != nullptr) delegate_->locationServiceDidChangeAuthorization();
+}
+
+}  // namespace Hilalor::Desktop

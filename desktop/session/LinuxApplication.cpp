@@ -1,0 +1,194 @@
+#include "desktop/session/LinuxApplication.hpp"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDeadlineTimer>
+#include <QGuiApplication>
+#include <QSessionManager>
+#include <QThread>
+#include <QVariantMap>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <utility>
+
+#include "desktop/session/BusProbe.hpp"
+
+namespace Hilalor::Desktop {
+namespace {
+
+constexpr const char* kBusName = "org.hilalor.Hilalor";
+constexpr const char* kBusPath = "/org/hilalor/Hilalor";
+constexpr const char* kApplicationInterface = "org.freedesktop.Application";
+
+// What allows a program to come to the front, as the one that started it said: on the bus and in
+// the environment (xdg-activation).
+const QString kTokenKey = QStringLiteral("activation-token");
+constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
+
+// The desktop's way to talk to a program that runs once a session.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+ public:
+  ApplicationAdaptor(QObject* parent, std::function<void()> activate)
+      : QDBusAbstractAdaptor(parent), activate_(std::move(activate)) {}
+
+ public Q_SLOTS:
+  void Activate(const QVariantMap& platformData) {
+    // Qt shows it to the compositor with the next window that it activates.
+    const QByteArray token = platformData[kTokenKey].toString().toUtf8();
+    if (!token.isEmpty()) qputenv(kToken, token);
+    activate_();
+  }
+
+ private:
+  std::function<void()> activate_;
+};
+
+// Signal handlers may do little: they write to a pipe that the event loop reads.
+std::array<int, 2> signalPipe{-1, -1};
+
+void noteSignal(int) {
+  const char byte = 0;
+  [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
+}
+
+// How long a copy that has the name, but does not answer, is waited for.
+constexpr std::chrono::seconds kPatienceWithAnother{10};
+constexpr unsigned long kMillisecondsBetweenTries = 50;
+
+// Asks the running copy to show itself. Whether it does.
+bool showsItself(const QDBusConnection& bus) {
+  auto activate =
+      QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
+  activate << QVariantMap{{kTokenKey, qEnvironmentVariable(kToken)}};
+  constexpr int kMillisecondsToAnswer = 1000;
+  const auto answer = bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
+  return answer.type() == QDBusMessage::ReplyMessage;
+}
+
+bool isRunning = false;
+
+std::function<void()> lostDisplayHandler;
+
+// When the X server goes, Qt leaves by exit(1) from within the event loop. To this program that is
+// the end of the session like any other.
+void endWithTheSession() {
+  if (!isRunning) return;
+  if (lostDisplayHandler) lostDisplayHandler();
+  _exit(EXIT_SUCCESS);
+}
+
+}  // namespace
+
+LinuxApplication::LinuxApplication() {
+  isRunning = true;
+  std::atexit(endWithTheSession);
+  endOnSignals();
+  new ApplicationAdaptor(this, [this] {
+    if (reopen_) reopen_();
+  });
+  // A restored session would start the program beside its autostart entry.
+  QObject::connect(
+      qGuiApp, &QGuiApplication::commitDataRequest, this,
+      [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
+}
+
+LinuxApplication::~LinuxApplication() {
+  isRunning = false;
+  setLostDisplayHandler({});
+  signalNotifier_.reset();
+  for (int& end : signalPipe)
+    close(std::exchange(end, -1));
+}
+
+bool LinuxApplication::becomeTheRunningCopy() {
+  if (sessionBusAddress().empty()) return true;
+  auto bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return true;
+  named_ = bus;
+  bus.registerObject(kBusPath, this);
+  const QDeadlineTimer patience(kPatienceWithAnother);
+  while (true) {
+    const auto reply = bus.interface()->registerService(kBusName);
+    if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
+      return true;
+    }
+    if (showsItself(bus) || patience.hasExpired()) return false;
+    // One that is ending answers no more, and is gone in a moment.
+    QThread::msleep(kMillisecondsBetweenTries);
+  }
+}
+
+void LinuxApplication::remainTheRunningCopy(SessionBus& sessionBus) {
+  ofBus_ = sessionBus.changed.subscribe([this, &sessionBus] {
+    const bool hasName = named_ && named_->isConnected();
+    if (!hasName && sessionBus.connection()) takeNameOn(*sessionBus.connection());
+  });
+}
+
+void LinuxApplication::takeNameOn(QDBusConnection bus) {
+  constexpr uint kDoNotQueue = 4;
+  constexpr uint kIsTaken = 3;
+  named_ = bus;
+  bus.registerObject(kBusPath, this);
+  auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                "org.freedesktop.DBus", "RequestName");
+  request << kBusName << kDoNotQueue;
+  auto* call = new QDBusPendingCallWatcher(bus.asyncCall(request), this);
+  QObject::connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+    const QDBusPendingReply<uint> reply = *call;
+    call->deleteLater();
+    // Two copies would announce every prayer twice.
+    if (reply.isValid() && reply.value() == kIsTaken) terminate();
+  });
+}
+
+void LinuxApplication::terminate() {
+  // SIGHUP may come right behind SIGTERM when a session ends, and hurries nobody.
+  for (const int number : {SIGTERM, SIGINT})
+    signal(number, SIG_DFL);
+  // Who wants to start a copy from now on is to wait for the end of this one.
+  if (named_) named_->unregisterObject(kBusPath);
+  QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+void LinuxApplication::setLostDisplayHandler(std::function<void()> handler) {
+  lostDisplayHandler = std::move(handler);
+}
+
+void LinuxApplication::setReopenHandler(std::function<void()> handler) {
+  reopen_ = std::move(handler);
+}
+
+void LinuxApplication::setResumeHandler(std::function<void()> handler) {
+  sleepWatch_.reset();
+  if (!handler) return;
+  sleepWatch_ = std::make_unique<SleepWatch>(QDBusConnection::systemBus(), std::move(handler));
+}
+
+void LinuxApplication::endOnSignals() {
+  if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+  signalNotifier_ = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
+  QObject::connect(signalNotifier_.get(), &QSocketNotifier::activated, this,
+                   [this] { terminate(); });
+  struct sigaction action {};
+  action.sa_handler = noteSignal;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    sigaction(signal, &action, nullptr);
+}
+
+}  // namespace Hilalor::Desktop
+
+#include "LinuxApplication.moc"

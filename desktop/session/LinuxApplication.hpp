@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "desktop/session/SessionBus.hpp"
+#include "desktop/session/SleepWatch.hpp"
+#include "platform/Application.hpp"
+#include "platform/Signal.hpp"
+
+namespace Hilalor::Desktop {
+
+/// The program on the session bus and among the processes: one copy a session, ended by SIGTERM,
+/// SIGINT, SIGHUP and the end of the session with status 0. A second SIGTERM or SIGINT ends it even
+/// where the first got stuck. Needs a QApplication. Main thread.
+class LinuxApplication final : public QObject, public Application {
+  Q_OBJECT
+
+ public:
+  LinuxApplication();
+  ~LinuxApplication() override;
+
+  /// Takes the program's name on the session bus. False when another copy has it; that copy was
+  /// then asked to show itself. One that is just ending is waited for. True where there is no
+  /// session bus to ask.
+  [[nodiscard]] bool becomeTheRunningCopy();
+
+  /// Takes the name again when the bus was lost and another has come. Should a copy have started
+  /// in between, this one ends. The bus must live as long as its changes are to be heard.
+  void remainTheRunningCopy(SessionBus& sessionBus);
+
+  /// Runs when the display goes from under the program, which ends then and destroys nothing. The
+  /// display may not be used any more.
+  static void setLostDisplayHandler(std::function<void()> handler);
+
+  // Application
+  void terminate() override;
+  void setReopenHandler(std::function<void()> handler) override;
+  void setResumeHandler(std::function<void()> handler) override;
+
+ private:
+  void takeNameOn(QDBusConnection bus);
+  void endOnSignals();
+
+  std::optional<QDBusConnection> named_;  // Where the name is, or was asked for, last.
+  Subscription ofBus_;
+  std::function<void()> reopen_;
+  std::unique_ptr<SleepWatch> sleepWatch_;
+  std::unique_ptr<QSocketNotifier> signalNotifier_;
+};
+
+}  // namespace Hilalor::Desktop

@@ -1,0 +1,160 @@
+#include <QApplication>
+#include <QDBusConnection>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/LinuxScreens.hpp"
+#include "desktop/item/LinuxStatusBar.hpp"
+#include "desktop/notifications/LinuxNotificationCenter.hpp"
+#include "desktop/panel/ColorSchemeSetting.hpp"
+#include "desktop/panel/LinuxMouseMonitor.hpp"
+#include "desktop/place/GeoClueLocationService.hpp"
+#include "desktop/place/OfflineAtlas.hpp"
+#include "desktop/place/OfflineGeocoder.hpp"
+#include "desktop/process/CodePages.hpp"
+#include "desktop/process/QtRunLoop.hpp"
+#include "desktop/process/Resources.hpp"
+#include "desktop/process/SystemClock.hpp"
+#include "desktop/session/BusProbe.hpp"
+#include "desktop/session/LinuxApplication.hpp"
+#include "desktop/session/LinuxWorkspace.hpp"
+#include "desktop/session/SessionBus.hpp"
+#include "desktop/sound/LinuxSoundService.hpp"
+#include "desktop/store/SqliteDefaultsStore.hpp"
+#include "platform/Platform.hpp"
+#include "program/ScreenSurfaces.hpp"
+#include "rules/SharedObjects.hpp"
+#include "rules/bar/AppDelegate.hpp"
+
+#ifdef HILALOR_RELEASE_FEED
+#include "desktop/updates/FeedUpdater.hpp"
+#include "rules/settings/ProgramFacts.hpp"
+#endif
+
+namespace {
+
+using namespace Hilalor;
+using namespace Hilalor::Desktop;
+using Hilalor::Program::ScreenSurfaces;
+
+// By then the item is in its bar, whatever that took.
+constexpr Seconds kStarted{5};
+
+constexpr std::chrono::seconds kShutdownPatience{2};
+
+// Nothing touches the location service before the user was asked, which the first run does.
+GeoClueLocationService::Contact firstContact(const DefaultsStore& defaults) {
+  return AppDelegate::didRequestLocation(defaults) ? GeoClueLocationService::Contact::atStart
+                                                   : GeoClueLocationService::Contact::whenAsked;
+}
+
+// The user's own recordings and beeps go before the program's.
+std::vector<std::filesystem::path> soundFolders() {
+  return {userDataFolder() / "hilalor/sounds", resourceFolder() / "sounds"};
+}
+
+// None in a build that was given no list of releases.
+std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
+                                     [[maybe_unused]] const Clock& clock,
+                                     [[maybe_unused]] Workspace& workspace) {
+#ifdef HILALOR_RELEASE_FEED
+  return std::make_unique<FeedUpdater>(
+      loop, clock, workspace,
+      FeedUpdater::Program{
+          .version = kVersion, .feed = HILALOR_RELEASE_FEED, .downloadPage = kWebSite});
+#else
+  return nullptr;
+#endif
+}
+
+// How this desktop answers everything that is asked of it. The shared objects go before it does.
+class LinuxDesktop {
+ public:
+  explicit LinuxDesktop(LinuxApplication& application)
+      : platform_{.application = application,
+                  .clock = clock_,
+                  .loop = loop_,
+                  .defaults = defaults_,
+                  .statusBar = statusBar_,
+                  .surfaces = surfaces_,
+                  .screens = screens_,
+                  .mouse = mouse_,
+                  .location = location_,
+                  .geocoder = geocoder_,
+                  .atlas = atlas_,
+                  .notifications = notifications_,
+                  .sounds = sounds_,
+                  .workspace = &workspace_,
+                  .updater = updater_.get(),
+                  .soundFolders = soundFolders()} {
+    Platform::install(&platform_);
+    application.remainTheRunningCopy(sessionBus_);
+    LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
+    if (!defaults_.isRead()) contactLaterIfAsked();
+  }
+  LinuxDesktop(const LinuxDesktop&) = delete;
+  LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+  ~LinuxDesktop() {
+    resetSharedObjects();
+    Platform::install(nullptr);
+    LinuxApplication::setLostDisplayHandler({});
+    defaults_.close();
+    // Work on other threads uses what goes next. What hangs there is left behind.
+    if (!loop_.endBackgroundWork(kShutdownPatience)) std::_Exit(EXIT_SUCCESS);
+  }
+
+ private:
+  // The store tells only when it can be read that the user was asked in an earlier run.
+  void contactLaterIfAsked() {
+    cameIn_ = defaults_.cameIn.subscribe([this] {
+      if (AppDelegate::didRequestLocation(defaults_)) location_.requestWhenInUseAuthorization();
+    });
+  }
+
+  SystemClock clock_;
+  QtRunLoop loop_;
+  SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
+  SessionBus sessionBus_{loop_};
+  LinuxStatusBar statusBar_{loop_, sessionBus_, defaults_, resourceFolder() / "item"};
+  ScreenSurfaces surfaces_{resourceFolder() / "AppIcon.png"};
+  LinuxScreens screens_;
+  LinuxMouseMonitor mouse_;
+  ColorSchemeSetting colorScheme_{sessionBus_};
+  GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
+  OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
+  OfflineAtlas atlas_{resourceFolder() / "geodata", loop_};
+  LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
+  LinuxSoundService sounds_{loop_, soundFolders()};
+  LinuxWorkspace workspace_;
+  std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
+  Platform platform_;
+  Subscription cameIn_;
+  Subscription busChanged_ = sessionBus_.changed.subscribe([this] { notifications_.busChanged(); });
+};
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const bool isChosen = chooseX11();
+  std::optional<SilentBusesHidden> buses(std::in_place);
+  QApplication qtApplication(argc, argv);
+  buses.reset();
+  if (isChosen) forgetChoice();
+  QApplication::setApplicationName("hilalor");
+  QApplication::setDesktopFileName("hilalor");
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  LinuxApplication application;
+  if (!application.becomeTheRunningCopy()) return EXIT_SUCCESS;
+  LinuxDesktop desktop(application);
+  AppDelegate delegate;
+  Platform::current().loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
+  // The start touches 31 MB of code and constants, most of it Qt's; a minute's work needs 14.
+  Platform::current().loop.after(kStarted, releaseCodePages);
+  return QApplication::exec();
+}

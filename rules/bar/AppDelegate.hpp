@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/DefaultsStore.hpp"
+#include "rules/bar/StatusBarController.hpp"
+
+namespace Hilalor {
+
+/// Answers the application's life: builds the item in the bar when the desktop says that launching
+/// has finished. Nothing is left to do at the end, since every change was stored when it was made.
+class AppDelegate {
+ public:
+  /// Starts looking for updates, where the build has a place to look.
+  AppDelegate();
+
+  /// Whether the first run has asked for the user's location.
+  [[nodiscard]] static bool didRequestLocation(const DefaultsStore& store);
+
+  /// Launching has finished: the item appears, and the first run asks for the user's location.
+  /// Where the store cannot be read yet, whether this is the first run is decided when it can.
+  void applicationDidFinishLaunching();
+
+ private:
+  void requestLocationOnFirstRun();
+
+  std::unique_ptr<StatusBarController> statusBarController_;
+  Subscription cameIn_;
+};
+
+}  // namespace Hilalor

@@ -1,0 +1,84 @@
+#include "rules/prayer/PrayerCourse.hpp"
+
+#include <cmath>
+
+#include "rules/prayer/PrayerTimesCalculator.hpp"
+
+namespace Hilalor {
+namespace {
+
+/// A prayer lies on the solar day of an instant or this many beside it, clocks of all zones
+/// counted.
+constexpr std::int64_t kDaysAside = 2;
+
+double civilDay(Date instant, const TimeZone& zone) {
+  return std::floor((instant.secondsSince1970 + zone.secondsFromUTC(instant)) / 86400);
+}
+
+std::optional<PrayerDay> prayerDay(SolarDays& days, std::int64_t number) {
+  const auto times = days.times(number);
+  if (!times) return std::nullopt;
+  return PrayerDay(*times, days.times(number - 1), days.times(number + 1));
+}
+
+/// The days that can have to do with the instants, in their order.
+std::vector<PrayerDay> daysAround(SolarDays& days, Date from, Date until) {
+  std::vector<PrayerDay> result;
+  const auto first = days.dayOf(from);
+  const auto last = days.dayOf(until);
+  if (!first || !last) return result;
+  for (auto number = *first - kDaysAside; number <= *last + kDaysAside; ++number) {
+    if (const auto day = prayerDay(days, number)) result.push_back(*day);
+  }
+  return result;
+}
+
+}  // namespace
+
+PrayerCourse::PrayerCourse(const AppSettings& settings) : settings_(settings) {}
+
+SolarDays& PrayerCourse::days(const EffectiveLocation& place) const {
+  const Adhan::Coordinates coordinates{place.latitude, place.longitude};
+  const auto parameters = PrayerTimesCalculator::parameters(settings_);
+  if (!days_ || !days_->areOf(coordinates, parameters)) days_.emplace(coordinates, parameters);
+  return *days_;
+}
+
+std::optional<PrayerDay> PrayerCourse::day(Date moment) const {
+  const auto place = settings_.effectiveLocation();
+  const auto wanted = civilDay(moment, place.timeZone);
+  for (const auto& day : daysAround(days(place), moment, moment)) {
+    if (civilDay(day.dhuhr(), place.timeZone) == wanted) return day;
+  }
+  return std::nullopt;
+}
+
+std::optional<CalledPrayer> PrayerCourse::next(Date now) const {
+  const auto place = settings_.effectiveLocation();
+  const auto tomorrow = civilDay(now, place.timeZone) + 1;
+  for (const auto& day : daysAround(days(place), now, now)) {
+    if (civilDay(day.dhuhr(), place.timeZone) > tomorrow) break;
+    for (const auto& prayer : day.called()) {
+      if (prayer.time > now) return prayer;
+    }
+  }
+  return std::nullopt;
+}
+
+std::vector<CalledPrayer> PrayerCourse::between(Date from, Date until) const {
+  std::vector<CalledPrayer> result;
+  const auto place = settings_.effectiveLocation();
+  for (const auto& day : daysAround(days(place), from, until)) {
+    for (const auto& prayer : day.called()) {
+      if (prayer.time >= from && prayer.time < until) result.push_back(prayer);
+    }
+  }
+  return result;
+}
+
+bool PrayerCourse::hasBegun(Date moment, Date now) const {
+  const auto zone = settings_.effectiveLocation().timeZone;
+  return civilDay(moment, zone) <= civilDay(now, zone);
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,234 @@
+#include "rules/prayer/PrayerNotificationManager.hpp"
+
+#include <utility>
+
+#include "platform/Platform.hpp"
+#include "rules/calendar/Uuid.hpp"
+#include "rules/prayer/PrayerTimesCalculator.hpp"
+
+namespace Hilalor {
+namespace {
+
+/// How long the title of an announcement without an athan stays.
+constexpr Seconds kTitleLingers{120.0};
+
+/// The pause after a beep that sounds once, and the wait where there is no such sound.
+constexpr Seconds kPauseAfterBeep{0.2};
+constexpr Seconds kWaitWithoutBeep{1.7};
+
+constexpr std::string_view kRecordingExtension = "mp3";
+constexpr std::string_view kSupplicationFile = "after_athan";
+
+std::unique_ptr<PrayerNotificationManager>& sharedManager() {
+  static std::unique_ptr<PrayerNotificationManager> manager;
+  return manager;
+}
+
+template <typename Sounding>
+void stopAndDrop(std::shared_ptr<Sounding>& sounding) {
+  if (const auto dropped = std::exchange(sounding, nullptr)) dropped->stop();
+}
+
+}  // namespace
+
+PrayerNotificationManager& PrayerNotificationManager::shared() {
+  auto& manager = sharedManager();
+  if (!manager) {
+    auto& platform = Platform::current();
+    manager = std::make_unique<PrayerNotificationManager>(AppSettings::shared(), platform.clock,
+                                                          platform.loop, platform.notifications,
+                                                          platform.sounds);
+  }
+  return *manager;
+}
+
+void PrayerNotificationManager::resetShared() {
+  sharedManager().reset();
+}
+
+PrayerNotificationManager::PrayerNotificationManager(const AppSettings& settings,
+                                                     const Clock& clock, RunLoop& loop,
+                                                     NotificationCenter& notifications,
+                                                     SoundService& sounds)
+    : settings_(settings),
+      clock_(clock),
+      loop_(loop),
+      notifications_(notifications),
+      sounds_(sounds) {
+  notifications_.setDelegate(this);
+}
+
+PrayerNotificationManager::~PrayerNotificationManager() {
+  notifications_.setDelegate(nullptr);
+}
+
+void PrayerNotificationManager::checkAndNotify() {
+  if (!settings_.prayerNotificationsEnabled) return;
+  const auto now = clock_.now();
+  const auto due = duePrayer(course_, announced_, now);
+  if (!due) return;
+  announced_.add(*due, now);
+  deliver(std::string(displayName(due->prayer)));
+}
+
+void PrayerNotificationManager::deliver(const std::string& name) {
+  const auto elements = announcementElements(settings_);
+  if (elements.banner) postBanner("🕌 " + name, "It's time for " + name + " prayer");
+  activeAthanTitle.assign(name + " Athan");
+  if (!elements.beep) {
+    followBeep(elements);
+    return;
+  }
+  beepSound_ = sounds_.soundNamed(elements.beep->sound);
+  if (elements.beep->loopLength) {
+    beepInLoop(*elements.beep->loopLength, elements);
+  } else {
+    beepOnce(elements);
+  }
+}
+
+void PrayerNotificationManager::beepOnce(const AnnouncementElements& elements) {
+  if (beepSound_) beepSound_->play();
+  const auto wait = beepSound_ ? beepSound_->duration() + kPauseAfterBeep : kWaitWithoutBeep;
+  loop_.after(wait, whileAlive([this, elements] { followBeep(elements); }));
+}
+
+void PrayerNotificationManager::beepInLoop(Seconds length, const AnnouncementElements& elements) {
+  if (beepSound_) {
+    beepSound_->setLoops(true);
+    beepSound_->play();
+  }
+  const auto end = [this, elements, sound = std::weak_ptr(beepSound_)] {
+    // The beep of a later announcement goes on.
+    if (sound.lock() == beepSound_) stopAndDrop(beepSound_);
+    followBeep(elements);
+  };
+  beepLoopStopTimer_.schedule(loop_, length, whileAlive(end));
+}
+
+void PrayerNotificationManager::followBeep(const AnnouncementElements& elements) {
+  if (!elements.athan) {
+    scheduleCleanup();
+    return;
+  }
+  pendingDua_ = elements.athan->supplicationFollows;
+  playAthan(elements.athan->file, elements.athan->voice);
+}
+
+void PrayerNotificationManager::scheduleCleanup() {
+  athanTitleTimer_.schedule(loop_, kTitleLingers,
+                            whileAlive([this] { activeAthanTitle.assign(std::nullopt); }));
+}
+
+void PrayerNotificationManager::postBanner(const std::string& title, const std::string& body) {
+  checkAuthorizationStatus([this, title, body](NotificationAuthorization status) {
+    if (status != NotificationAuthorization::authorized) return;
+    notifications_.add({Uuid::random().string(), title, body});
+  });
+}
+
+void PrayerNotificationManager::requestPermission(std::function<void(bool granted)> completion) {
+  notifications_.requestAuthorization(
+      NotificationOptions::alert | NotificationOptions::sound,
+      [weak = std::weak_ptr(self_), completion = std::move(completion)](bool granted) {
+        if (completion && !weak.expired()) completion(granted);
+      });
+}
+
+void PrayerNotificationManager::checkAuthorizationStatus(
+    std::function<void(NotificationAuthorization)> completion) {
+  notifications_.authorizationStatus(
+      [weak = std::weak_ptr(self_),
+       completion = std::move(completion)](NotificationAuthorization status) {
+        if (!weak.expired()) completion(status);
+      });
+}
+
+NotificationOptions PrayerNotificationManager::willPresent(const NotificationRequest&) {
+  return NotificationOptions::banner | NotificationOptions::sound;
+}
+
+void PrayerNotificationManager::playAthan(std::string_view file,
+                                          std::optional<AthanVoice> previewVoice) {
+  const auto recording = sounds_.resource(file, kRecordingExtension);
+  if (!recording) {
+    sounds_.beep();
+    return;
+  }
+  open(*recording, [this, previewVoice](std::shared_ptr<AudioPlayer> player) {
+    if (!player) {
+      sounds_.beep();
+      return;
+    }
+    start(athanPlayer_, std::move(player));
+    if (previewVoice) playingVoice.assign(previewVoice);
+  });
+}
+
+void PrayerNotificationManager::playDua() {
+  const auto recording = sounds_.resource(kSupplicationFile, kRecordingExtension);
+  if (!recording) return;
+  open(*recording, [this](std::shared_ptr<AudioPlayer> player) {
+    if (!player) return;
+    start(duaPlayer_, std::move(player));
+    playingDua.assign(true);
+  });
+}
+
+void PrayerNotificationManager::open(const std::filesystem::path& recording,
+                                     std::function<void(std::shared_ptr<AudioPlayer>)> then) {
+  loop_.inBackground([&sounds = sounds_, recording, weak = std::weak_ptr(self_),
+                      then = std::move(then)]() -> RunLoop::Task {
+    return [weak, then, player = sounds.player(recording)] {
+      if (!weak.expired()) then(player);
+    };
+  });
+}
+
+void PrayerNotificationManager::start(std::shared_ptr<AudioPlayer>& place,
+                                      std::shared_ptr<AudioPlayer> player) {
+  player->setDelegate(this);
+  place = std::move(player);
+  place->play();
+}
+
+void PrayerNotificationManager::audioPlayerDidFinishPlaying(AudioPlayer& player,
+                                                            bool /*successfully*/) {
+  const bool supplicationFollows =
+      athanPlayer_.get() == &player && std::exchange(pendingDua_, false);
+  playingVoice.assign(std::nullopt);
+  if (supplicationFollows) {
+    athanPlayer_.reset();
+    playDua();
+    return;
+  }
+  athanPlayer_.reset();
+  duaPlayer_.reset();
+  playingDua.assign(false);
+  activeAthanTitle.assign(std::nullopt);
+}
+
+void PrayerNotificationManager::stopAll() {
+  stopAndDrop(beepSound_);
+  beepLoopStopTimer_.invalidate();
+  stopAndDrop(athanPlayer_);
+  stopAndDrop(duaPlayer_);
+  pendingDua_ = false;
+  playingVoice.assign(std::nullopt);
+  playingDua.assign(false);
+  athanTitleTimer_.invalidate();
+  activeAthanTitle.assign(std::nullopt);
+}
+
+void PrayerNotificationManager::stopDua() {
+  stopAndDrop(duaPlayer_);
+  playingDua.assign(false);
+}
+
+RunLoop::Task PrayerNotificationManager::whileAlive(RunLoop::Task task) const {
+  return [weak = std::weak_ptr(self_), task = std::move(task)] {
+    if (!weak.expired()) task();
+  };
+}
+
+}  // namespace Hilalor

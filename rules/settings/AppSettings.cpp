@@ -1,0 +1,87 @@
+#include "rules/settings/AppSettings.hpp"
+
+#include <algorithm>
+#include <memory>
+
+#include "platform/Platform.hpp"
+
+namespace Hilalor {
+namespace {
+
+std::unique_ptr<AppSettings>& sharedSettings() {
+  static std::unique_ptr<AppSettings> settings;
+  return settings;
+}
+
+EffectiveLocation fallbackLocation() {
+  return {24.6877, 46.7219, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
+}
+
+bool isSound(const std::filesystem::path& file) {
+  auto extension = file.extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return extension == ".aiff";
+}
+
+}  // namespace
+
+AppSettings& AppSettings::shared() {
+  auto& settings = sharedSettings();
+  if (!settings) {
+    settings =
+        std::make_unique<AppSettings>(Platform::current().defaults, LocationManager::shared());
+  }
+  return *settings;
+}
+
+void AppSettings::resetShared() {
+  sharedSettings().reset();
+}
+
+AppSettings::AppSettings(DefaultsStore& store, const LocationManager& locationManager)
+    : store_(store), locationManager_(locationManager) {}
+
+EffectiveLocation AppSettings::effectiveLocation() const {
+  return locationMode == LocationMode::manual ? manualLocation() : automaticLocation();
+}
+
+EffectiveLocation AppSettings::manualLocation() const {
+  // The Gulf of Guinea, where nobody lives: the place was never set.
+  if (manualLatitude == 0.0 && manualLongitude == 0.0) return fallbackLocation();
+  const auto zone = TimeZone::named(manualTimeZoneId.value());
+  const auto& name = manualLocationName.value();
+  return {manualLatitude, manualLongitude, name.empty() ? "Custom Location" : name,
+          zone ? *zone : TimeZone::current()};
+}
+
+EffectiveLocation AppSettings::automaticLocation() const {
+  const auto& coordinate = locationManager_.coordinate.value();
+  if (!coordinate) return fallbackLocation();
+  const auto& name = locationManager_.locationName.value();
+  // The fix may be weeks old, and the zone's rules have changed since.
+  const auto& zone = locationManager_.detectedTimeZone.value();
+  return {coordinate->latitude, coordinate->longitude, name.empty() ? "My Location" : name,
+          TimeZone::named(zone.identifier()).value_or(zone)};
+}
+
+std::vector<std::string> AppSettings::systemSoundNames() {
+  return soundNames(Platform::current().soundFolders);
+}
+
+std::vector<std::string> soundNames(const std::vector<std::filesystem::path>& folders) {
+  std::vector<std::string> names;
+  for (const auto& folder : folders) {
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+      if (isSound(entry->path())) names.push_back(entry->path().stem().string());
+    }
+  }
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
+}
+
+}  // namespace Hilalor

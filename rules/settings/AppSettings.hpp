@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "datetime/TimeZone.hpp"
+#include "platform/DefaultsStore.hpp"
+#include "platform/Signal.hpp"
+#include "rules/settings/LocationManager.hpp"
+#include "rules/settings/Setting.hpp"
+#include "rules/settings/SettingsValues.hpp"
+
+namespace Hilalor {
+
+/// The place that prayer times are computed for.
+struct EffectiveLocation {
+  double latitude = 0;   ///< Degrees, north positive.
+  double longitude = 0;  ///< Degrees, east positive.
+  std::string name;
+  TimeZone timeZone;
+
+  friend bool operator==(const EffectiveLocation&, const EffectiveLocation&) = default;
+};
+
+/// Every preference of the user. Loading reads the store and writes nothing; each assignment is
+/// told and then written at once. What cannot be read takes its default. Main thread.
+class AppSettings {
+ private:
+  // First of all, since every preference below loads from the store.
+  DefaultsStore& store_;
+  const LocationManager& locationManager_;
+
+ public:
+  /// The process's settings, built over the installed platform on first use.
+  [[nodiscard]] static AppSettings& shared();
+
+  /// Drops the shared settings, so that the next use builds others. For tests.
+  static void resetShared();
+
+  AppSettings(DefaultsStore& store, const LocationManager& locationManager);
+
+  /// Whether every change is stored by now.
+  [[nodiscard]] Published<bool>& isKept() { return store_.isKept; }
+
+  /// Told before any preference changes.
+  Signal<> willChange;
+
+  Setting<MenuBarStyle> menuBarStyle{store_, willChange, "menuBarStyle", MenuBarStyle::date};
+  Setting<PrimaryCalendar> primaryCalendar{store_, willChange, "primaryCalendar",
+                                           PrimaryCalendar::gregorian};
+  Setting<bool> showSecondaryCalendar{store_, willChange, "showSecondaryCalendar", true};
+  Setting<bool> showHolidays{store_, willChange, "showHolidays", true};
+  Setting<bool> showCalendar{store_, willChange, "showCalendar", true};
+  Setting<LocationMode> locationMode{store_, willChange, "locationMode", LocationMode::automatic};
+  Setting<double> manualLatitude{store_, willChange, "manualLatitude", 0.0};
+  Setting<double> manualLongitude{store_, willChange, "manualLongitude", 0.0};
+  Setting<std::string> manualLocationName{store_, willChange, "manualLocationName", ""};
+  /// An identifier of a time zone; until it is first assigned, the machine's at the time of
+  /// loading.
+  Setting<std::string> manualTimeZoneId{store_, willChange, "manualTimeZoneId",
+                                        TimeZone::current().identifier()};
+  Setting<bool> showPrayerTimes{store_, willChange, "showPrayerTimes", true};
+  Setting<bool> showSunnahTimes{store_, willChange, "showSunnahTimes", false};
+  Setting<PrayerCalculationMethod> calculationMethod{store_, willChange, "calculationMethod",
+                                                     PrayerCalculationMethod::ummAlQura};
+  Setting<AsrCalculation> asrCalculation{store_, willChange, "asrCalculation",
+                                         AsrCalculation::shafi};
+  Setting<bool> prayerNotificationsEnabled{store_, willChange, "prayerNotificationsEnabled", false};
+  Setting<bool> notificationBannerEnabled{store_, willChange, "notificationBannerEnabled", true};
+  Setting<bool> beepSoundEnabled{store_, willChange, "beepSoundEnabled", false};
+  /// One of `systemSoundNames`.
+  Setting<std::string> selectedBeepSound{store_, willChange, "selectedBeepSound", "Glass"};
+  Setting<bool> beepLoopEnabled{store_, willChange, "beepLoopEnabled", false};
+  Setting<std::int64_t> beepLoopSeconds{store_, willChange, "beepLoopSeconds", 10};
+  Setting<bool> athanEnabled{store_, willChange, "athanEnabled", false};
+  Setting<AthanVoice> athanVoice{store_, willChange, "athanVoice", AthanVoice::vemran};
+  Setting<bool> playBeepBeforeAthan{store_, willChange, "playBeepBeforeAthan", false};
+  Setting<bool> playDuaAfterAthan{store_, willChange, "playDuaAfterAthan", false};
+  Setting<AppTheme> theme{store_, willChange, "appTheme", AppTheme::system};
+
+  /// Where prayer times are computed for: the user's manual place or the location service's fix, as
+  /// `locationMode` says, and Riyadh where the chosen source has nothing. Computed at every call.
+  [[nodiscard]] EffectiveLocation effectiveLocation() const;
+
+  /// The beeps there are, by name and sorted; the sound folders are listed at every call.
+  [[nodiscard]] static std::vector<std::string> systemSoundNames();
+
+ private:
+  [[nodiscard]] EffectiveLocation manualLocation() const;
+  [[nodiscard]] EffectiveLocation automaticLocation() const;
+};
+
+/// The names of the AIFF files in the folders: without extension, sorted bytewise, each once. A
+/// folder that cannot be listed has none.
+[[nodiscard]] std::vector<std::string> soundNames(
+    const std::vector<std::filesystem::path>& folders);
+
+}  // namespace Hilalor

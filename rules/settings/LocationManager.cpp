@@ -1,0 +1,90 @@
+#include "rules/settings/LocationManager.hpp"
+
+#include "platform/Platform.hpp"
+
+namespace Hilalor {
+namespace {
+
+std::unique_ptr<LocationManager>& sharedManager() {
+  static std::unique_ptr<LocationManager> manager;
+  return manager;
+}
+
+/// The finest part of the place that is known.
+std::string nameOf(const Placemark& place) {
+  for (const auto& part : {place.locality, place.administrativeArea, place.country}) {
+    if (part) return *part;
+  }
+  return "My Location";
+}
+
+}  // namespace
+
+LocationManager& LocationManager::shared() {
+  auto& manager = sharedManager();
+  if (!manager) {
+    auto& platform = Platform::current();
+    manager =
+        std::make_unique<LocationManager>(platform.location, platform.geocoder, platform.loop);
+  }
+  return *manager;
+}
+
+void LocationManager::resetShared() {
+  sharedManager().reset();
+}
+
+LocationManager::LocationManager(LocationService& service, Geocoder& geocoder, RunLoop& loop)
+    : manager(service), geocoder_(geocoder), loop_(loop) {
+  manager.setDelegate(this);
+  authStatus.assign(manager.authorizationStatus());
+}
+
+LocationManager::~LocationManager() {
+  manager.setDelegate(nullptr);
+}
+
+void LocationManager::lookAgain() {
+  manager.askAgain();
+  retryFix();
+}
+
+void LocationManager::retryFix() {
+  if (!isFixMissing_ || manager.authorizationStatus() != AuthorizationStatus::authorizedAlways) {
+    return;
+  }
+  isFixMissing_ = false;
+  manager.requestLocation();
+}
+
+void LocationManager::locationServiceDidChangeAuthorization() {
+  loop_.post([weak = std::weak_ptr(self_)] {
+    if (const auto self = weak.lock()) self->authStatus.assign(self->manager.authorizationStatus());
+  });
+  if (manager.authorizationStatus() == AuthorizationStatus::authorizedAlways) {
+    isFixMissing_ = false;
+    manager.requestLocation();
+  }
+}
+
+void LocationManager::locationServiceDidUpdate(const std::vector<LocationCoordinate>& locations) {
+  if (locations.empty()) return;
+  isFixMissing_ = false;
+  const auto latest = locations.back();
+  const std::weak_ptr weak(self_);
+  loop_.post([weak, latest] {
+    if (const auto self = weak.lock()) self->coordinate.assign(latest);
+  });
+  geocoder_.reverseGeocode(latest, [weak](const std::vector<Placemark>& placemarks) {
+    if (const auto self = weak.lock()) self->take(placemarks);
+  });
+}
+
+void LocationManager::take(const std::vector<Placemark>& placemarks) {
+  if (placemarks.empty()) return;
+  const auto& place = placemarks.front();
+  locationName.assign(nameOf(place));
+  detectedTimeZone.assign(place.timeZone ? *place.timeZone : TimeZone::current());
+}
+
+}  // namespace Hilalor

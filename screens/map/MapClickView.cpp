@@ -1,0 +1,111 @@
+#include "screens/map/MapClickView.hpp"
+
+#include <QStringList>
+#include <utility>
+
+#include "platform/Platform.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr double kSpanAroundPlace = 5;
+constexpr MapRegion kRegionWithoutPlace{
+    .centre = {.latitude = 24, .longitude = 45}, .latitudeSpan = 90, .longitudeSpan = 120};
+// A place that was looked for is shown with its surroundings.
+constexpr double kSpanAroundFound = 2;
+
+constexpr std::size_t kMatches = 7;
+constexpr int kSearchMargin = 8;
+
+MapRegion around(LocationCoordinate centre, double span) {
+  return {.centre = centre, .latitudeSpan = span, .longitudeSpan = span};
+}
+
+}  // namespace
+
+/// Receives what was chosen on the map and hands it on.
+class MapClickView::Coordinator : public std::enable_shared_from_this<Coordinator> {
+ public:
+  explicit Coordinator(MapClickView& view) : parent(view) {}
+
+  MapClickView& parent;  // Whose end is the coordinator's too.
+
+  void tapped(QPointF place) { tapped(parent.map_->coordinateAt(place)); }
+
+  void tapped(LocationCoordinate coordinate) {
+    Platform::current().loop.post([weak = weak_from_this(), coordinate] {
+      const auto self = weak.lock();
+      if (!self) return;
+      self->parent.pin_.assign(coordinate);
+      self->parent.onTap_(coordinate);
+      self->parent.redraw();
+    });
+  }
+};
+
+MapClickView::MapClickView(Pin pin, std::optional<LocationCoordinate> initialCoordinate,
+                           std::function<void(LocationCoordinate)> onTap)
+    : pin_(std::move(pin)),
+      onTap_(std::move(onTap)),
+      coordinator_(std::make_shared<Coordinator>(*this)) {
+  setBody(map(initialCoordinate));
+  addSearch();
+  setFocusProxy(map_);
+  redraw();
+}
+
+MapClickView::~MapClickView() = default;
+
+QWidget* MapClickView::map(std::optional<LocationCoordinate> initialCoordinate) {
+  map_ = new MapView(Platform::current().atlas.open());
+  // What was stored may be anything.
+  map_->setRegion(initialCoordinate && isOnGlobe(*initialCoordinate)
+                      ? around(*initialCoordinate, kSpanAroundPlace)
+                      : kRegionWithoutPlace);
+  map_->onClick = [this](QPointF place) { coordinator_->tapped(place); };
+  map_->onType = [this](const QString& text) { search_->open(text); };
+  atRedraw([this] { updatePin(); });
+  return map_;
+}
+
+void MapClickView::updatePin() {
+  std::optional<MapAnnotation> annotation;
+  const auto pin = pin_.value();
+  if (pin && isOnGlobe(*pin)) annotation = {*pin, QStringLiteral("Prayer Location")};
+  map_->setAnnotation(std::move(annotation));
+}
+
+void MapClickView::addSearch() {
+  search_ = new SearchField(QStringLiteral("Find a place"),
+                            {.find = [this](const QString& text) { return find(text); },
+                             .onChoose = [this](std::size_t index) { goTo(found_[index]); },
+                             .onClose = [this] { map_->setFocus(); }});
+  search_->setParent(map_);
+}
+
+std::vector<Suggestion> MapClickView::find(const QString& text) {
+  found_ = map_->map().search(text.toStdString(), kMatches);
+  std::vector<Suggestion> suggestions;
+  for (const FoundPlace& place : found_) {
+    QStringList detail;
+    for (const std::string& part : {place.area, place.country})
+      if (!part.empty()) detail.append(QString::fromStdString(part));
+    suggestions.push_back({QString::fromStdString(place.name), detail.join(QStringLiteral(", "))});
+  }
+  return suggestions;
+}
+
+void MapClickView::goTo(const FoundPlace& place) {
+  map_->setRegion(around(place.coordinate, kSpanAroundFound));
+  coordinator_->tapped(place.coordinate);
+}
+
+void MapClickView::resizeEvent(QResizeEvent* event) {
+  View::resizeEvent(event);
+  search_->move(width() - kSearchMargin - search_->width(), kSearchMargin);
+}
+
+}  // namespace Hilalor::Screens

@@ -1,0 +1,198 @@
+#include "screens/panel/DayCellView.hpp"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <vector>
+
+#include "screens/panel/NoteEditorView.hpp"
+#include "ui/FocusRing.hpp"
+#include "ui/TextStyle.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr QSize kCellSize{32, 40};
+constexpr QSizeF kMarkSize{30, 36};
+constexpr double kMarkRadius = 7;
+constexpr double kWeekendFillOpacity = 0.1;
+constexpr double kOutlineWidth = 1.2;
+constexpr double kNoteOutlineOpacity = 0.8;
+constexpr double kSelectionWidth = 1.8;
+
+constexpr int kDayTypeSize = 12;
+constexpr int kSecondaryTypeSize = 8;
+constexpr int kContentSpacing = 1;
+constexpr double kSecondaryTodayOpacity = 0.85;
+constexpr double kSecondaryWeekendOpacity = 0.7;
+
+constexpr double kDotSide = 3;
+constexpr double kDotSpacing = 2;
+constexpr double kDotRowHeight = 4;
+constexpr double kTodayDotOpacity = 0.9;
+
+QColor dayInk(const DayCell& cell, const Colors& colors) {
+  if (cell.isToday) return colors.white;
+  return cell.isWeekend ? colors.accent : colors.primary;
+}
+
+QColor secondaryInk(const DayCell& cell, const Colors& colors) {
+  if (cell.isToday) return faded(colors.white, kSecondaryTodayOpacity);
+  if (cell.isNewSecondary) return colors.accent;
+  if (cell.isWeekend) return faded(colors.accent, kSecondaryWeekendOpacity);
+  return colors.secondary;
+}
+
+/// The dots under the numbers, from left to right.
+std::vector<QColor> dots(const ShownDay& day, const Colors& colors) {
+  const DayCell& cell = day.cell;
+  const QColor onToday = faded(colors.white, kTodayDotOpacity);
+  std::vector<QColor> dots;
+  if (!cell.holidayLabel.empty()) dots.push_back(cell.isToday ? onToday : colors.accent);
+  if (day.hasNote) dots.push_back(cell.isToday ? onToday : colors.yellow);
+  return dots;
+}
+
+}  // namespace
+
+DayCellView::DayCellView(NotesStore& store, DayCellEvents events)
+    : store_(store), events_(std::move(events)) {
+  setFixedSize(kCellSize);
+  setMouseTracking(true);
+  setFocusPolicy(Qt::NoFocus);
+  connect(this, &QAbstractButton::clicked, this, [this] {
+    if (day_ && events_.onSelect) events_.onSelect();
+  });
+}
+
+QSize DayCellView::sizeHint() const {
+  return kCellSize;
+}
+
+void DayCellView::show(const std::optional<ShownDay>& day) {
+  if (day == day_) return;
+  day_ = day;
+  setEnabled(day.has_value());
+  setAccessibleName(day ? day->spokenName : QString());
+  update();
+}
+
+void DayCellView::paintEvent(QPaintEvent*) {
+  if (!day_) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  paintMarks(painter);
+  paintContent(painter);
+  paintFocusRing(painter, *this, kMarkRadius);
+}
+
+void DayCellView::paintMarks(QPainter& painter) const {
+  const Colors& colors = Colors::of(*this);
+  QRectF mark(QPointF(), kMarkSize);
+  mark.moveCenter(QRectF(rect()).center());
+  const auto fill = [&](const QColor& color) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(mark, kMarkRadius, kMarkRadius);
+  };
+  const auto outline = [&](const QColor& color, double width) {
+    painter.setPen(QPen(color, width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(mark, kMarkRadius, kMarkRadius);
+  };
+
+  const DayCell& cell = day_->cell;
+  if (cell.isToday) return fill(colors.accent);
+  if (cell.isWeekend) fill(faded(colors.accent, kWeekendFillOpacity));
+  if (cell.isNewSecondary) outline(colors.accent, kOutlineWidth);
+  if (day_->hasNote && !cell.isNewSecondary && !day_->isSelected)
+    outline(faded(colors.yellow, kNoteOutlineOpacity), kOutlineWidth);
+  if (day_->isSelected) outline(colors.accent, kSelectionWidth);
+}
+
+void DayCellView::paintContent(QPainter& painter) const {
+  const Colors& colors = Colors::of(*this);
+  const DayCell& cell = day_->cell;
+  const QFont dayFont = systemFont(kDayTypeSize, cell.isToday ? QFont::DemiBold : QFont::Normal);
+  const QFont secondaryFont =
+      systemFont(kSecondaryTypeSize, cell.isNewSecondary ? QFont::Bold : QFont::Normal);
+  const bool hasSecondary = day_->showsSecondary;
+  const double dayHeight = QFontMetricsF(dayFont).height();
+  const double secondaryHeight = hasSecondary ? QFontMetricsF(secondaryFont).height() : 0;
+  const bool hasDots = !cell.holidayLabel.empty() || day_->hasNote;
+  const double height = dayHeight + (hasSecondary ? kContentSpacing + secondaryHeight : 0) +
+                        kContentSpacing + (hasDots ? kDotRowHeight : 0);
+
+  double top = (kCellSize.height() - height) / 2;
+  const auto line = [&](const QFont& font, const QColor& ink, double lineHeight,
+                        const QString& text) {
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(QRectF(0, top, kCellSize.width(), lineHeight), Qt::AlignCenter, text);
+    top += lineHeight + kContentSpacing;
+  };
+  line(dayFont, dayInk(cell, colors), dayHeight, QString::number(cell.day));
+  if (hasSecondary) {
+    line(secondaryFont, secondaryInk(cell, colors), secondaryHeight,
+         QString::fromStdString(cell.secondaryDay));
+  }
+  paintDots(painter, top);
+}
+
+void DayCellView::paintDots(QPainter& painter, double top) const {
+  const auto row = dots(*day_, Colors::of(*this));
+  const auto count = static_cast<double>(row.size());
+  const double width = count * kDotSide + (count - 1) * kDotSpacing;
+  QRectF dot((kCellSize.width() - width) / 2, top + (kDotRowHeight - kDotSide) / 2, kDotSide,
+             kDotSide);
+  painter.setPen(Qt::NoPen);
+  for (const QColor& color : row) {
+    painter.setBrush(color);
+    painter.drawEllipse(dot);
+    dot.translate(kDotSide + kDotSpacing, 0);
+  }
+}
+
+void DayCellView::reportHover() const {
+  if (day_) events_.onHolidayHover(day_->hoverLabel);
+}
+
+void DayCellView::enterEvent(QEnterEvent* event) {
+  QAbstractButton::enterEvent(event);
+  reportHover();
+}
+
+void DayCellView::mouseMoveEvent(QMouseEvent* event) {
+  QAbstractButton::mouseMoveEvent(event);
+  if (rect().contains(event->position().toPoint())) reportHover();
+}
+
+void DayCellView::leaveEvent(QEvent* event) {
+  QAbstractButton::leaveEvent(event);
+  events_.onHolidayHover(QString());
+}
+
+void DayCellView::mouseDoubleClickEvent(QMouseEvent* event) {
+  // Not a second press: its release must not count as a click.
+  event->accept();
+  if (!day_ || event->button() != Qt::LeftButton) return;
+  events_.onSelectUndone();
+  openNote();
+}
+
+void DayCellView::keyPressEvent(QKeyEvent* event) {
+  // Arrow keys move the selection, which is the panel's to do.
+  if (event->key() == Qt::Key_Space) return QAbstractButton::keyPressEvent(event);
+  event->ignore();
+}
+
+void DayCellView::openNote() {
+  if (!day_ || note_ != nullptr) return;
+  note_ = new Popover(*this, new NoteEditorView(day_->cell.date, store_));
+  note_->onDismiss = [this] { std::exchange(note_, nullptr)->deleteLater(); };
+  note_->open();
+}
+
+}  // namespace Hilalor::Screens

@@ -1,0 +1,151 @@
+#include "screens/panel/PrayerTimesView.hpp"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "platform/Platform.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr int kSpacing = 5;
+constexpr Insets kDividerInset = Insets::sides(4);
+constexpr int kHeaderSpacing = 2;
+constexpr Insets kHeaderPadding{.top = 2, .bottom = 2};
+constexpr TextStyle kGregorianStyle{.size = 11, .weight = QFont::Medium};
+constexpr TextStyle kHijriStyle{.size = 10, .color = &Colors::secondary};
+constexpr TextStyle kPlaceStyle{.size = 9, .color = &Colors::secondary, .opacity = 0.7};
+// Places of rows: sunrise counted; the Sunnah times come after them.
+constexpr std::size_t kPrayers = 6;
+constexpr int kRowSpacing = 1;
+constexpr Insets kSunnahDividerPadding{.top = 2, .leading = 6, .bottom = 2, .trailing = 6};
+constexpr Insets kRowPadding{.top = 4, .leading = 6, .bottom = 4, .trailing = 6};
+constexpr int kRowTypeSize = 11;
+constexpr double kRowRadius = 6;
+constexpr Seconds kMinute{60};
+
+TextStyle rowStyle(const PrayerRow& row) {
+  TextStyle style{.size = kRowTypeSize};
+  if (row.isActive) {
+    style.weight = QFont::DemiBold;
+    style.color = &Colors::white;
+  } else if (row.isSunnah || row.isPast) {
+    style.color = &Colors::secondary;
+  }
+  return style;
+}
+
+/// The name of a prayer at one end, its time at the other.
+class PrayerRowView final : public View {
+ public:
+  PrayerRowView() { setBody(row({.padding = kRowPadding}, {name_, flexibleSpace(), time_})); }
+
+  void show(const PrayerRow& row) {
+    isActive_ = row.isActive;
+    for (Text* text : {name_, time_})
+      text->setStyle(rowStyle(row));
+    name_->setText(QString::fromStdString(row.name));
+    time_->setText(QString::fromStdString(row.time));
+    setAccessibleName(name_->text() + u' ' + time_->text());
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    if (!isActive_) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::of(*this).accent);
+    painter.drawRoundedRect(rect(), kRowRadius, kRowRadius);
+  }
+
+ private:
+  Text* name_ = new Text({.size = kRowTypeSize});
+  Text* time_ = new Text({.size = kRowTypeSize});
+  bool isActive_ = false;
+};
+
+}  // namespace
+
+PrayerTimesView::PrayerTimesView(Date displayDate)
+    : displayDate_(displayDate), now_(Platform::current().clock.now()) {
+  atRedraw([this] { prayers_ = prayerList(course_, displayDate_, now_); });
+  setBody(column({.spacing = kSpacing},
+                 {divider(kDividerInset), header(), divider(kDividerInset), prayerRows()}));
+
+  const auto changed = [this](const auto&...) { setNeedsRedraw(); };
+  changes_.push_back(settings_.willChange.subscribe(changed));
+  changes_.push_back(locationManager_.coordinate.subscribe(changed));
+  changes_.push_back(locationManager_.locationName.subscribe(changed));
+  changes_.push_back(locationManager_.detectedTimeZone.subscribe(changed));
+  changes_.push_back(locationManager_.authStatus.subscribe(changed));
+  redraw();
+}
+
+PrayerTimesView::~PrayerTimesView() = default;
+
+void PrayerTimesView::setDisplayDate(Date displayDate) {
+  if (displayDate == displayDate_) return;
+  displayDate_ = displayDate;
+  // Past midnight another day is today.
+  now_ = Platform::current().clock.now();
+  redraw();
+}
+
+QWidget* PrayerTimesView::header() {
+  const auto line = [this](const TextStyle& style, std::string PrayerList::*text) {
+    return centred(
+        liveText(style, [this, text] { return QString::fromStdString(prayers_.*text); }));
+  };
+  return column(
+      {.spacing = kHeaderSpacing, .padding = kHeaderPadding},
+      {line(kGregorianStyle, &PrayerList::gregorianDate), line(kHijriStyle, &PrayerList::hijriDate),
+       line(kPlaceStyle, &PrayerList::placeName)});
+}
+
+QWidget* PrayerTimesView::prayerRows() {
+  auto* beforeSunnah =
+      onlyWhile([this] { return shownRow(kPrayers) != nullptr; }, divider(kSunnahDividerPadding));
+  return column({.spacing = kRowSpacing},
+                {prayerRow(0), prayerRow(1), prayerRow(2), prayerRow(3), prayerRow(4), prayerRow(5),
+                 beforeSunnah, prayerRow(6), prayerRow(7)});
+}
+
+QWidget* PrayerTimesView::prayerRow(std::size_t place) {
+  auto* row = onlyWhile([this, place] { return shownRow(place) != nullptr; }, new PrayerRowView);
+  atRedraw([this, place, row] {
+    if (const auto* shown = shownRow(place)) row->show(*shown);
+  });
+  return row;
+}
+
+const PrayerRow* PrayerTimesView::shownRow(std::size_t place) const {
+  const auto& rows = prayers_.rows;
+  const auto prayers = static_cast<std::size_t>(
+      std::ranges::count_if(rows, [](const PrayerRow& row) { return !row.isSunnah; }));
+  if (place < kPrayers) return place < prayers ? &rows[place] : nullptr;
+  const auto index = prayers + place - kPrayers;
+  return index < rows.size() ? &rows[index] : nullptr;
+}
+
+void PrayerTimesView::refreshNow() {
+  now_ = Platform::current().clock.now();
+  redraw();
+}
+
+void PrayerTimesView::showEvent(QShowEvent* event) {
+  View::showEvent(event);
+  refreshNow();
+  minuteTimer_ = Platform::current().loop.repeating(kMinute, [this] { refreshNow(); });
+}
+
+void PrayerTimesView::hideEvent(QHideEvent* event) {
+  View::hideEvent(event);
+  minuteTimer_.reset();
+}
+
+}  // namespace Hilalor::Screens

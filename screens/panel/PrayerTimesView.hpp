@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "datetime/Date.hpp"
+#include "platform/Clock.hpp"
+#include "platform/RunLoop.hpp"
+#include "platform/Signal.hpp"
+#include "rules/prayer/PrayerList.hpp"
+#include "rules/settings/AppSettings.hpp"
+#include "rules/settings/LocationManager.hpp"
+#include "ui/View.hpp"
+
+namespace Hilalor::Screens {
+
+/// The prayer times of a day, the next one to come highlighted. Looks at the clock every minute, so
+/// that the highlight moves on while the list is shown.
+class PrayerTimesView final : public Ui::View {
+ public:
+  /// Any moment of the day to show.
+  explicit PrayerTimesView(Date displayDate);
+  ~PrayerTimesView() override;
+
+  void setDisplayDate(Date displayDate);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  [[nodiscard]] QWidget* header();
+  [[nodiscard]] QWidget* prayerRows();
+  [[nodiscard]] QWidget* prayerRow(std::size_t place);
+
+  /// What stands at that place, of six for the prayers and two for the Sunnah times.
+  [[nodiscard]] const PrayerRow* shownRow(std::size_t place) const;
+  void refreshNow();
+
+  AppSettings& settings_ = AppSettings::shared();
+  PrayerCourse course_{settings_};
+  LocationManager& locationManager_ = LocationManager::shared();
+  Date displayDate_;
+  Date now_;
+  PrayerList prayers_;
+  std::unique_ptr<Timer> minuteTimer_;
+  std::vector<Subscription> changes_;
+};
+
+}  // namespace Hilalor::Screens

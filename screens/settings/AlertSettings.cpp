@@ -1,0 +1,144 @@
+#include "screens/settings/AlertSettings.hpp"
+
+#include <QPointer>
+#include <algorithm>
+#include <limits>
+
+#include "platform/Platform.hpp"
+#include "ui/Stepper.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr int kIndent = 24;
+constexpr Insets kIndented{.leading = kIndent};
+constexpr Insets kWarningPadding{.top = 2};
+constexpr Insets kAthanPadding{.top = 4, .leading = kIndent};
+constexpr int kAthanSpacing = 6;
+constexpr int kSpacing = 8;
+constexpr StepperRange kLoopSeconds{.lowest = 5, .highest = 120, .step = 5};
+
+/// The stored number may be any.
+int shownSeconds(std::int64_t seconds) {
+  using Limits = std::numeric_limits<int>;
+  return static_cast<int>(std::clamp<std::int64_t>(seconds, Limits::min(), Limits::max()));
+}
+
+}  // namespace
+
+AlertSettings::AlertSettings() {
+  observe(notifManager_.willChange);
+  setBody(column({.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
+                 {toggleRow("Notify me at prayer times", settings_.prayerNotificationsEnabled),
+                  onlyWhile([this] { return settings_.prayerNotificationsEnabled.value(); },
+                            whileEnabled())}));
+  // A subscriber is told of a value before it is in place.
+  watches_.push_back(settings_.prayerNotificationsEnabled.publisher().subscribe([this](bool isOn) {
+    if (isOn && !settings_.prayerNotificationsEnabled) requestPermission();
+  }));
+  watches_.push_back(
+      settings_.selectedBeepSound.publisher().subscribe([this](const std::string& name) {
+        if (name != settings_.selectedBeepSound.value()) playBeep(name);
+      }));
+  redraw();
+}
+
+QWidget* AlertSettings::whileEnabled() {
+  return column({.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
+                {groupDivider(), checkboxRow("Notification", settings_.notificationBannerEnabled),
+                 onlyWhile(
+                     [this] {
+                       return settings_.notificationBannerEnabled &&
+                              notificationStatus_ == NotificationAuthorization::denied;
+                     },
+                     blockedWarning()),
+                 checkboxRow("Beep Sound", settings_.beepSoundEnabled),
+                 onlyWhile([this] { return settings_.beepSoundEnabled.value(); }, beepRows()),
+                 checkboxRow("Athan", settings_.athanEnabled),
+                 onlyWhile([this] { return settings_.athanEnabled.value(); }, athanRows())});
+}
+
+QWidget* AlertSettings::blockedWarning() {
+  return padded(kWarningPadding,
+                warning({.title = "Notifications are blocked.",
+                         .advice = "Enable them in System Settings → Notifications → Hilalor.",
+                         .pane = SettingsPane::notifications,
+                         .symbolSize = 13,
+                         .titleSize = 12,
+                         .symbolSpacing = 8,
+                         .lineSpacing = 4}));
+}
+
+QWidget* AlertSettings::beepRows() {
+  auto* sound = greenPicker<std::string>(
+      "Beep sound", settings_.selectedBeepSound, [] { return AppSettings::systemSoundNames(); },
+      [](const std::string& name) { return QString::fromStdString(name); });
+  return column({.spacing = kRowSpacing, .padding = kIndented}, {sound, loopRow()});
+}
+
+QWidget* AlertSettings::loopRow() {
+  auto* seconds = new Stepper(kLoopSeconds, QStringLiteral(" sec"),
+                              [this](int value) { settings_.beepLoopSeconds = value; });
+  atRedraw([this, seconds] { seconds->setValue(shownSeconds(settings_.beepLoopSeconds)); });
+  return row(
+      {.spacing = kSpacing},
+      {checkboxRow("Loop for", settings_.beepLoopEnabled),
+       onlyWhile([this] { return settings_.beepLoopEnabled.value(); }, seconds), flexibleSpace()});
+}
+
+QWidget* AlertSettings::athanRows() {
+  return column({.spacing = kAthanSpacing, .padding = kAthanPadding},
+                {voiceRow("Sh. Vemran · Al-Masjid Al-Nabawi", AthanVoice::vemran, "athan"),
+                 voiceRow("Sh. Tolsar · Riyadh Grand Mosque", AthanVoice::tolsar, "athan2"),
+                 supplicationRow()});
+}
+
+QWidget* AlertSettings::voiceRow(const char* title, AthanVoice voice, const char* recording) {
+  auto* preview =
+      previewButton([this, voice] { return notifManager_.playingVoice.value() == voice; },
+                    [this, voice, recording] { previewVoice(voice, recording); },
+                    [this] { notifManager_.stopAll(); });
+  return row({.spacing = kSpacing},
+             {radioButton(title, settings_.athanVoice, voice), flexibleSpace(), preview});
+}
+
+QWidget* AlertSettings::supplicationRow() {
+  auto* preview = previewButton([this] { return notifManager_.playingDua.value(); },
+                                [this] {
+                                  notifManager_.stopDua();
+                                  notifManager_.playDua();
+                                },
+                                [this] { notifManager_.stopDua(); });
+  return row({.padding = kIndented},
+             {checkboxRow("Play after Athan supplication", settings_.playDuaAfterAthan),
+              flexibleSpace(), preview});
+}
+
+void AlertSettings::requestPermission() {
+  notifManager_.requestPermission([view = QPointer(this)](bool) {
+    if (view) view->refreshNotificationStatus();
+  });
+}
+
+void AlertSettings::refreshNotificationStatus() {
+  notifManager_.checkAuthorizationStatus([view = QPointer(this)](NotificationAuthorization status) {
+    if (!view) return;
+    view->notificationStatus_ = status;
+    view->setNeedsRedraw();
+  });
+}
+
+void AlertSettings::playBeep(const std::string& name) {
+  previewedBeep_ = Platform::current().sounds.soundNamed(name);
+  if (previewedBeep_) previewedBeep_->play();
+}
+
+void AlertSettings::previewVoice(AthanVoice voice, const char* recording) {
+  notifManager_.stopAll();
+  notifManager_.playAthan(recording, voice);
+}
+
+}  // namespace Hilalor::Screens

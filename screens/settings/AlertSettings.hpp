@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+
+#include "rules/prayer/PrayerNotificationManager.hpp"
+#include "screens/settings/SettingsPart.hpp"
+
+namespace Hilalor::Screens {
+
+/// Whether and how prayers are announced: a banner, a beep, the athan. Switching announcements on
+/// asks for permission to show banners.
+class AlertSettings final : public SettingsPart {
+ public:
+  AlertSettings();
+
+  /// Asks anew whether banners are blocked: for whenever the window is shown, this part or not.
+  void refreshNotificationStatus();
+
+ private:
+  // The parts, from top to bottom.
+  [[nodiscard]] QWidget* whileEnabled();
+  [[nodiscard]] QWidget* blockedWarning();
+  [[nodiscard]] QWidget* beepRows();
+  [[nodiscard]] QWidget* loopRow();
+  [[nodiscard]] QWidget* athanRows();
+  [[nodiscard]] QWidget* voiceRow(const char* title, AthanVoice voice, const char* recording);
+  [[nodiscard]] QWidget* supplicationRow();
+
+  void requestPermission();
+  void playBeep(const std::string& name);
+  void previewVoice(AthanVoice voice, const char* recording);
+
+  PrayerNotificationManager& notifManager_ = PrayerNotificationManager::shared();
+  NotificationAuthorization notificationStatus_ = NotificationAuthorization::notDetermined;
+  std::unique_ptr<SystemSound> previewedBeep_;
+  std::vector<Subscription> watches_;
+};
+
+}  // namespace Hilalor::Screens

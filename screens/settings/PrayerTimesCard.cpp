@@ -1,0 +1,63 @@
+#include "screens/settings/PrayerTimesCard.hpp"
+
+#include "rules/prayer/PrayerTimesCalculator.hpp"
+#include "screens/settings/AlertSettings.hpp"
+#include "screens/settings/LocationSettings.hpp"
+#include "ui/Containers.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr int kLocationSpacing = 8;
+
+std::vector<PrayerCalculationMethod> methods() {
+  constexpr auto kAll = allCases<PrayerCalculationMethod>();
+  return {kAll.begin(), kAll.end()};
+}
+
+QString methodName(PrayerCalculationMethod method) {
+  const std::string_view name = displayName(method);
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+std::vector<AsrCalculation> schools() {
+  return {AsrCalculation::shafi, AsrCalculation::hanafi};
+}
+
+QString schoolName(AsrCalculation school) {
+  return school == AsrCalculation::shafi ? QStringLiteral("Shafi'i / Hanbali / Maliki")
+                                         : QStringLiteral("Hanafi");
+}
+
+}  // namespace
+
+PrayerTimesCard::PrayerTimesCard() {
+  setBody(
+      new Card({toggleRow("Show prayer times", settings_.showPrayerTimes),
+                onlyWhile([this] { return settings_.showPrayerTimes.value(); }, whileShown())}));
+  redraw();
+}
+
+QWidget* PrayerTimesCard::whileShown() {
+  auto* method = greenPicker<PrayerCalculationMethod>(
+      "Calculation method", settings_.calculationMethod, methods, methodName);
+  auto* school =
+      greenPicker<AsrCalculation>("Asr calculation", settings_.asrCalculation, schools, schoolName);
+  auto* location = column({.spacing = kLocationSpacing, .alignment = Qt::AlignLeft},
+                          {rowLabel("Location"), new LocationSettings});
+  alerts_ = new AlertSettings;
+  return column(
+      {.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
+      {groupDivider(), toggleRow("Show Sunnah times", settings_.showSunnahTimes), groupDivider(),
+       rowLabel("Calculation method"), method, groupDivider(), rowLabel("Asr calculation"), school,
+       groupDivider(), location, groupDivider(), alerts_});
+}
+
+void PrayerTimesCard::refreshNotificationStatus() {
+  alerts_->refreshNotificationStatus();
+}
+
+}  // namespace Hilalor::Screens

@@ -1,0 +1,102 @@
+#include "rules/bar/AppDelegate.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/fakes/FakePlatform.hpp"
+
+namespace Hilalor {
+namespace {
+
+constexpr const char* kFlag = "didRequestLocationPermission";
+
+void launch() {
+  AppDelegate delegate;
+  delegate.applicationDidFinishLaunching();
+}
+
+TEST(AppDelegate, StartsTheUpdaterBeforeTheItemAppears) {
+  FakePlatform desktop;
+  AppDelegate delegate;
+  EXPECT_EQ(desktop.updater.starts, 1);
+  EXPECT_TRUE(desktop.statusBar.titles.empty());
+  delegate.applicationDidFinishLaunching();
+  EXPECT_FALSE(desktop.statusBar.titles.empty());
+}
+
+TEST(AppDelegate, ASecondLaunchLeavesOneWorkingController) {
+  FakePlatform desktop;
+  AppDelegate delegate;
+  delegate.applicationDidFinishLaunching();
+  delegate.applicationDidFinishLaunching();
+  desktop.application.reopen();
+  EXPECT_TRUE(desktop.surfaces.panel);
+}
+
+TEST(AppDelegate, RunsWithoutAnUpdater) {
+  FakePlatform desktop;
+  desktop.platform.updater = nullptr;
+  launch();
+  EXPECT_FALSE(desktop.statusBar.titles.empty());
+}
+
+TEST(AppDelegate, FirstRunAsksOnceForTheLocation) {
+  FakePlatform desktop;
+  desktop.location.onAuthorizationRequest = [&] {
+    EXPECT_EQ(desktop.defaults.boolean(kFlag), true) << "the flag is written before the request";
+    EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
+    EXPECT_FALSE(desktop.statusBar.titles.empty()) << "the item is there before the request";
+  };
+  launch();
+  EXPECT_EQ(desktop.location.authorizationRequests, 1);
+  launch();
+  EXPECT_EQ(desktop.location.authorizationRequests, 1);
+}
+
+TEST(AppDelegate, FirstRunLeavesAStoredModeAlone) {
+  for (const std::string mode : {"manual", "automatic", "orbital", ""}) {
+    SCOPED_TRACE(mode);
+    FakePlatform desktop;
+    desktop.defaults.setValue("locationMode", mode);
+    launch();
+    EXPECT_EQ(desktop.defaults.string("locationMode"), mode);
+    EXPECT_EQ(desktop.defaults.boolean(kFlag), true);
+    EXPECT_EQ(desktop.location.authorizationRequests, 1);
+  }
+}
+
+TEST(AppDelegate, FirstRunReplacesAModeThatIsNotText) {
+  FakePlatform desktop;
+  desktop.defaults.setValue("locationMode", std::int64_t{7});
+  launch();
+  EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
+}
+
+TEST(AppDelegate, FirstRunWaitsForAStoreThatCannotBeReadYet) {
+  FakePlatform desktop;
+  desktop.defaults.hasRead = false;
+  AppDelegate delegate;
+  delegate.applicationDidFinishLaunching();
+  EXPECT_TRUE(desktop.defaults.writes.empty());
+  EXPECT_EQ(desktop.location.authorizationRequests, 0);
+  desktop.defaults.setValue("locationMode", std::string("manual"));
+  desktop.defaults.hasRead = true;
+  desktop.defaults.cameIn.emit();
+  EXPECT_EQ(AppSettings::shared().locationMode, LocationMode::manual);
+  EXPECT_EQ(desktop.defaults.string("locationMode"), "manual");
+  EXPECT_EQ(desktop.location.authorizationRequests, 1);
+}
+
+TEST(AppDelegate, LaterRunsWriteAndAskNothing) {
+  FakePlatform desktop;
+  desktop.defaults.setValue(kFlag, true);
+  desktop.defaults.writes.clear();
+  launch();
+  EXPECT_TRUE(desktop.defaults.writes.empty());
+  EXPECT_EQ(desktop.location.authorizationRequests, 0);
+}
+
+}  // namespace
+}  // namespace Hilalor

@@ -1,0 +1,472 @@
+#include "rules/prayer/PrayerNotificationManager.hpp"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "rules/prayer/PrayerTimesCalculator.hpp"
+#include "tests/fakes/FakePlatform.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
+
+namespace Hilalor {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Noon in Riyadh on 16 November 2026; the settings' place is Riyadh too, for want of another.
+constexpr Date kNoon{1794819600};
+
+/// What the user wants of an announcement, and which recordings are no good.
+struct Choices {
+  bool enabled = true;
+  bool beep = false;
+  bool loop = false;
+  bool athan = false;
+  bool supplication = false;
+  const char* sound = "Glass";
+  int loopSeconds = 10;
+  AthanVoice voice = AthanVoice::vemran;
+  const char* missing = "";
+  const char* unreadable = "";
+};
+
+class PrayerNotificationManagerTest : public testing::Test {
+ protected:
+  PrayerNotificationManagerTest() {
+    settings.prayerNotificationsEnabled = true;
+    settings.notificationBannerEnabled = false;
+  }
+
+  [[nodiscard]] std::unique_ptr<PrayerNotificationManager> makeManager() {
+    return std::make_unique<PrayerNotificationManager>(settings, loop, loop, notifications, sounds);
+  }
+
+  void choose(const Choices& choices) {
+    settings.prayerNotificationsEnabled = choices.enabled;
+    settings.beepSoundEnabled = choices.beep;
+    settings.beepLoopEnabled = choices.loop;
+    settings.beepLoopSeconds = choices.loopSeconds;
+    settings.selectedBeepSound = std::string(choices.sound);
+    settings.athanEnabled = choices.athan;
+    settings.athanVoice = choices.voice;
+    settings.playDuaAfterAthan = choices.supplication;
+    sounds.recordings.erase(choices.missing);
+    sounds.unreadable.insert(choices.unreadable);
+  }
+
+  [[nodiscard]] Date prayer(const std::string& name) const {
+    const auto place = settings.effectiveLocation();
+    for (const auto& row : PrayerTimesCalculator::calculate(kNoon, place.latitude, place.longitude,
+                                                            place.timeZone, true, settings)) {
+      if (row.name == name) return row.time;
+    }
+    ADD_FAILURE() << "no " << name << " that day";
+    return kNoon;
+  }
+
+  void tickAt(Date now) {
+    loop.setClock(now);
+    manager->checkAndNotify();
+    loop.runPosted();
+  }
+
+  void announce(const std::string& name) { tickAt(prayer(name)); }
+
+  void letPass(double seconds) { loop.advance(Seconds(seconds)); }
+
+  void finish(const std::string& recording) {
+    EXPECT_TRUE(sounds.finish(recording)) << recording << " does not play";
+    loop.runPosted();
+  }
+
+  /// What the user hears and sees: "Glass, athan [Dhuhr Athan] vemran".
+  [[nodiscard]] std::string perceived() const {
+    std::string text;
+    for (const auto& name : sounds.audible())
+      text += (text.empty() ? "" : ", ") + name;
+    if (const auto& title = manager->activeAthanTitle.value()) text += " [" + *title + "]";
+    if (const auto voice = manager->playingVoice.value()) {
+      text += " " + std::string(rawValue(*voice));
+    }
+    if (manager->playingDua.value()) text += " supplication";
+    return text;
+  }
+
+  SystemTimeZone machineZone{"Asia/Riyadh"};
+  FakePlatform desktop{kNoon};
+  VirtualLoop& loop = desktop.loop;
+  FakeNotificationCenter& notifications = desktop.notifications;
+  FakeSoundService& sounds = desktop.sounds;
+  AppSettings& settings = AppSettings::shared();
+  std::unique_ptr<PrayerNotificationManager> manager = makeManager();
+};
+
+TEST_F(PrayerNotificationManagerTest, AnnouncesEachMinuteOnce) {
+  settings.notificationBannerEnabled = true;
+  const auto fajr = prayer("Fajr");
+  for (const double second : {-1.0, 0.0, 29.5, 59.9, 60.0})
+    tickAt(fajr + Seconds(second));
+  EXPECT_EQ(notifications.shown.size(), 1U);
+
+  // The same prayer falls due again the next day, within two minutes of the same time.
+  for (int tick = -4; tick <= 4; ++tick)
+    tickAt(fajr + std::chrono::hours(24) + Seconds(30.0 * tick));
+  EXPECT_EQ(notifications.shown.size(), 2U);
+}
+
+TEST_F(PrayerNotificationManagerTest, AClockSetBackAnnouncesNoMinuteTwice) {
+  settings.notificationBannerEnabled = true;
+  announce("Maghrib");
+  announce("Isha");
+  tickAt(prayer("Maghrib") - std::chrono::hours(1));
+  announce("Maghrib");
+  machineZone.set("Europe/London");
+  announce("Isha");
+  EXPECT_EQ(notifications.shown.size(), 2U);
+}
+
+TEST_F(PrayerNotificationManagerTest, AnnouncesAgainAfterARestartWithinTheMinute) {
+  announce("Isha");
+  manager = makeManager();
+  EXPECT_EQ(perceived(), "");
+  announce("Isha");
+  EXPECT_EQ(perceived(), " [Isha Athan]");
+}
+
+TEST_F(PrayerNotificationManagerTest, WhileSwitchedOffDoesNothing) {
+  settings.notificationBannerEnabled = true;
+  settings.athanEnabled = true;
+  settings.beepSoundEnabled = true;
+  announce("Fajr");
+  EXPECT_EQ(perceived(), "Glass [Fajr Athan]");
+  settings.prayerNotificationsEnabled = false;
+  announce("Dhuhr");
+  EXPECT_EQ(perceived(), " [Fajr Athan]");
+  EXPECT_THAT(sounds.begun(), ElementsAre("Glass"));
+  EXPECT_EQ(notifications.shown.size(), 1U);
+}
+
+TEST_F(PrayerNotificationManagerTest, FollowsAChangeOfPlaceAtTheNextTick) {
+  const auto riyadhMaghrib = prayer("Maghrib");
+  settings.locationMode = LocationMode::manual;
+  settings.manualLatitude = 21.4225;
+  settings.manualLongitude = 39.8262;
+  settings.manualTimeZoneId = std::string("Asia/Riyadh");
+  tickAt(riyadhMaghrib);
+  EXPECT_EQ(perceived(), "");
+  announce("Maghrib");
+  EXPECT_EQ(perceived(), " [Maghrib Athan]");
+}
+
+// One line a moment: so many seconds pass, or a recording comes to its end, and then this is what
+// the user hears and sees.
+struct Moment {
+  double passes;
+  std::string ends;
+  std::string perceived;
+};
+
+struct Course {
+  std::string name;
+  Choices choices;
+  std::vector<Moment> moments;
+};
+
+Moment after(double seconds, std::string perceived) {
+  return {seconds, "", std::move(perceived)};
+}
+
+Moment endOf(std::string recording, std::string perceived) {
+  return {0, std::move(recording), std::move(perceived)};
+}
+
+void PrintTo(const Course& course, std::ostream* out) {
+  *out << course.name;
+}
+
+class AnnouncementCourse : public PrayerNotificationManagerTest,
+                           public testing::WithParamInterface<Course> {};
+
+TEST_P(AnnouncementCourse, GoesFromBeepToAthanToSupplication) {
+  choose(GetParam().choices);
+  announce("Dhuhr");
+  std::size_t step = 0;
+  for (const auto& moment : GetParam().moments) {
+    SCOPED_TRACE("moment " + std::to_string(step++));
+    letPass(moment.passes);
+    if (!moment.ends.empty()) finish(moment.ends);
+    EXPECT_EQ(perceived(), moment.perceived);
+  }
+}
+
+const std::vector<Course> kCourses{
+    {"titleAlone",
+     {},
+     {after(0, " [Dhuhr Athan]"), after(119.9, " [Dhuhr Athan]"), after(0.2, "")}},
+    {"beepOnce",
+     {.beep = true},
+     {after(0, "Glass [Dhuhr Athan]"), after(1.6, " [Dhuhr Athan]"), after(120, " [Dhuhr Athan]"),
+      after(0.2, "")}},
+    {"beepThatIsMissing",
+     {.beep = true, .athan = true, .sound = "Gong"},
+     {after(1.6, " [Dhuhr Athan]"), after(0.2, "athan [Dhuhr Athan] vemran")}},
+    {"beepInLoop",
+     {.beep = true, .loop = true},
+     {after(9.9, "Glass looped [Dhuhr Athan]"), after(0.2, " [Dhuhr Athan]"),
+      after(119.8, " [Dhuhr Athan]"), after(0.2, "")}},
+    {"beepInLoopOfNoLength",
+     {.beep = true, .loop = true, .loopSeconds = 0},
+     {after(0.9, "Glass looped [Dhuhr Athan]"), after(0.2, " [Dhuhr Athan]")}},
+    {"loopedBeepThatIsMissing",
+     {.beep = true, .loop = true, .athan = true, .sound = "Gong"},
+     {after(9.9, " [Dhuhr Athan]"), after(0.2, "athan [Dhuhr Athan] vemran")}},
+    {"athanAlone",
+     {.athan = true},
+     {after(0, "athan [Dhuhr Athan] vemran"), after(300, "athan [Dhuhr Athan] vemran"),
+      endOf("athan", "")}},
+    {"athanOfNoVoice",
+     {.athan = true, .voice = AthanVoice::none},
+     {after(0, " [Dhuhr Athan]"), after(121, "")}},
+    {"everything",
+     {.beep = true,
+      .athan = true,
+      .supplication = true,
+      .sound = "Bowl",
+      .voice = AthanVoice::tolsar},
+     {after(0, "Bowl [Dhuhr Athan]"), after(2.1, " [Dhuhr Athan]"),
+      after(0.2, "athan2 [Dhuhr Athan] tolsar"),
+      endOf("athan2", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
+    {"loopThenAthanAndSupplication",
+     {.beep = true, .loop = true, .athan = true, .supplication = true},
+     {after(10.1, "athan [Dhuhr Athan] vemran"),
+      endOf("athan", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
+    {"athanThatIsMissing",
+     {.athan = true, .supplication = true, .missing = "athan"},
+     {after(0, " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
+    {"athanThatCannotBeRead",
+     {.athan = true, .unreadable = "athan"},
+     {after(600, " [Dhuhr Athan]")}},
+    {"supplicationThatIsMissing",
+     {.athan = true, .supplication = true, .missing = "after_athan"},
+     {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
+    {"supplicationThatCannotBeRead",
+     {.athan = true, .supplication = true, .unreadable = "after_athan"},
+     {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
+};
+
+INSTANTIATE_TEST_SUITE_P(, AnnouncementCourse, testing::ValuesIn(kCourses),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(PrayerNotificationManagerTest, PlainAlertStandsInForTheAthanAlone) {
+  settings.athanEnabled = true;
+  settings.playDuaAfterAthan = true;
+  sounds.recordings.erase("athan");
+  announce("Fajr");
+  sounds.unreadable.insert("athan2");
+  settings.athanVoice = AthanVoice::tolsar;
+  announce("Dhuhr");
+  sounds.recordings.erase("after_athan");
+  manager->playDua();
+  loop.runPosted();
+  EXPECT_THAT(sounds.begun(), ElementsAre("alert", "alert"));
+}
+
+// Every state of an announcement, left by the user's Stop.
+struct Stop {
+  std::string name;
+  Choices choices;
+  double after;
+  std::string ended;  // The recording that came to its end before.
+  std::string comes;  // What is heard after all, ten seconds later.
+};
+
+void PrintTo(const Stop& stop, std::ostream* out) {
+  *out << stop.name;
+}
+
+class StoppedAnnouncement : public PrayerNotificationManagerTest,
+                            public testing::WithParamInterface<Stop> {};
+
+TEST_P(StoppedAnnouncement, IsSilentAtOnce) {
+  choose(GetParam().choices);
+  announce("Maghrib");
+  letPass(GetParam().after);
+  if (!GetParam().ended.empty()) finish(GetParam().ended);
+  for (int time = 0; time < 2; ++time) {
+    manager->stopAll();
+    EXPECT_EQ(perceived(), "");
+    EXPECT_EQ(sounds.players(), 0U);
+  }
+  letPass(150);
+  EXPECT_EQ(perceived(), GetParam().comes);
+}
+
+const std::vector<Stop> kStops{
+    {"idle", {.enabled = false}, 0, "", ""},
+    {"lingeringTitle", {}, 60, "", ""},
+    // The wait after a single beep is not taken back.
+    {"beepingOnce", {.beep = true, .athan = true}, 0.5, "", "athan vemran"},
+    {"beepingInLoop", {.beep = true, .loop = true, .athan = true}, 5, "", ""},
+    {"athan", {.athan = true, .supplication = true}, 30, "", ""},
+    {"supplication", {.athan = true, .supplication = true}, 30, "athan", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(, StoppedAnnouncement, testing::ValuesIn(kStops),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(PrayerNotificationManagerTest, StoppingTheSupplicationKeepsTheTitle) {
+  settings.athanEnabled = true;
+  settings.playDuaAfterAthan = true;
+  announce("Isha");
+  finish("athan");
+  manager->stopDua();
+  EXPECT_EQ(perceived(), " [Isha Athan]");
+  letPass(600);
+  EXPECT_EQ(perceived(), " [Isha Athan]");
+}
+
+TEST_F(PrayerNotificationManagerTest, LaterAnnouncementTakesOverAndTheEarlierGoesOn) {
+  settings.beepSoundEnabled = true;
+  settings.beepLoopEnabled = true;
+  settings.beepLoopSeconds = 60;
+  settings.athanEnabled = true;
+  settings.playDuaAfterAthan = true;
+  announce("Maghrib");
+  letPass(30);
+  settings.selectedBeepSound = std::string("Bowl");
+  settings.athanVoice = AthanVoice::tolsar;
+  announce("Isha");
+  EXPECT_EQ(perceived(), "Bowl looped [Isha Athan]");
+  letPass(31);
+  EXPECT_EQ(perceived(), "Bowl looped, athan [Isha Athan] vemran");
+  letPass(30);
+  EXPECT_EQ(perceived(), "athan2 [Isha Athan] tolsar");
+  finish("athan2");
+  EXPECT_EQ(perceived(), "after_athan [Isha Athan] supplication");
+  finish("after_athan");
+  EXPECT_EQ(perceived(), "");
+}
+
+TEST_F(PrayerNotificationManagerTest, AnEarlierTitleTimerRunsOutUnderALaterAnnouncement) {
+  announce("Maghrib");
+  letPass(60);
+  announce("Isha");
+  letPass(59);
+  EXPECT_EQ(perceived(), " [Isha Athan]");
+  letPass(2);
+  EXPECT_EQ(perceived(), "");
+}
+
+TEST_F(PrayerNotificationManagerTest, PreviewOfAVoiceEndsTheAnnouncementFirst) {
+  settings.athanEnabled = true;
+  settings.playDuaAfterAthan = true;
+  announce("Fajr");
+  manager->stopAll();
+  EXPECT_EQ(perceived(), "");
+  manager->playAthan("athan2", AthanVoice::tolsar);
+  loop.runPosted();
+  EXPECT_EQ(perceived(), "athan2 tolsar");
+  finish("athan2");
+  EXPECT_EQ(perceived(), "") << "no supplication follows a preview";
+}
+
+TEST_F(PrayerNotificationManagerTest, SupplicationPreviewBesideAnAnnouncementEndsItWithItself) {
+  settings.athanEnabled = true;
+  settings.playDuaAfterAthan = true;
+  announce("Fajr");
+  manager->stopDua();
+  manager->playDua();
+  loop.runPosted();
+  EXPECT_EQ(perceived(), "athan, after_athan [Fajr Athan] vemran supplication");
+  finish("after_athan");
+  EXPECT_EQ(perceived(), "");
+  EXPECT_EQ(sounds.players(), 0U);
+}
+
+TEST_F(PrayerNotificationManagerTest, AthanWithoutAVoiceMarksNone) {
+  manager->playAthan("athan", std::nullopt);
+  loop.runPosted();
+  EXPECT_EQ(perceived(), "athan");
+}
+
+TEST_F(PrayerNotificationManagerTest, OpensRecordingsInTheBackground) {
+  settings.athanEnabled = true;
+  loop.holdBackground();
+  announce("Asr");
+  EXPECT_EQ(perceived(), " [Asr Athan]");
+  loop.runBackground();
+  EXPECT_EQ(perceived(), " [Asr Athan]");
+  loop.runPosted();
+  EXPECT_EQ(perceived(), "athan [Asr Athan] vemran");
+}
+
+TEST_F(PrayerNotificationManagerTest, WhatWasOnItsWayComesToNothingOnceTheMonitorIsGone) {
+  settings.notificationBannerEnabled = true;
+  settings.beepSoundEnabled = true;
+  settings.athanEnabled = true;
+  bool answered = false;
+  const auto answer = [&](auto) { answered = true; };
+  loop.setClock(prayer("Asr"));
+  manager->checkAndNotify();
+  manager->requestPermission(answer);
+  manager->checkAuthorizationStatus(answer);
+  manager.reset();
+  letPass(300);
+  EXPECT_THAT(sounds.begun(), ElementsAre("Glass"));
+  EXPECT_THAT(sounds.audible(), IsEmpty());
+
+  manager = makeManager();
+  loop.holdBackground();
+  manager->playAthan("athan", AthanVoice::vemran);
+  manager->playDua();
+  manager.reset();
+  loop.runBackground();
+  loop.runPosted();
+  EXPECT_THAT(sounds.begun(), ElementsAre("Glass"));
+  EXPECT_EQ(sounds.players(), 0U);
+  EXPECT_THAT(notifications.shown, IsEmpty());
+  EXPECT_FALSE(answered);
+  EXPECT_EQ(notifications.delegate, nullptr);
+}
+
+TEST_F(PrayerNotificationManagerTest, ShowsABannerOnlyWhileAuthorised) {
+  settings.notificationBannerEnabled = true;
+  using Status = NotificationAuthorization;
+  const std::vector<std::pair<std::string, Status>> announcements{{"Fajr", Status::authorized},
+                                                                  {"Dhuhr", Status::notDetermined},
+                                                                  {"Asr", Status::denied},
+                                                                  {"Maghrib", Status::provisional},
+                                                                  {"Isha", Status::ephemeral}};
+  for (const auto& [name, status] : announcements) {
+    notifications.status = status;
+    announce(name);
+    EXPECT_EQ(perceived(), " [" + name + " Athan]");
+  }
+  ASSERT_EQ(notifications.shown.size(), 1U);
+  EXPECT_EQ(notifications.shown[0].title, "\U0001F54C Fajr");
+  EXPECT_EQ(notifications.shown[0].body, "It's time for Fajr prayer");
+  EXPECT_EQ(notifications.shown[0].identifier.size(), 36U);
+
+  ASSERT_NE(notifications.delegate, nullptr);
+  EXPECT_EQ(static_cast<unsigned>(notifications.delegate->willPresent(notifications.shown[0])),
+            18U);
+}
+
+TEST_F(PrayerNotificationManagerTest, AsksForPermissionToShowBannersWithSound) {
+  std::vector<bool> answers;
+  manager->requestPermission([&](bool granted) { answers.push_back(granted); });
+  EXPECT_THAT(answers, IsEmpty());
+  loop.runPosted();
+  notifications.status = NotificationAuthorization::denied;
+  manager->requestPermission([&](bool granted) { answers.push_back(granted); });
+  manager->requestPermission();
+  loop.runPosted();
+  EXPECT_THAT(answers, ElementsAre(true, false));
+  EXPECT_EQ(static_cast<unsigned>(notifications.requestedOptions.at(0)), 6U);
+}
+
+}  // namespace
+}  // namespace Hilalor

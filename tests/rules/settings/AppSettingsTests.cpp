@@ -1,0 +1,224 @@
+#include "rules/settings/AppSettings.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include "tests/fakes/FakePlatform.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
+
+namespace Hilalor {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class AppSettingsTest : public ::testing::Test {
+ protected:
+  [[nodiscard]] AppSettings& settings() { return AppSettings::shared(); }
+  [[nodiscard]] InMemoryDefaultsStore& store() { return desktop_.defaults; }
+  [[nodiscard]] FakePlatform& desktop() { return desktop_; }
+
+ private:
+  FakePlatform desktop_;
+};
+
+TEST_F(AppSettingsTest, TakesDefaultsFromAnEmptyStoreAndWritesNothing) {
+  const SystemTimeZone zone("Asia/Karachi");
+  EXPECT_EQ(settings().menuBarStyle, MenuBarStyle::date);
+  EXPECT_EQ(settings().primaryCalendar, PrimaryCalendar::gregorian);
+  EXPECT_TRUE(settings().showSecondaryCalendar);
+  EXPECT_TRUE(settings().showHolidays);
+  EXPECT_TRUE(settings().showCalendar);
+  EXPECT_EQ(settings().locationMode, LocationMode::automatic);
+  EXPECT_EQ(settings().manualLatitude, 0.0);
+  EXPECT_EQ(settings().manualLongitude, 0.0);
+  EXPECT_EQ(settings().manualLocationName.value(), "");
+  EXPECT_EQ(settings().manualTimeZoneId.value(), "Asia/Karachi");
+  EXPECT_TRUE(settings().showPrayerTimes);
+  EXPECT_FALSE(settings().showSunnahTimes);
+  EXPECT_EQ(settings().calculationMethod, PrayerCalculationMethod::ummAlQura);
+  EXPECT_EQ(settings().asrCalculation, AsrCalculation::shafi);
+  EXPECT_FALSE(settings().prayerNotificationsEnabled);
+  EXPECT_TRUE(settings().notificationBannerEnabled);
+  EXPECT_FALSE(settings().beepSoundEnabled);
+  EXPECT_EQ(settings().selectedBeepSound.value(), "Glass");
+  EXPECT_FALSE(settings().beepLoopEnabled);
+  EXPECT_EQ(settings().beepLoopSeconds, 10);
+  EXPECT_FALSE(settings().athanEnabled);
+  EXPECT_EQ(settings().athanVoice, AthanVoice::vemran);
+  EXPECT_FALSE(settings().playBeepBeforeAthan);
+  EXPECT_FALSE(settings().playDuaAfterAthan);
+  EXPECT_EQ(settings().theme, AppTheme::system);
+  EXPECT_TRUE(store().writes.empty());
+}
+
+TEST_F(AppSettingsTest, ReadsWhatIsStoredAndFallsBackForWhatIsNotOfItsType) {
+  store().setValue("appTheme", std::string("dark"));
+  store().setValue("theme", std::string("light"));
+  store().setValue("menuBarStyle", std::string("Emoji"));
+  store().setValue("calculationMethod", std::string("other"));
+  store().setValue("athanVoice", std::string("tolsar"));
+  store().setValue("asrCalculation", true);
+  store().setValue("beepLoopSeconds", std::string("15"));
+  store().setValue("showHolidays", std::string("no"));
+  store().setValue("showCalendar", std::int64_t{0});
+  store().setValue("athanEnabled", std::int64_t{2});
+  store().setValue("manualLatitude", std::int64_t{21});
+  store().setValue("manualLongitude", std::string("39.8"));
+  store().setValue("manualLocationName", 5.5);
+  EXPECT_EQ(settings().theme, AppTheme::dark);
+  EXPECT_EQ(settings().menuBarStyle, MenuBarStyle::date);
+  EXPECT_EQ(settings().calculationMethod, PrayerCalculationMethod::ummAlQura);
+  EXPECT_EQ(settings().athanVoice, AthanVoice::tolsar);
+  EXPECT_EQ(settings().asrCalculation, AsrCalculation::shafi);
+  EXPECT_EQ(settings().beepLoopSeconds, 10);
+  EXPECT_TRUE(settings().showHolidays);
+  EXPECT_FALSE(settings().showCalendar);
+  EXPECT_FALSE(settings().athanEnabled);
+  EXPECT_EQ(settings().manualLatitude, 21.0);
+  EXPECT_EQ(settings().manualLongitude, 0.0);
+  EXPECT_EQ(settings().manualLocationName.value(), "");
+}
+
+TEST_F(AppSettingsTest, ReadsWholeNumbersOfAnyNumericType) {
+  const struct {
+    DefaultsValue stored;
+    std::int64_t expected;
+  } cases[] = {{std::int64_t{15}, 15},
+               {15.0, 15},
+               {true, 1},
+               {15.5, 10},
+               {1e300, 10},
+               {std::numeric_limits<double>::quiet_NaN(), 10},
+               {OpaqueValue{}, 10}};
+  for (const auto& [stored, expected] : cases) {
+    SCOPED_TRACE(stored.index());
+    AppSettings::resetShared();
+    store().setValue("beepLoopSeconds", stored);
+    EXPECT_EQ(settings().beepLoopSeconds, expected);
+  }
+}
+
+// Every enumeration's every case goes to the store and comes back by its own string.
+template <typename Enumeration>
+void expectRoundTrip(InMemoryDefaultsStore& store, const char* key,
+                     Setting<Enumeration> AppSettings::*field) {
+  SCOPED_TRACE(key);
+  for (const auto value : allCases<Enumeration>()) {
+    AppSettings::shared().*field = value;
+    EXPECT_EQ(store.string(key), std::string(rawValue(value)));
+    AppSettings::resetShared();
+    EXPECT_EQ((AppSettings::shared().*field).value(), value);
+  }
+}
+
+TEST_F(AppSettingsTest, KeepsEveryCaseOfEveryEnumeration) {
+  expectRoundTrip(store(), "menuBarStyle", &AppSettings::menuBarStyle);
+  expectRoundTrip(store(), "primaryCalendar", &AppSettings::primaryCalendar);
+  expectRoundTrip(store(), "locationMode", &AppSettings::locationMode);
+  expectRoundTrip(store(), "calculationMethod", &AppSettings::calculationMethod);
+  expectRoundTrip(store(), "asrCalculation", &AppSettings::asrCalculation);
+  expectRoundTrip(store(), "athanVoice", &AppSettings::athanVoice);
+  expectRoundTrip(store(), "appTheme", &AppSettings::theme);
+}
+
+TEST_F(AppSettingsTest, AnnouncesThenPublishesThenStoresThenWrites) {
+  std::vector<std::string> order;
+  const auto note = [&](const std::string& what) {
+    order.push_back(what + (settings().showHolidays ? " old" : " new") +
+                    (store().boolean("showHolidays") ? " written" : ""));
+  };
+  const auto announced = settings().willChange.subscribe([&] { note("announced"); });
+  const auto published = settings().showHolidays.publisher().subscribe(
+      [&](bool value) { note(value ? "published true" : "published false"); });
+  settings().showHolidays = false;
+  note("done");
+  EXPECT_THAT(order, ElementsAre("published true old", "announced old", "published false old",
+                                 "done new written"));
+}
+
+TEST_F(AppSettingsTest, WritesAndPublishesAlsoWhatItAlreadyIs) {
+  int told = 0;
+  const auto subscription =
+      settings().selectedBeepSound.publisher().subscribe([&](const auto&) { ++told; });
+  settings().selectedBeepSound = "Glass";
+  settings().selectedBeepSound = "Glass";
+  EXPECT_EQ(told, 3);
+  EXPECT_EQ(store().writes.size(), 2U);
+}
+
+TEST_F(AppSettingsTest, PublishesWhatComesInAndWritesNothing) {
+  std::vector<AppTheme> themes;
+  const auto subscription =
+      settings().theme.publisher().subscribe([&](AppTheme theme) { themes.push_back(theme); });
+  settings().athanEnabled = true;
+  store().setValue("appTheme", std::string("dark"));
+  store().setValue("manualLatitude", 21.4);
+  store().writes.clear();
+  store().cameIn.emit();
+  store().cameIn.emit();
+  EXPECT_THAT(themes, ElementsAre(AppTheme::system, AppTheme::dark));
+  EXPECT_EQ(settings().manualLatitude, 21.4);
+  EXPECT_TRUE(settings().athanEnabled);
+  EXPECT_TRUE(store().writes.empty());
+}
+
+TEST_F(AppSettingsTest, ManualPlaceIsTheUsersOrTheFallback) {
+  const SystemTimeZone zone("Europe/Oslo");
+  settings().locationMode = LocationMode::manual;
+  settings().manualLocationName = "Nowhere";
+  EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
+  EXPECT_EQ(settings().effectiveLocation().latitude, 24.6877);
+  EXPECT_EQ(settings().effectiveLocation().longitude, 46.7219);
+  EXPECT_EQ(settings().effectiveLocation().timeZone.identifier(), "Asia/Riyadh");
+
+  settings().manualLongitude = 10.0;
+  settings().manualTimeZoneId = "Asia/Riyadh";
+  EXPECT_EQ(settings().effectiveLocation(),
+            (EffectiveLocation{0.0, 10.0, "Nowhere", *TimeZone::named("Asia/Riyadh")}));
+
+  settings().manualLocationName = "";
+  settings().manualTimeZoneId = "Mars/Olympus";
+  EXPECT_EQ(settings().effectiveLocation(),
+            (EffectiveLocation{0.0, 10.0, "Custom Location", *TimeZone::named("Europe/Oslo")}));
+  EXPECT_EQ(settings().manualTimeZoneId.value(), "Mars/Olympus");
+}
+
+TEST_F(AppSettingsTest, AutomaticPlaceIsTheFixOrTheFallback) {
+  EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
+  auto& located = LocationManager::shared();
+  located.detectedTimeZone.assign(*TimeZone::named("Asia/Jakarta"));
+  EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
+  located.coordinate.assign(LocationCoordinate{-6.2, 106.8});
+  EXPECT_EQ(settings().effectiveLocation(),
+            (EffectiveLocation{-6.2, 106.8, "My Location", *TimeZone::named("Asia/Jakarta")}));
+  located.locationName.assign("Jakarta");
+  EXPECT_EQ(settings().effectiveLocation().name, "Jakarta");
+}
+
+TEST_F(AppSettingsTest, ListsTheBeepsOfEveryFolderByName) {
+  const auto folder = std::filesystem::path(::testing::TempDir()) / "beeps";
+  const auto own = std::filesystem::path(::testing::TempDir()) / "own-beeps";
+  std::filesystem::create_directories(folder);
+  std::filesystem::create_directories(own);
+  for (const char* name :
+       {"Glass.aiff", "Basso.AIFF", "notes.txt", "aiff", ".aiff", "Two.x.aiff"}) {
+    std::ofstream(folder / name) << "sound";
+  }
+  std::ofstream(own / "Glass.aiff") << "sound";
+  std::ofstream(own / "Adam.aiff") << "sound";
+  desktop().platform.soundFolders = {own, "/nowhere/at/all", folder};
+  EXPECT_THAT(AppSettings::systemSoundNames(), ElementsAre("Adam", "Basso", "Glass", "Two.x"));
+  desktop().platform.soundFolders = {"/nowhere/at/all"};
+  EXPECT_THAT(AppSettings::systemSoundNames(), IsEmpty());
+  std::filesystem::remove_all(folder);
+  std::filesystem::remove_all(own);
+}
+
+}  // namespace
+}  // namespace Hilalor

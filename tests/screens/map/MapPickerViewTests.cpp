@@ -1,0 +1,313 @@
+#include "screens/map/MapPickerView.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QTest>
+#include <cmath>
+#include <memory>
+
+#include "screens/map/MapView.hpp"
+#include "tests/fakes/FakePlatform.hpp"
+#include "tests/fakes/Parts.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
+#include "ui/Containers.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+constexpr LocationCoordinate kJeddah{21.5433, 39.1728};
+constexpr const char* kHint = "Click the map to select a location";
+
+struct Confirmed {
+  LocationCoordinate coordinate;
+  std::string name;
+  std::string zone;
+};
+
+class MapPickerViewTest : public testing::Test {
+ protected:
+  void open(std::optional<LocationCoordinate> start = std::nullopt) {
+    picker = std::make_unique<MapPickerView>(
+        start,
+        [this](LocationCoordinate coordinate, const std::string& name, const TimeZone& there) {
+          confirmed.push_back({coordinate, name, there.identifier()});
+        });
+    picker->show();
+    settle();
+  }
+
+  void settle() {
+    for (int pass = 0; pass < 4; ++pass) {
+      QApplication::processEvents();
+      desktop.loop.runPosted();
+    }
+  }
+
+  [[nodiscard]] MapView& map() const { return *part<MapView>(*picker); }
+
+  [[nodiscard]] LocationCoordinate click(QPoint place) {
+    const auto coordinate = map().coordinateAt(place);
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, place);
+    settle();
+    return coordinate;
+  }
+
+  void answer(std::size_t request, const std::vector<Placemark>& placemarks) {
+    desktop.geocoder.requests.at(request).answer(placemarks);
+    settle();
+  }
+
+  [[nodiscard]] Button& button(const char* name) const {
+    for (Button* found : parts<Button>(*picker))
+      if (found->accessibleName() == name) return *found;
+    throw std::out_of_range("no such button");
+  }
+
+  void press(const char* name) {
+    QTest::mouseClick(&button(name), Qt::LeftButton);
+    settle();
+  }
+
+  /// What the footer says.
+  [[nodiscard]] std::string status() const {
+    std::string status;
+    for (const Text* text : parts<Text>(*picker))
+      if (text->isVisible() && text->mapTo(picker.get(), QPoint(0, 0)).y() > 440)
+        status += text->text().toStdString();
+    return status;
+  }
+
+  SystemTimeZone zone{"Asia/Kuwait"};
+  FakePlatform desktop;
+  std::unique_ptr<MapPickerView> picker;
+  std::vector<Confirmed> confirmed;
+};
+
+TEST_F(MapPickerViewTest, BeginsWithNothingChosen) {
+  open();
+  EXPECT_EQ(picker->size(), QSize(640, 500));
+  EXPECT_EQ(status(), kHint);
+  EXPECT_FALSE(button("Confirm").isEnabled());
+  EXPECT_TRUE(desktop.geocoder.requests.empty());
+  const auto& viewport = map().viewport();
+  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
+  EXPECT_NEAR(middle.latitude, 24, 1e-6);
+  EXPECT_NEAR(middle.longitude, 45, 1e-6);
+  EXPECT_GE(viewport.size().width / viewport.pixelsPerDegree(), 120);
+  EXPECT_LT(viewport.pixelsPerDegree(), 4);
+}
+
+TEST_F(MapPickerViewTest, BeginsAtTheStoredPlaceAndHandsItBackUnnamed) {
+  open(kJeddah);
+  EXPECT_EQ(status(), kHint);
+  EXPECT_TRUE(desktop.geocoder.requests.empty());
+  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
+  EXPECT_NEAR(middle.latitude, kJeddah.latitude, 1e-6);
+  EXPECT_NEAR(middle.longitude, kJeddah.longitude, 1e-6);
+  EXPECT_NEAR(map().viewport().size().height / map().viewport().pixelsPerDegree(), 5 / 0.93, 0.1);
+  press("Confirm");
+  ASSERT_EQ(confirmed.size(), 1U);
+  EXPECT_EQ(confirmed[0].coordinate, kJeddah);
+  EXPECT_EQ(confirmed[0].name, "Custom Location");
+  EXPECT_EQ(confirmed[0].zone, "Asia/Kuwait");
+  EXPECT_FALSE(picker->isVisible());
+}
+
+TEST_F(MapPickerViewTest, BeginsWithoutAPlaceWhereTheStoredOneIsNone) {
+  for (const double degrees : {std::nan(""), 1e300}) {
+    open(LocationCoordinate{degrees, degrees});
+    EXPECT_NEAR(map().coordinateAt(QRectF(map().rect()).center()).latitude, 24, 1e-6);
+  }
+}
+
+TEST_F(MapPickerViewTest, LooksAClickUpAndHandsItBack) {
+  open();
+  const auto clicked = click({200, 150});
+  ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
+  EXPECT_EQ(desktop.geocoder.requests[0].coordinate, clicked);
+  EXPECT_EQ(status(), "Resolving location…");
+  EXPECT_FALSE(button("Confirm").isEnabled());
+  EXPECT_TRUE(part<ActivityIndicator>(*picker)->isVisible());
+
+  answer(0, {{"Jeddah", "Mecca Region", "Saudi Arabia", TimeZone::named("Asia/Riyadh")}});
+  EXPECT_EQ(status(), "Jeddah, Mecca Region, Saudi Arabia");
+  press("Confirm");
+  ASSERT_EQ(confirmed.size(), 1U);
+  EXPECT_EQ(confirmed[0].coordinate, clicked);
+  EXPECT_EQ(confirmed[0].name, "Jeddah, Mecca Region, Saudi Arabia");
+  EXPECT_EQ(confirmed[0].zone, "Asia/Riyadh");
+  EXPECT_FALSE(picker->isVisible());
+}
+
+TEST_F(MapPickerViewTest, NamesAPlaceByWhatIsKnownOfIt) {
+  const auto riyadh = TimeZone::named("Asia/Riyadh");
+  const struct {
+    std::vector<Placemark> answer;
+    const char* status;
+    const char* name;
+    const char* zone;
+  } cases[] = {
+      {{{std::nullopt, std::nullopt, "Chad", riyadh}}, "Chad", "Chad", "Asia/Riyadh"},
+      {{{"Faya", "", "Chad", std::nullopt}}, "Faya, Chad", "Faya, Chad", "Asia/Kuwait"},
+      {{{std::nullopt, std::nullopt, std::nullopt, riyadh}},
+       kHint,
+       "Custom Location",
+       "Asia/Riyadh"},
+      {{}, "Custom Location", "Custom Location", "Asia/Kuwait"},
+      {{{"One", "Two", std::nullopt, riyadh}, {"Three", "Four", "Five", std::nullopt}},
+       "One, Two",
+       "One, Two",
+       "Asia/Riyadh"},
+  };
+  for (const auto& [placemarks, shown, name, identifier] : cases) {
+    SCOPED_TRACE(shown);
+    open();
+    static_cast<void>(click({300, 200}));
+    answer(desktop.geocoder.requests.size() - 1, placemarks);
+    EXPECT_EQ(status(), shown);
+    ASSERT_TRUE(button("Confirm").isEnabled());
+    press("Confirm");
+    EXPECT_EQ(confirmed.back().name, name);
+    EXPECT_EQ(confirmed.back().zone, identifier);
+  }
+}
+
+TEST_F(MapPickerViewTest, TakesTheAnswerThatComesLast) {
+  open();
+  static_cast<void>(click({100, 100}));
+  const auto second = click({400, 200});
+  answer(1, {{"Second", std::nullopt, std::nullopt, TimeZone::named("Asia/Tokyo")}});
+  EXPECT_EQ(status(), "Second");
+  EXPECT_TRUE(button("Confirm").isEnabled());
+  answer(0, {{"First", std::nullopt, std::nullopt, TimeZone::named("Europe/Paris")}});
+  EXPECT_EQ(status(), "First");
+  press("Confirm");
+  EXPECT_EQ(confirmed.at(0).coordinate, second);
+  EXPECT_EQ(confirmed.at(0).name, "First");
+  EXPECT_EQ(confirmed.at(0).zone, "Europe/Paris");
+}
+
+TEST_F(MapPickerViewTest, IsDoneResolvingAtTheFirstAnswer) {
+  open();
+  static_cast<void>(click({100, 100}));
+  static_cast<void>(click({400, 200}));
+  answer(0, {});
+  EXPECT_TRUE(button("Confirm").isEnabled());
+}
+
+TEST_F(MapPickerViewTest, HandsNothingBackOnCancel) {
+  open(kJeddah);
+  static_cast<void>(click({400, 200}));
+  press("Cancel");
+  EXPECT_TRUE(confirmed.empty());
+  EXPECT_FALSE(picker->isVisible());
+}
+
+TEST_F(MapPickerViewTest, LeavesAnswersAloneThatComeAfterItsEnd) {
+  open();
+  EXPECT_EQ(desktop.atlas.openMaps, 1);
+  static_cast<void>(click({100, 100}));
+  QTest::mouseClick(&map(), Qt::LeftButton, {}, QPoint(300, 100));  // Not handed on yet.
+  picker.reset();
+  EXPECT_EQ(desktop.atlas.openMaps, 0);
+  settle();
+  EXPECT_EQ(desktop.geocoder.requests.size(), 1U);
+  answer(0, {{"Jeddah", std::nullopt, std::nullopt, std::nullopt}});
+}
+
+TEST_F(MapPickerViewTest, FindsAPlaceByTypingOnTheMap) {
+  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
+                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+  open();
+  ASSERT_TRUE(map().hasFocus());
+  for (const char letter : {'M', 'e', 'd', 'i'})
+    QTest::keyClick(QApplication::focusWidget(), letter);
+  auto* edit = part<QLineEdit>(*picker);
+  ASSERT_TRUE(edit->isVisible());
+  EXPECT_EQ(edit->text(), "Medi");
+  EXPECT_EQ(desktop.atlas.searches.back(), "Medi");
+  QTest::keyClick(edit, Qt::Key_Return);
+  settle();
+  ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
+  EXPECT_EQ(desktop.geocoder.requests[0].coordinate, (LocationCoordinate{24.47, 39.61}));
+  EXPECT_EQ(status(), "Resolving location…");
+  EXPECT_FALSE(edit->isVisible());
+  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
+  EXPECT_NEAR(middle.latitude, 24.47, 1e-6);
+  EXPECT_TRUE(map().hasFocus());
+}
+
+TEST_F(MapPickerViewTest, FindsAPlaceByTheSymbolInTheCorner) {
+  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
+                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+  open();
+  press("Find a place");
+  auto* edit = part<QLineEdit>(*picker);
+  QTest::keyClicks(edit, "Med");
+  QTest::keyClick(edit, Qt::Key_Down);
+  QTest::keyClick(edit, Qt::Key_Down);
+  QTest::keyClick(edit, Qt::Key_Up);
+  QTest::keyClick(edit, Qt::Key_Return);
+  settle();
+  ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
+  EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
+}
+
+TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
+  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
+                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+  const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+  for (const bool isTouched : {false, true}) {
+    SCOPED_TRACE(isTouched);
+    open();
+    QWindow* window = picker->windowHandle();
+    // As the desktop tells it: to the window, which finds out whose it is.
+    const auto press = [&](QPoint place) {
+      if (isTouched) {
+        QTest::touchEvent(window, screen.get()).press(0, place, window);
+        QTest::touchEvent(window, screen.get()).release(0, place, window);
+      } else {
+        QTest::mouseClick(window, Qt::LeftButton, {}, place);
+      }
+      settle();
+    };
+    const auto place = [this](const QString& text) {
+      for (Text* found : parts<Text>(*picker))
+        if (found->text() == text) return found->mapTo(picker.get(), found->rect().center());
+      throw std::out_of_range("no such text");
+    };
+    desktop.geocoder.requests.clear();
+    QTest::keyClicks(&map(), "zz");
+    settle();
+    auto* edit = part<QLineEdit>(*picker);
+    press(place("No matches"));
+    press(edit->mapTo(picker.get(), QPoint(-3, 5)));
+    EXPECT_TRUE(desktop.geocoder.requests.empty()) << "what is under the field is not chosen";
+    EXPECT_TRUE(edit->hasFocus());
+    edit->setText("Med");
+    settle();
+    press(place("Medan"));
+    ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
+    EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
+    EXPECT_TRUE(map().hasFocus());
+  }
+}
+
+TEST_F(MapPickerViewTest, ChoosesNothingWhereNothingMatches) {
+  open();
+  QTest::keyClicks(&map(), "zz");
+  QTest::keyClick(part<QLineEdit>(*picker), Qt::Key_Return);
+  QTest::keyClick(part<QLineEdit>(*picker), Qt::Key_Escape);
+  settle();
+  EXPECT_TRUE(desktop.geocoder.requests.empty());
+  EXPECT_FALSE(part<QLineEdit>(*picker)->isVisible());
+  EXPECT_TRUE(picker->isVisible());
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

@@ -1,0 +1,109 @@
+#include "tests/screens/ScreenTest.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+class KeyboardTest : public ScreenTest {
+ protected:
+  KeyboardTest() {
+    show();
+    panel->setFocus();
+    settle();
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    settle();
+  }
+
+  /// The selected day and the month that is shown.
+  [[nodiscard]] std::string selection() const {
+    std::string days;
+    for (const DayCellView* found : parts<DayCellView>(*panel))
+      if (found->day() && found->day()->isSelected)
+        days += std::to_string(found->day()->cell.day) + " ";
+    return days + titleText().toStdString();
+  }
+};
+
+TEST_F(KeyboardTest, KeysMoveTheSelection) {
+  EXPECT_TRUE(cell(22).hasFocus()) << "the focus begins at today";
+  struct Step {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char* selection;
+  };
+  const Step steps[] = {
+      {Qt::Key_Right, {}, "23 February 2026"},
+      {Qt::Key_Left, {}, "22 February 2026"},
+      {Qt::Key_Down, {}, "1 March 2026"},
+      {Qt::Key_Up, {}, "22 February 2026"},
+      {Qt::Key_PageDown, {}, "22 March 2026"},
+      {Qt::Key_PageUp, {}, "22 February 2026"},
+      {Qt::Key_PageDown, Qt::ShiftModifier, "22 February 2027"},
+      {Qt::Key_Left, {}, "21 February 2027"},
+      {Qt::Key_PageUp, Qt::ShiftModifier, "21 February 2026"},
+      {Qt::Key_PageDown, {}, "21 March 2026"},
+      {Qt::Key_Home, {}, "February 2026"},
+  };
+  for (const auto& [key, modifiers, expected] : steps) {
+    press(key, modifiers);
+    EXPECT_EQ(selection(), expected);
+  }
+  EXPECT_TRUE(cell(22).hasFocus());
+}
+
+TEST_F(KeyboardTest, TheFocusIsMarkedOnceAKeyIsPressedAndUntilTheNextClick) {
+  const DayCellView& today = cell(22);
+  const auto shown = [&] {
+    settle();
+    return panel->grab(frame(today)).toImage();
+  };
+  ASSERT_TRUE(today.hasFocus());
+  QTest::mouseClick(&titleBlock(), Qt::RightButton);
+  const QImage unmarked = shown();
+  press(Qt::Key_Home);
+  const QImage marked = shown();
+  EXPECT_NE(marked.pixelColor(0, 20), unmarked.pixelColor(0, 20));
+  const QRect inside(4, 4, 24, 32);
+  EXPECT_EQ(marked.copy(inside), unmarked.copy(inside)) << "round the day, not over it";
+  QTest::mouseClick(&titleBlock(), Qt::RightButton);
+  EXPECT_TRUE(today.hasFocus());
+  EXPECT_EQ(shown(), unmarked);
+}
+
+TEST_F(KeyboardTest, ReturnOpensTheNoteAndEscapeClosesIt) {
+  press(Qt::Key_Right);
+  press(Qt::Key_Return);
+  ASSERT_TRUE(part<NoteEditorView>(*panel));
+  EXPECT_EQ(part<Text>(*part<NoteEditorView>(*panel))->text(), "February 23, 2026");
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(part<NoteEditorView>(*panel));
+  EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(KeyboardTest, TabGoesThroughButtonsWhichSpaceAndReturnPress) {
+  press(Qt::Key_Tab);
+  auto* focused = dynamic_cast<Button*>(QApplication::focusWidget());
+  ASSERT_NE(focused, nullptr);
+  while (focused->accessibleName() != "Settings") {
+    press(Qt::Key_Tab);
+    focused = dynamic_cast<Button*>(QApplication::focusWidget());
+    ASSERT_NE(focused, nullptr);
+  }
+  press(Qt::Key_Space);
+  press(Qt::Key_Return);
+  EXPECT_EQ(settingsOpened, 2);
+  EXPECT_FALSE(part<NoteEditorView>(*panel));
+}
+
+TEST_F(KeyboardTest, EveryControlHasAName) {
+  for (const Button* shown : parts<Button>(*panel))
+    EXPECT_TRUE(!shown->isVisible() || !shown->accessibleName().isEmpty());
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

@@ -1,0 +1,71 @@
+#include "screens/panel/PrayerTimesView.hpp"
+
+#include "tests/screens/ScreenTest.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+class PrayerTimesViewTest : public ScreenTest {
+ protected:
+  PrayerTimesViewTest() { AppSettings::shared().showCalendar = false; }
+
+  /// The names of the rows on the accent colour.
+  [[nodiscard]] QStringList highlighted() const {
+    const QImage drawn = panel->grab().toImage();
+    QStringList names;
+    for (const Text* text : parts<Text>(*panel)) {
+      const QPoint leftOfText = text->mapTo(panel.get(), QPoint(-3, text->height() / 2));
+      if (text->isVisible() && drawn.pixelColor(leftOfText) == QColor(34, 120, 70) &&
+          !text->text().contains(u':'))
+        names.append(text->text());
+    }
+    return names;
+  }
+};
+
+TEST_F(PrayerTimesViewTest, ListsTheDayAndItsTimes) {
+  show();
+  EXPECT_EQ(texts().mid(0, 5), (QStringList{"Sunday, 22 February 2026", "5 Ramadan 1447", "Riyadh",
+                                            "Fajr", "05:04 AM"}));
+  EXPECT_EQ(texts().size(), 3 + 2 * 6);
+  EXPECT_EQ(highlighted(), QStringList{"Asr"});
+}
+
+TEST_F(PrayerTimesViewTest, TheHighlightMovesOnWhileThePanelIsOpen) {
+  show();
+  desktop.loop.advance(Seconds(3 * 3600.0));
+  EXPECT_EQ(highlighted(), QStringList{"Maghrib"});
+  desktop.loop.advance(Seconds(5 * 3600.0));
+  EXPECT_EQ(highlighted(), QStringList{});
+}
+
+TEST_F(PrayerTimesViewTest, FollowsSettingsAndPlace) {
+  show();
+  AppSettings::shared().showSunnahTimes = true;
+  settle();
+  EXPECT_EQ(texts().mid(3 + 2 * 6),
+            (QStringList{"Middle of Night", "11:28 PM", "Last Third", "01:19 AM"}));
+  AppSettings::shared().manualLatitude = -6.2;
+  AppSettings::shared().manualLongitude = 106.8;
+  AppSettings::shared().manualLocationName = "Jakarta";
+  AppSettings::shared().locationMode = LocationMode::manual;
+  settle();
+  EXPECT_EQ(texts().at(2), "Jakarta");
+  AppSettings::shared().manualLatitude = 89;
+  settle();
+  EXPECT_EQ(texts().size(), 3) << "no rows in the polar night";
+}
+
+TEST_F(PrayerTimesViewTest, LooksAtTheClockOnlyWhileItIsShown) {
+  show();
+  panel->hide();
+  desktop.loop.advance(Seconds(3 * 3600.0));
+  panel->show();
+  EXPECT_EQ(highlighted(), QStringList{"Maghrib"}) << "at once when it is shown again";
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

@@ -1,0 +1,144 @@
+#include <cstdlib>
+#include <map>
+#include <random>
+
+#include "tests/screens/ScreenTest.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+/// How many, of the number that a thorough run makes; HILALOR_THOROUGH asks for it.
+int times(int thorough) {
+  constexpr int kUsualShare = 20;
+  return std::getenv("HILALOR_THOROUGH") != nullptr ? thorough : thorough / kUsualShare;
+}
+
+/// Months, clicks, keys, wheel, settings and notes in any order, with the notes kept beside.
+class RandomUse : public ScreenTest {
+ protected:
+  [[nodiscard]] int upTo(int limit) { return std::uniform_int_distribution(0, limit - 1)(random); }
+
+  [[nodiscard]] DayCellView& anyCell() {
+    return *parts<DayCellView>(*panel).at(static_cast<std::size_t>(upTo(42)));
+  }
+
+  /// Keys for the panel; while a note is open, only the one that closes it.
+  void press(Qt::Key key) {
+    const bool noteIsOpen = part<TextEditor>(*panel) != nullptr;
+    QTest::keyClick(target(), noteIsOpen ? Qt::Key_Escape : key);
+  }
+
+  [[nodiscard]] QWidget* target() const {
+    QWidget* focused = QApplication::focusWidget();
+    return focused != nullptr ? focused : panel.get();
+  }
+
+  void editNote() {
+    DayCellView& cell = anyCell();
+    if (!cell.day()) return;
+    const Date day = cell.day()->cell.date;
+    doubleClick(cell);
+    auto* editor = part<TextEditor>(*panel);
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor->focusProxy(), QString("note %1").arg(upTo(1000)));
+    if (upTo(4) == 0) {
+      QTest::keyClick(editor->focusProxy(), Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClick(editor->focusProxy(), Qt::Key_Delete);
+    }
+    const std::string text = editor->text().toStdString();
+    text.empty() ? void(expected.erase(day.secondsSince1970))
+                 : void(expected[day.secondsSince1970] = text);
+    if (upTo(2) == 0) QTest::keyClick(editor->focusProxy(), Qt::Key_Escape);
+  }
+
+  void changeSetting() {
+    auto& settings = AppSettings::shared();
+    switch (upTo(6)) {
+      case 0:
+        settings.primaryCalendar =
+            upTo(2) == 0 ? PrimaryCalendar::hijri : PrimaryCalendar::gregorian;
+        break;
+      case 1:
+        settings.showSecondaryCalendar = upTo(2) == 0;
+        break;
+      case 2:
+        settings.showHolidays = upTo(2) == 0;
+        break;
+      case 3:
+        settings.showSunnahTimes = upTo(2) == 0;
+        break;
+      case 4:
+        settings.showPrayerTimes = upTo(4) != 0;
+        break;
+      default:
+        PrayerNotificationManager::shared().playingDua.assign(upTo(2) == 0);
+        break;
+    }
+  }
+
+  void act() {
+    static constexpr Qt::Key kKeys[] = {
+        Qt::Key_Left, Qt::Key_Right,  Qt::Key_Up,  Qt::Key_Down,  Qt::Key_PageUp, Qt::Key_PageDown,
+        Qt::Key_Home, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Escape};
+    switch (upTo(8)) {
+      case 0:
+        return editNote();
+      case 1:
+        return changeSetting();
+      case 2:
+        return click(anyCell());
+      case 3:
+        return doubleClick(titleBlock());
+      case 4:
+        return QTest::mouseMove(&anyCell());
+      case 5: {
+        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(panel.get(), &wheel);
+        return;
+      }
+      case 6:
+        desktop.loop.advance(Seconds(60));
+        return;
+      default:
+        return press(kKeys[upTo(static_cast<int>(std::size(kKeys)))]);
+    }
+  }
+
+  std::mt19937 random{2026};
+  std::map<double, std::string> expected;
+};
+
+TEST_F(RandomUse, ManyEventsLeaveTheNotesAsTheyWereTyped) {
+  show();
+  for (int event = 0; event < times(10'000); ++event) {
+    act();
+    settle();
+  }
+  for (const auto& [day, text] : expected)
+    EXPECT_EQ(NotesStore::shared().note({day}), text);
+  EXPECT_EQ(NotesStore::shared().notes().size(), expected.size());
+  EXPECT_EQ(desktop.defaults.dictionary("dayNotes"), NotesStore::shared().notes());
+}
+
+TEST_F(RandomUse, ManyMonthsAreShownWhole) {
+  show();
+  for (int month = 0; month < times(1'000); ++month) {
+    if (upTo(20) == 0) changeSetting();
+    AppSettings::shared().showPrayerTimes = true;
+    if (upTo(30) == 0) doubleClick(titleBlock());
+    for (const char* name : {"Next month", "Next year"})
+      if (Button* next = button(name)) click(*next);
+    settle();
+    int days = 0;
+    for (const DayCellView* found : parts<DayCellView>(*panel))
+      days += found->day().has_value();
+    EXPECT_TRUE(days >= 28 && days <= 31) << titleText().toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

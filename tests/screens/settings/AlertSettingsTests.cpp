@@ -1,0 +1,181 @@
+#include "screens/settings/AlertSettings.hpp"
+
+#include <fstream>
+
+#include "tests/fakes/TemporaryFolder.hpp"
+#include "tests/screens/SettingsTest.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class AlertSettingsTest : public SettingsTest {
+ protected:
+  AlertSettingsTest() {
+    // Glass and Bowl are what the fake desktop can play.
+    for (const char* name : {"Glass", "Bowl"})
+      std::ofstream(sounds.path() / (std::string(name) + ".aiff")) << "FORM";
+    desktop.platform.soundFolders = {sounds.path()};
+  }
+
+  [[nodiscard]] bool warns() const { return showsText("Notifications are blocked."); }
+
+  [[nodiscard]] std::vector<QString> previewMarks() const {
+    std::vector<QString> marks;
+    for (const Button* preview : previews())
+      marks.push_back(preview->toolTip());
+    return marks;
+  }
+
+  void clickPreview(std::size_t row) {
+    click(previews()[row]);
+    settle();
+  }
+
+  TemporaryFolder sounds;
+};
+
+TEST_F(AlertSettingsTest, EachSwitchingOnAsksOnceForPermission) {
+  const auto& requests = desktop.notifications.requestedOptions;
+  show();
+  EXPECT_THAT(requests, IsEmpty());
+  for (const std::size_t expected : {1U, 1U, 2U, 2U}) {
+    click(toggle("Notify me at prayer times"));
+    settle();
+    EXPECT_THAT(requests, SizeIs(expected));
+  }
+  EXPECT_EQ(requests.front(), NotificationOptions::alert | NotificationOptions::sound);
+}
+
+TEST_F(AlertSettingsTest, AnEnabledAnnouncementIsNotAskedForWhenTheWindowOpens) {
+  settings().prayerNotificationsEnabled = true;
+  show();
+  settings().prayerNotificationsEnabled = true;
+  settle();
+  EXPECT_THAT(desktop.notifications.requestedOptions, IsEmpty());
+}
+
+TEST_F(AlertSettingsTest, WarnsWhileBannersAreWantedAndBlocked) {
+  desktop.notifications.status = NotificationAuthorization::denied;
+  show();
+  EXPECT_FALSE(warns());
+  click(toggle("Notify me at prayer times"));
+  settle();
+  EXPECT_TRUE(warns());
+  EXPECT_TRUE(showsText("Enable them in System Settings → Notifications → Hilalor."));
+  click(button("Open System Settings →"));
+  EXPECT_THAT(desktop.workspace.panes, ElementsAre(SettingsPane::notifications));
+  click(toggle("Notification"));
+  settle();
+  EXPECT_FALSE(warns());
+  click(toggle("Notification"));
+  settle();
+  EXPECT_TRUE(warns());
+  desktop.notifications.status = NotificationAuthorization::authorized;
+  view->hide();
+  view->show();
+  settle();
+  EXPECT_FALSE(warns()) << "looked at afresh whenever the window is shown";
+}
+
+TEST_F(AlertSettingsTest, IsToldWhetherBannersAreBlockedWhenTheWindowIsShownAndNotLater) {
+  settings().prayerNotificationsEnabled = true;
+  settings().showPrayerTimes = false;
+  desktop.notifications.status = NotificationAuthorization::denied;
+  show();
+  desktop.notifications.status = NotificationAuthorization::authorized;
+  click(toggle("Show prayer times"));
+  settle();
+  EXPECT_TRUE(warns());
+}
+
+TEST_F(AlertSettingsTest, AnswersAfterTheWindowHasGoneComeToNothing) {
+  show();
+  click(toggle("Notify me at prayer times"));
+  view.reset();
+  settle();
+  EXPECT_THAT(desktop.notifications.requestedOptions, SizeIs(1));
+}
+
+TEST_F(AlertSettingsTest, AChosenBeepIsHeardOnce) {
+  showEveryRow();
+  show();
+  choose(openMenu("Glass"), "Bowl");
+  EXPECT_EQ(stored("selectedBeepSound"), "Bowl");
+  EXPECT_THAT(desktop.sounds.begun(), ElementsAre("Bowl"));
+  choose(openMenu("Bowl"), "Bowl");
+  EXPECT_THAT(desktop.sounds.begun(), ElementsAre("Bowl")) << "it was chosen before";
+  choose(openMenu("Bowl"), "Glass");
+  EXPECT_THAT(desktop.sounds.begun(), ElementsAre("Bowl", "Glass"));
+  EXPECT_THAT(desktop.sounds.audible(), ElementsAre("Glass"));
+}
+
+TEST_F(AlertSettingsTest, ABeepThatIsNotThereAnyMoreIsStillNamed) {
+  showEveryRow();
+  settings().selectedBeepSound = "Gong";
+  show();
+  const QMenu* menu = openMenu("Gong");
+  ASSERT_EQ(menu->actions().size(), 2);
+  for (const QAction* action : menu->actions())
+    EXPECT_FALSE(action->isChecked()) << action->text().toStdString();
+}
+
+TEST_F(AlertSettingsTest, TheLoopGoesByFivesFromFiveToTwoMinutes) {
+  showEveryRow();
+  show();
+  constexpr int kMoreThanThereAre = 30;
+  EXPECT_TRUE(showsText("10 sec"));
+  for (int press = 0; press < kMoreThanThereAre; ++press) {
+    click(button("Less"));
+    settle();
+  }
+  EXPECT_EQ(stored("beepLoopSeconds"), "5");
+  EXPECT_TRUE(showsText("5 sec"));
+  click(button("More"));
+  EXPECT_EQ(stored("beepLoopSeconds"), "10");
+  for (int press = 0; press < kMoreThanThereAre; ++press) {
+    settle();
+    click(button("More"));
+  }
+  EXPECT_EQ(stored("beepLoopSeconds"), "120");
+}
+
+TEST_F(AlertSettingsTest, ThePreviewsMarksFollowWhatPlays) {
+  showEveryRow();
+  show();
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Preview", "Preview"));
+  clickPreview(0);
+  EXPECT_THAT(desktop.sounds.audible(), ElementsAre("athan"));
+  EXPECT_THAT(previewMarks(), ElementsAre("Stop", "Preview", "Preview"));
+  clickPreview(1);
+  EXPECT_THAT(desktop.sounds.audible(), ElementsAre("athan2")) << "in place of the first";
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Stop", "Preview"));
+  clickPreview(1);
+  EXPECT_THAT(desktop.sounds.audible(), IsEmpty());
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Preview", "Preview"));
+  clickPreview(0);
+  desktop.sounds.finish("athan");
+  settle();
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Preview", "Preview"));
+  EXPECT_EQ(stored("athanVoice"), "nothing") << "listening chooses nothing";
+}
+
+TEST_F(AlertSettingsTest, TheSupplicationIsPreviewedByItself) {
+  showEveryRow();
+  show();
+  clickPreview(2);
+  EXPECT_THAT(desktop.sounds.audible(), ElementsAre("after_athan"));
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Preview", "Stop"));
+  clickPreview(2);
+  EXPECT_THAT(desktop.sounds.audible(), IsEmpty());
+  EXPECT_THAT(previewMarks(), ElementsAre("Preview", "Preview", "Preview"));
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

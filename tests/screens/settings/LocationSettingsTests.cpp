@@ -1,0 +1,140 @@
+#include "screens/settings/LocationSettings.hpp"
+
+#include "screens/map/MapPickerView.hpp"
+#include "tests/screens/SettingsTest.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class LocationSettingsTest : public SettingsTest {
+ protected:
+  [[nodiscard]] static LocationManager& manager() { return LocationManager::shared(); }
+
+  /// The map, while it is shown.
+  [[nodiscard]] MapPickerView* map() const { return part<MapPickerView>(*view); }
+
+  /// Which of the block's lines are there.
+  [[nodiscard]] QStringList lines() const {
+    QStringList shown;
+    for (const char* text :
+         {"Location access denied.", "Detecting location…", "Location detected", "Jeddah"})
+      if (showsText(text)) shown.append(text);
+    for (const char* name : {"Open System Settings →", "Allow Location Access", "Change Location",
+                             "Pick Location on Map"})
+      if (button(name) != nullptr) shown.append(name);
+    return shown;
+  }
+};
+
+TEST_F(LocationSettingsTest, TellsHowFarTheSystemsLocationIs) {
+  show();
+  const struct {
+    AuthorizationStatus status;
+    bool hasFix;
+    const char* name;
+    QStringList lines;
+  } cases[] = {
+      {AuthorizationStatus::notDetermined, false, "", {"Allow Location Access"}},
+      {AuthorizationStatus::restricted,
+       false,
+       "",
+       {"Location access denied.", "Open System Settings →"}},
+      {AuthorizationStatus::denied,
+       true,
+       "Jeddah",
+       {"Location access denied.", "Open System Settings →"}},
+      {AuthorizationStatus::authorizedAlways, false, "Jeddah", {"Detecting location…"}},
+      {AuthorizationStatus::authorizedAlways, true, "", {"Location detected"}},
+      {AuthorizationStatus::authorizedAlways, true, "Jeddah", {"Jeddah"}},
+      {AuthorizationStatus::authorizedWhenInUse, true, "Jeddah", {"Allow Location Access"}},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(static_cast<int>(one.status));
+    manager().authStatus.assign(one.status);
+    manager().coordinate.assign(one.hasFix ? std::optional(LocationCoordinate{21.5, 39.2})
+                                           : std::nullopt);
+    manager().locationName.assign(one.name);
+    settle();
+    EXPECT_EQ(lines(), one.lines);
+  }
+}
+
+TEST_F(LocationSettingsTest, AsksForAccessAndOpensTheDesktopsSettings) {
+  show();
+  click(button("Allow Location Access"));
+  EXPECT_EQ(desktop.location.authorizationRequests, 1);
+  desktop.location.report(AuthorizationStatus::denied);
+  settle();
+  click(button("Open System Settings →"));
+  EXPECT_THAT(desktop.workspace.panes, ElementsAre(SettingsPane::locationPrivacy));
+
+  // Back from the desktop's settings, and a second time from elsewhere.
+  const int asked = desktop.location.asksAgain;
+  for (const int looks : {1, 2}) {
+    QEvent back(QEvent::WindowActivate);
+    QApplication::sendEvent(view.get(), &back);
+    EXPECT_EQ(desktop.location.authorizationRequests, 2);
+    EXPECT_EQ(desktop.location.asksAgain, asked + looks);
+  }
+  desktop.location.report(AuthorizationStatus::authorizedAlways);
+  settle();
+  EXPECT_EQ(lines(), QStringList{"Detecting location…"});
+}
+
+TEST_F(LocationSettingsTest, AManualPlaceIsNamedAndCanBeChanged) {
+  show();
+  click(toggle("Set Manually"));
+  settle();
+  EXPECT_EQ(lines(), QStringList{"Pick Location on Map"});
+  settings().manualLocationName = "Jeddah";
+  settle();
+  EXPECT_EQ(lines(), (QStringList{"Jeddah", "Change Location"}));
+  click(toggle("Use system location"));
+  settle();
+  EXPECT_EQ(lines(), QStringList{"Allow Location Access"});
+}
+
+TEST_F(LocationSettingsTest, TheMapGivesThePlaceAndLeavesTheModeAlone) {
+  show();
+  settings().locationMode = LocationMode::manual;
+  settings().manualLatitude = 21.5;
+  settings().manualLongitude = 39.2;
+  settle();
+  desktop.defaults.writes.clear();
+  click(button("Pick Location on Map"));
+  settle();
+  ASSERT_TRUE(map());
+  click(button("Confirm"));
+  settle();
+  EXPECT_THAT(desktop.defaults.writes, ElementsAre("manualLatitude", "manualLongitude",
+                                                   "manualLocationName", "manualTimeZoneId"));
+  EXPECT_EQ(stored("manualLatitude"), "21.500000");
+  EXPECT_EQ(stored("manualLongitude"), "39.200000");
+  EXPECT_EQ(stored("manualLocationName"), "Custom Location");
+  EXPECT_EQ(stored("manualTimeZoneId"), "Asia/Riyadh");
+  EXPECT_FALSE(map());
+  EXPECT_EQ(lines(), QStringList{"Change Location"});
+}
+
+TEST_F(LocationSettingsTest, WithoutAPlaceTheMapBeginsWithoutAPin) {
+  settings().locationMode = LocationMode::manual;
+  show();
+  desktop.defaults.writes.clear();
+  click(button("Pick Location on Map"));
+  settle();
+  ASSERT_TRUE(map());
+  EXPECT_FALSE(button("Confirm")->isEnabled());
+  click(button("Cancel"));
+  settle();
+  EXPECT_FALSE(map());
+  EXPECT_THAT(desktop.defaults.writes, IsEmpty());
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens

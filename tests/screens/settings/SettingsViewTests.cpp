@@ -1,0 +1,275 @@
+#include "screens/settings/SettingsView.hpp"
+
+#include <QAbstractButton>
+
+#include "rules/settings/ProgramFacts.hpp"
+#include "tests/fakes/TemporaryFolder.hpp"
+#include "tests/screens/SettingsTest.hpp"
+#include "ui/Containers.hpp"
+#include "ui/Picture.hpp"
+#include "ui/Stepper.hpp"
+
+namespace Hilalor::Screens {
+
+using namespace Ui;
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using SettingsViewTest = SettingsTest;
+
+TEST_F(SettingsViewTest, EverySwitchAndBoxStoresAtOnce) {
+  showEveryRow();
+  show();
+  const struct {
+    const char* label;
+    const char* key;
+    const Setting<bool>& setting;
+  } rows[] = {
+      {"Show calendar", "showCalendar", settings().showCalendar},
+      {"Show secondary calendar", "showSecondaryCalendar", settings().showSecondaryCalendar},
+      {"Show Islamic Eids & Saudi holidays", "showHolidays", settings().showHolidays},
+      {"Show prayer times", "showPrayerTimes", settings().showPrayerTimes},
+      {"Show Sunnah times", "showSunnahTimes", settings().showSunnahTimes},
+      {"Notify me at prayer times", "prayerNotificationsEnabled",
+       settings().prayerNotificationsEnabled},
+      {"Notification", "notificationBannerEnabled", settings().notificationBannerEnabled},
+      {"Beep Sound", "beepSoundEnabled", settings().beepSoundEnabled},
+      {"Loop for", "beepLoopEnabled", settings().beepLoopEnabled},
+      {"Athan", "athanEnabled", settings().athanEnabled},
+      {"Play after Athan supplication", "playDuaAfterAthan", settings().playDuaAfterAthan},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.label);
+    const bool before = row.setting;
+    for (const bool expected : {!before, before}) {
+      desktop.defaults.writes.clear();
+      click(toggle(row.label));
+      EXPECT_EQ(row.setting.value(), expected);
+      EXPECT_EQ(stored(row.key), expected ? "true" : "false");
+      EXPECT_THAT(desktop.defaults.writes, ElementsAre(row.key)) << "and nothing else";
+      settle();
+      EXPECT_EQ(toggle(row.label)->isOn(), expected);
+    }
+  }
+}
+
+TEST_F(SettingsViewTest, EveryPickerOffersItsOptionsInOrderAndStoresTheChosenOne) {
+  show();
+  const struct {
+    const char* key;
+    QStringList options;
+    std::vector<const char*> rawValues;
+  } pickers[] = {
+      {"menuBarStyle",
+       {"Date  (e.g. 6 Apr)", "Emoji \U0001F4C5", "Next prayer countdown"},
+       {"date", "emoji", "nextPrayer"}},
+      {"primaryCalendar", {"Gregorian", "Hijri (Umm Al-Qura)"}, {"gregorian", "hijri"}},
+      {"asrCalculation", {"Shafi'i / Hanbali / Maliki", "Hanafi"}, {"shafi", "hanafi"}},
+      {"calculationMethod",
+       {"Umm Al-Qura, Makkah", "Muslim World League", "Egyptian General Authority",
+        "University of Karachi", "Dubai (UAE)", "Moonsighting Committee", "ISNA (North America)",
+        "Kuwait", "Qatar", "Singapore / Malaysia", "Tehran", "Turkey (Diyanet)"},
+       {"ummAlQura", "muslimWorldLeague", "egyptian", "karachi", "dubai", "moonsightingCommittee",
+        "northAmerica", "kuwait", "qatar", "singapore", "tehran", "turkey"}},
+  };
+  for (const auto& picker : pickers) {
+    SCOPED_TRACE(picker.key);
+    QString current = picker.options.front();
+    // The first one last, so that every choice is a change.
+    for (int step = 1; step <= picker.options.size(); ++step) {
+      const int index = step % static_cast<int>(picker.options.size());
+      QMenu* menu = openMenu(current);
+      QStringList offered;
+      for (const QAction* action : menu->actions()) {
+        offered.append(action->text());
+        EXPECT_EQ(action->isChecked(), action->text() == current);
+      }
+      ASSERT_EQ(offered.join("; ").toStdString(), picker.options.join("; ").toStdString());
+      current = picker.options[index];
+      choose(menu, current);
+      EXPECT_EQ(stored(picker.key), picker.rawValues[static_cast<std::size_t>(index)]);
+    }
+  }
+}
+
+TEST_F(SettingsViewTest, RingsAndSegmentsStoreAtOnce) {
+  showEveryRow();
+  show();
+  const struct {
+    const char* label;
+    const char* key;
+    const char* rawValue;
+  } rings[] = {
+      {"Set Manually", "locationMode", "manual"},
+      {"Use system location", "locationMode", "automatic"},
+      {"Sh. Tolsar · Riyadh Grand Mosque", "athanVoice", "tolsar"},
+      {"Sh. Vemran · Al-Masjid Al-Nabawi", "athanVoice", "vemran"},
+  };
+  for (const auto& ring : rings) {
+    SCOPED_TRACE(ring.label);
+    click(toggle(ring.label));
+    EXPECT_EQ(stored(ring.key), ring.rawValue);
+    settle();
+    EXPECT_TRUE(toggle(ring.label)->isOn());
+    click(toggle(ring.label));
+    EXPECT_EQ(stored(ring.key), ring.rawValue) << "a second click leaves it";
+  }
+  const auto segments = part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>();
+  const std::vector<const char*> themes{"system", "light", "dark"};
+  for (const std::size_t index : {2U, 1U, 0U}) {
+    click(segments[static_cast<int>(index)]);
+    EXPECT_EQ(stored("appTheme"), themes[index]);
+    settle();
+    EXPECT_TRUE(segments[static_cast<int>(index)]->isChecked());
+  }
+}
+
+TEST_F(SettingsViewTest, RowsAreThereOnlyWhileWhatTheyDependOnIs) {
+  showEveryRow();
+  show();
+  const struct {
+    const char* upper;
+    std::vector<const char*> lower;
+  } dependences[] = {
+      {"Loop for", {}},
+      {"Beep Sound", {"Loop for"}},
+      {"Athan",
+       {"Sh. Vemran · Al-Masjid Al-Nabawi", "Sh. Tolsar · Riyadh Grand Mosque",
+        "Play after Athan supplication"}},
+      {"Notify me at prayer times", {"Notification", "Beep Sound", "Loop for", "Athan"}},
+      {"Show prayer times",
+       {"Show Sunnah times", "Use system location", "Set Manually", "Notify me at prayer times",
+        "Athan"}},
+      {"Show calendar", {"Show secondary calendar", "Show Islamic Eids & Saudi holidays"}},
+  };
+  for (const auto& [upper, lower] : dependences) {
+    SCOPED_TRACE(upper);
+    for (const bool isThere : {false, true}) {
+      click(toggle(upper));
+      settle();
+      for (const char* label : lower)
+        EXPECT_EQ(toggle(label) != nullptr, isThere) << label;
+    }
+  }
+}
+
+TEST_F(SettingsViewTest, CardsWithoutTheirSectionsHoldTheirSwitchAlone) {
+  settings().showCalendar = false;
+  settings().showPrayerTimes = false;
+  show();
+  const QRect first = frame(*part<Card>(*view));
+  view->resize(380, 1000);
+  settle();
+  EXPECT_EQ(frame(*part<Card>(*view)), first) << "what is free is below";
+  std::vector<QString> labels;
+  for (const Toggle* found : parts<Toggle>(*view))
+    if (found->isVisible()) labels.push_back(found->accessibleName());
+  EXPECT_THAT(labels, ElementsAre("Show calendar", "Show prayer times"));
+  // A switch between the paddings of its card.
+  for (const Card* card : parts<Card>(*view)) {
+    if (part<Toggle>(*card) != nullptr) {
+      EXPECT_EQ(card->height(), 12 + part<Toggle>(*card)->height() + 12);
+    }
+  }
+}
+
+TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
+  show();
+  settings().showHolidays = false;
+  settings().menuBarStyle = MenuBarStyle::emoji;
+  settings().theme = AppTheme::dark;
+  settle();
+  EXPECT_FALSE(toggle("Show Islamic Eids & Saudi holidays")->isOn());
+  EXPECT_TRUE(button(QStringLiteral("Emoji \U0001F4C5")));
+  EXPECT_TRUE(part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>()[2]->isChecked());
+}
+
+/// How many windows there were.
+class ShownWindows final : public QObject {
+ public:
+  ShownWindows() { qApp->installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool isWidget = event->type() == QEvent::Show && watched->isWidgetType();
+    if (isWidget && static_cast<QWidget*>(watched)->isWindow()) ++count;
+    return false;
+  }
+};
+
+TEST_F(SettingsViewTest, NoPartIsEverAWindowByItself) {
+  showEveryRow();
+  ShownWindows windows;
+  show();
+  EXPECT_EQ(windows.count, 1);
+}
+
+TEST_F(SettingsViewTest, NoLetterOfALabelIsAShortcut) {
+  show();
+  for (const QAbstractButton* control : parts<QAbstractButton>(*view))
+    EXPECT_TRUE(control->shortcut().isEmpty()) << control->accessibleName().toStdString();
+}
+
+TEST_F(SettingsViewTest, ShowingItWritesNothing) {
+  showEveryRow();
+  desktop.defaults.writes.clear();
+  show();
+  EXPECT_THAT(desktop.defaults.writes, IsEmpty());
+}
+
+TEST_F(SettingsViewTest, IsLaidOutToThePoint) {
+  showEveryRow();
+  show();
+  for (const Card* card : parts<Card>(*view)) {
+    EXPECT_EQ(frame(*card).left(), 16);
+    EXPECT_EQ(frame(*card).width(), 380 - 2 * 16);
+  }
+  const QRect menuBar = frame(*parts<Card>(*view)[0]);
+  // The first text is the hidden one of an unkept store.
+  const QRect header = frame(*parts<Text>(*view)[1]);
+  EXPECT_EQ(parts<Text>(*view)[1]->text(), "MENU BAR");
+  EXPECT_EQ(header.topLeft(), QPoint(16 + 4, 16 + 20));
+  EXPECT_EQ(menuBar.top(), header.bottom() + 1 + 6);
+  EXPECT_EQ(frame(*parts<Text>(*view)[2]).topLeft(), menuBar.topLeft() + QPoint(14, 12));
+  EXPECT_EQ(frame(*toggle("Beep Sound")).left(), 16 + 14);
+  EXPECT_EQ(frame(*toggle("Loop for")).left(), 16 + 14 + 24);
+  EXPECT_EQ(frame(*toggle("Sh. Tolsar · Riyadh Grand Mosque")).left(), 16 + 14 + 24);
+  EXPECT_EQ(frame(*toggle("Play after Athan supplication")).left(), 16 + 14 + 24 + 24);
+  EXPECT_EQ(frame(*previews()[2]).right() + 1, 380 - 16 - 14);
+
+  view->resize(600, 520);
+  settle();
+  EXPECT_EQ(frame(*parts<Card>(*view)[0]).left(), (600 - 380) / 2 + 16) << "in the middle";
+}
+
+TEST_F(SettingsViewTest, TellsWhatTheProgramIsAndLinksToIt) {
+  FakeUpdater updater;
+  show();
+  EXPECT_TRUE(showsText("Hilalor"));
+  EXPECT_TRUE(showsText("v1.5"));
+  EXPECT_FALSE(button("Check for Updates"));
+  const int left = frame(*part<Card>(*view)).left();
+  const auto nameLeft = [this] {
+    for (const Text* text : parts<Text>(*view))
+      if (text->text() == "Hilalor") return frame(*text).left();
+    return 0;
+  };
+  EXPECT_EQ(nameLeft(), left + 14) << "without an icon the texts move left";
+  click(button("hilalor.org"));
+  EXPECT_THAT(desktop.workspace.pages, ElementsAre(kWebSite));
+
+  QPixmap icon(256, 256);
+  icon.fill(Qt::red);
+  show(&updater, icon);
+  EXPECT_EQ(part<Picture>(*view)->size(), QSize(44, 44));
+  EXPECT_EQ(nameLeft(), left + 14 + 44 + 14);
+  click(button("Check for Updates"));
+  EXPECT_EQ(updater.checks, 1);
+}
+
+}  // namespace
+}  // namespace Hilalor::Screens
