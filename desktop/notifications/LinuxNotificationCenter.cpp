@@ -4,6 +4,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QVariantMap>
+#include <limits>
 #include <utility>
 
 namespace Hilalor::Desktop {
@@ -20,6 +21,9 @@ constexpr Seconds kNextTry{2};
 
 /// What a new message sounds like, by the sound names that desktops share.
 const QString kDefaultSound = QStringLiteral("message-new-instant");
+
+/// A service that ends by what it is asked to show is not to end all day.
+constexpr int kMostSendings = 3;
 
 QDBusMessage callTo(const QString& method) {
   return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
@@ -66,39 +70,50 @@ void LinuxNotificationCenter::ask(const QDBusConnection& bus, Answer answer) {
                      finished->deleteLater();
                      capabilities_ = reply.isValid() ? reply.value() : QStringList();
                      if (!reply.isValid()) return deny(answer);
+                     expectService();
                      answer(NotificationAuthorization::authorized);
                    });
 }
 
+void LinuxNotificationCenter::expectService() {
+  isExpected_ = true;
+  givingUp_.reset();
+}
+
 void LinuxNotificationCenter::deny(Answer answer) {
-  if (!returning_) return answer(NotificationAuthorization::denied);
+  if (!isExpected_) return answer(NotificationAuthorization::denied);
   waiting_.push_back(std::move(answer));
+  if (!givingUp_) givingUp_ = loop_.once(kLateBanner, [this] { giveUp(); });
   nextTry_ = loop_.once(kNextTry, [this] { askAgain(); });
 }
 
 void LinuxNotificationCenter::busChanged() {
-  if (bus_()) return askAgain();
-  returning_ = loop_.once(kLateBanner, [this] { giveUp(); });
+  expectService();
+  askAgain();
 }
 
 void LinuxNotificationCenter::askAgain() {
-  const auto bus = bus_();
-  if (!bus) return;
   for (auto& answer : std::exchange(waiting_, {}))
-    ask(*bus, std::move(answer));
+    authorizationStatus(std::move(answer));
 }
 
 void LinuxNotificationCenter::giveUp() {
-  const auto finished = std::move(returning_);
+  isExpected_ = false;
+  const auto finished = std::move(givingUp_);
   for (const auto& answer : std::exchange(waiting_, {}))
     answer(NotificationAuthorization::denied);
 }
 
 void LinuxNotificationCenter::add(const NotificationRequest& request) {
-  const auto bus = bus_();
+  send(request, kMostSendings);
+}
+
+void LinuxNotificationCenter::send(const NotificationRequest& request, int sendings) {
   const auto presentation =
       delegate_ != nullptr ? delegate_->willPresent(request) : NotificationOptions::none;
-  if (!bus || !contains(presentation, NotificationOptions::banner)) return;
+  if (!contains(presentation, NotificationOptions::banner)) return;
+  const auto bus = bus_();
+  if (!bus) return sendAgain(request, sendings);
   auto body = QString::fromStdString(request.body);
   if (capabilities_.contains(QStringLiteral("body-markup"))) body = body.toHtmlEscaped();
   constexpr uint kReplacesNone = 0;
@@ -106,7 +121,21 @@ void LinuxNotificationCenter::add(const NotificationRequest& request) {
   auto call = callTo(QStringLiteral("Notify"));
   call << kProgramName << kReplacesNone << kProgramId << QString::fromStdString(request.title)
        << body << QStringList() << hints(presentation) << kServicesOwnTime;
-  bus->send(call);
+  // What was only slow is not to be shown twice.
+  constexpr int kWithoutTimeLimit = std::numeric_limits<int>::max();
+  auto* sent = new QDBusPendingCallWatcher(bus->asyncCall(call, kWithoutTimeLimit), &calls_);
+  QObject::connect(sent, &QDBusPendingCallWatcher::finished, &calls_,
+                   [this, request, sendings, sent] {
+                     sent->deleteLater();
+                     if (sent->isError()) sendAgain(request, sendings);
+                   });
+}
+
+void LinuxNotificationCenter::sendAgain(const NotificationRequest& request, int sendings) {
+  if (sendings == 1) return;
+  deny([this, request, sendings](NotificationAuthorization status) {
+    if (status == NotificationAuthorization::authorized) send(request, sendings - 1);
+  });
 }
 
 }  // namespace Hilalor::Desktop

@@ -16,7 +16,9 @@ namespace Hilalor::Desktop {
 
 /// Banners by the desktop's notification service, org.freedesktop.Notifications. Banners are
 /// allowed while a service answers: the desktop's own switches decide what it does with them. The
-/// bus starts a service that is installed but not running. Main thread.
+/// bus starts a service that is installed but not running. One that does not answer may be about to
+/// come back: questions wait a minute for it, and so does a banner that went down with it. Main
+/// thread.
 class LinuxNotificationCenter final : public NotificationCenter {
  public:
   /// The user's bus as it is now; none while there is no bus.
@@ -27,8 +29,7 @@ class LinuxNotificationCenter final : public NotificationCenter {
   LinuxNotificationCenter(RunLoop& loop, Bus bus,
                           std::chrono::milliseconds answersWithin = std::chrono::seconds(20));
 
-  /// To be told when the bus came or went. Questions of the minute after a loss wait for the bus
-  /// and the service to come back: a prayer may be due just then.
+  /// To be told when the bus came or went.
   void busChanged();
 
   void setDelegate(Delegate* delegate) override { delegate_ = delegate; }
@@ -42,8 +43,11 @@ class LinuxNotificationCenter final : public NotificationCenter {
 
   void ask(const QDBusConnection& bus, Answer answer);
   void deny(Answer answer);
+  void expectService();
   void askAgain();
   void giveUp();
+  void send(const NotificationRequest& request, int sendings);
+  void sendAgain(const NotificationRequest& request, int sendings);
 
   RunLoop& loop_;
   Bus bus_;
@@ -51,7 +55,8 @@ class LinuxNotificationCenter final : public NotificationCenter {
   Delegate* delegate_ = nullptr;
   QStringList capabilities_;  // of the service that answered last
   std::vector<Answer> waiting_;
-  std::unique_ptr<Timer> returning_;  // runs for a while after the loss of the bus
+  bool isExpected_ = true;           // Not one that was missed for a whole minute.
+  std::unique_ptr<Timer> givingUp_;  // Runs while the service is missed.
   std::unique_ptr<Timer> nextTry_;
   QObject calls_;  // those on their way end with it
 };

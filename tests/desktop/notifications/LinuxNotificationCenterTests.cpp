@@ -10,7 +10,6 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/process/QtRunLoop.hpp"
 #include "tests/fakes/PrivateBus.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
@@ -32,6 +31,7 @@ class NotificationService : public QObject, protected QDBusContext {
   };
   QStringList capabilities{"body", "actions"};
   bool answers = true;
+  int losses = 0;
   std::vector<Banner> banners;
 
  public Q_SLOTS:
@@ -42,7 +42,11 @@ class NotificationService : public QObject, protected QDBusContext {
 
   uint Notify(const QString& program, uint, const QString& icon, const QString& title,
               const QString& body, const QStringList&, const QVariantMap& hints, int milliseconds) {
-    banners.push_back({program, icon, title, body, hints, milliseconds});
+    // So the bus says of a service that ends.
+    if (losses > 0 && losses-- > 0)
+      sendErrorReply(QDBusError::NoReply);
+    else
+      banners.push_back({program, icon, title, body, hints, milliseconds});
     return 1;
   }
 };
@@ -79,17 +83,24 @@ class LinuxNotificationCenterTest : public testing::Test {
     std::optional<Status> answer;
     center.authorizationStatus([&](Status status) { answer = status; });
     EXPECT_EQ(answer, std::nullopt) << "answered within the call";
-    while (!answer)
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    waitUntil([&] { return answer.has_value(); });
     return *answer;
+  }
+
+  /// The minutes pass quickly.
+  template <typename Condition>
+  void waitUntil(Condition isMet) {
+    while (!isMet()) {
+      QCoreApplication::processEvents();
+      minutes.advance(Seconds(1));
+    }
   }
 
   /// What the service is asked to show.
   NotificationService::Banner shown(const NotificationRequest& request) {
     const auto before = service.banners.size();
     center.add(request);
-    while (service.banners.size() == before)
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    waitUntil([&] { return service.banners.size() > before; });
     return service.banners.back();
   }
 
@@ -97,10 +108,12 @@ class LinuxNotificationCenterTest : public testing::Test {
   QDBusConnection programSide = bus.connection("program");
   QDBusConnection serviceSide = bus.connection("service");
   NotificationService service;
-  QtRunLoop loop;
+  VirtualLoop minutes;
+  bool hasBus = true;
   Presentation presentation;
-  LinuxNotificationCenter center{loop, [this] { return std::optional(programSide); },
-                                 std::chrono::milliseconds(200)};
+  LinuxNotificationCenter center{
+      minutes, [this] { return hasBus ? std::optional(programSide) : std::nullopt; },
+      std::chrono::milliseconds(200)};
 };
 
 const NotificationRequest kFajr{"1b4e28ba-2fa1-41d2-883f-0016d3cca427", "\U0001F54C Fajr",
@@ -118,43 +131,38 @@ TEST_F(LinuxNotificationCenterTest, IsAuthorisedWhileAServiceAnswers) {
   EXPECT_EQ(status(), Status::denied) << "hangs";
 }
 
-TEST_F(LinuxNotificationCenterTest, WithoutABusIsDenied) {
-  LinuxNotificationCenter alone(loop, [] { return std::nullopt; });
-  std::optional<bool> granted;
-  alone.requestAuthorization(NotificationOptions::alert, [&](bool answer) { granted = answer; });
-  alone.add(kFajr);
-  while (!granted)
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  EXPECT_EQ(granted, false);
-}
-
-TEST_F(LinuxNotificationCenterTest, WaitsAMinuteForABusThatWasLost) {
-  VirtualLoop minutes;
-  bool isLost = true;
-  LinuxNotificationCenter alone(
-      minutes, [&] { return isLost ? std::nullopt : std::optional(programSide); },
-      std::chrono::milliseconds(200));
+TEST_F(LinuxNotificationCenterTest, WaitsAMinuteForABusAndAService) {
+  hasBus = false;
   std::vector<Status> answers;
   const auto ask = [&] {
-    alone.authorizationStatus([&](Status status) { answers.push_back(status); });
+    center.authorizationStatus([&](Status status) { answers.push_back(status); });
     minutes.runPosted();
   };
-  alone.busChanged();
   ask();
   minutes.advance(Seconds(59));
   EXPECT_TRUE(answers.empty());
   minutes.advance(Seconds(2));
   EXPECT_EQ(answers, std::vector{Status::denied});
   ask();
-  EXPECT_EQ(answers.size(), 2U) << "at once, when the bus has been gone for long";
-  alone.busChanged();
-  ask();
-  isLost = false;
+  EXPECT_EQ(answers.size(), 2U) << "at once, when it has been gone for long";
+  hasBus = true;
+  center.busChanged();
+  EXPECT_EQ(status(), Status::denied) << "the service did not come with the bus";
+}
+
+TEST_F(LinuxNotificationCenterTest, SendsAgainWhatWentDownWithTheService) {
   startService();
-  alone.busChanged();
-  while (answers.size() < 3)
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  EXPECT_EQ(answers.back(), Status::authorized);
+  service.losses = 2;
+  EXPECT_EQ(shown(kFajr).title.toStdString(), kFajr.title);
+  service.losses = 9;
+  center.add(kFajr);
+  waitUntil([&] { return service.losses == 6; });
+  hasBus = false;
+  center.add(kFajr);
+  service.losses = 0;
+  hasBus = true;
+  waitUntil([&] { return service.banners.size() > 1; });
+  EXPECT_EQ(service.banners.size(), 2U);
 }
 
 TEST_F(LinuxNotificationCenterTest, ShowsTheBannerInTheProgramsName) {
