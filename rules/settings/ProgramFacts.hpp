@@ -5,7 +5,7 @@ namespace Hilalor {
 /// The running program's version.
 inline constexpr const char* kVersion = HILALOR_VERSION;
 
-/// Where the program is at home.
-inline constexpr const char* kWebSite = "https://hilalor.org";
+/// Address of the project's site, empty in a build that was given none.
+inline constexpr const char* kWebSite = HILALOR_WEBSITE;
 
 }  // namespace Hilalor

@@ -1,5 +1,7 @@
 #include "screens/settings/AboutCard.hpp"
 
+#include <QUrl>
+
 #include "platform/Platform.hpp"
 #include "rules/settings/ProgramFacts.hpp"
 #include "ui/Containers.hpp"
@@ -41,8 +43,10 @@ QWidget* AboutCard::program(const QPixmap& appIcon) {
 }
 
 QWidget* AboutCard::creditLine() {
+  const QString site = QUrl(QString::fromUtf8(kWebSite)).host();
+  if (site.isEmpty()) return new Text(kCreditStyle, QStringLiteral("By the Hilalor developers"));
   auto* link = new Button(
-      {.text = QStringLiteral("hilalor.org"), .style = kGreenStyle},
+      {.text = site, .style = kGreenStyle},
       [] {
         if (auto* workspace = Platform::current().workspace) workspace->openWebPage(kWebSite);
       },

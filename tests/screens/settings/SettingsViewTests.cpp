@@ -246,7 +246,7 @@ TEST_F(SettingsViewTest, IsLaidOutToThePoint) {
   EXPECT_EQ(frame(*parts<Card>(*view)[0]).left(), (600 - 380) / 2 + 16) << "in the middle";
 }
 
-TEST_F(SettingsViewTest, TellsWhatTheProgramIsAndLinksToIt) {
+TEST_F(SettingsViewTest, TellsWhatTheProgramIs) {
   FakeUpdater updater;
   show();
   EXPECT_TRUE(showsText("Hilalor"));
@@ -259,8 +259,7 @@ TEST_F(SettingsViewTest, TellsWhatTheProgramIsAndLinksToIt) {
     return 0;
   };
   EXPECT_EQ(nameLeft(), left + 14) << "without an icon the texts move left";
-  click(button("hilalor.org"));
-  EXPECT_THAT(desktop.workspace.pages, ElementsAre(kWebSite));
+  EXPECT_EQ(showsText("By the Hilalor developers"), *kWebSite == '\0') << "else a link follows";
 
   QPixmap icon(256, 256);
   icon.fill(Qt::red);
