@@ -8,12 +8,3 @@ cmake_path(SET built NORMALIZE ${PROJECT_BINARY_DIR}/program/${HILALOR_INSTALLED
 cmake_path(GET built PARENT_PATH folder)
 file(MAKE_DIRECTORY ${folder})
 file(CREATE_LINK ${PROJECT_SOURCE_DIR}/resources ${built} SYMBOLIC)
-
-foreach(data places zones map)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/resources/geodata/${data}
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/hilalor/geodata)
-endforeach()
-
-# GeoClue knows the program by the name of this file.
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/hilalor.desktop
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

@@ -17,6 +17,7 @@
 #include "desktop/place/OfflineAtlas.hpp"
 #include "desktop/place/OfflineGeocoder.hpp"
 #include "desktop/process/CodePages.hpp"
+#include "desktop/process/ProgramId.hpp"
 #include "desktop/process/QtRunLoop.hpp"
 #include "desktop/process/Resources.hpp"
 #include "desktop/process/SystemClock.hpp"
@@ -146,7 +147,7 @@ int main(int argc, char* argv[]) {
   buses.reset();
   if (isChosen) forgetChoice();
   QApplication::setApplicationName("hilalor");
-  QApplication::setDesktopFileName("hilalor");
+  QApplication::setDesktopFileName(kProgramId);
   QApplication::setQuitOnLastWindowClosed(false);
 
   LinuxApplication application;

@@ -7,13 +7,12 @@
 #include <limits>
 #include <utility>
 
+#include "desktop/process/ProgramId.hpp"
+
 namespace Hilalor::Desktop {
 namespace {
 
 const QString kProgramName = QStringLiteral("Hilalor");
-
-/// Names the program's .desktop file and its icon.
-const QString kProgramId = QStringLiteral("hilalor");
 
 /// What was announced a minute ago is no news.
 constexpr Seconds kLateBanner{60};

@@ -6,11 +6,12 @@
 #include <QStringList>
 #include <utility>
 
+#include "desktop/process/ProgramId.hpp"
+
 namespace Hilalor::Desktop {
 namespace {
 
 const QString kService = QStringLiteral("org.freedesktop.GeoClue2");
-const QString kDesktopId = QStringLiteral("hilalor");
 
 // Some desktops do not keep the answer and ask the user each time. Twice is enough.
 constexpr int kRefusalsToRespect = 2;
@@ -73,7 +74,7 @@ void GeoClueLocationService::beginSession() {
   isContactDue_ = false;
   watchService();
   session_ = std::make_unique<GeoClueSession>(
-      bus_, kDesktopId, loop_,
+      bus_, kProgramId, loop_,
       GeoClueSession::Callbacks{
           [this](GeoClueAnswer answer) { answered(answer); },
           [this](std::optional<LocationCoordinate> coordinate) { ended(coordinate); }});

@@ -21,12 +21,12 @@
 #include <cstdlib>
 #include <utility>
 
+#include "desktop/process/ProgramId.hpp"
 #include "desktop/session/BusProbe.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
 
-constexpr const char* kBusName = "org.hilalor.Hilalor";
 constexpr const char* kBusPath = "/org/hilalor/Hilalor";
 constexpr const char* kApplicationInterface = "org.freedesktop.Application";
 
@@ -71,7 +71,7 @@ constexpr unsigned long kMillisecondsBetweenTries = 50;
 // Asks the running copy to show itself. Whether it does.
 bool showsItself(const QDBusConnection& bus) {
   auto activate =
-      QDBusMessage::createMethodCall(kBusName, kBusPath, kApplicationInterface, "Activate");
+      QDBusMessage::createMethodCall(kProgramId, kBusPath, kApplicationInterface, "Activate");
   activate << QVariantMap{{kTokenKey, qEnvironmentVariable(kToken)}};
   constexpr int kMillisecondsToAnswer = 1000;
   const auto answer = bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
@@ -121,7 +121,7 @@ bool LinuxApplication::becomeTheRunningCopy() {
   bus.registerObject(kBusPath, this);
   const QDeadlineTimer patience(kPatienceWithAnother);
   while (true) {
-    const auto reply = bus.interface()->registerService(kBusName);
+    const auto reply = bus.interface()->registerService(kProgramId);
     if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
       return true;
     }
@@ -145,7 +145,7 @@ void LinuxApplication::takeNameOn(QDBusConnection bus) {
   bus.registerObject(kBusPath, this);
   auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                 "org.freedesktop.DBus", "RequestName");
-  request << kBusName << kDoNotQueue;
+  request << kProgramId << kDoNotQueue;
   auto* call = new QDBusPendingCallWatcher(bus.asyncCall(request), this);
   QObject::connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
     const QDBusPendingReply<uint> reply = *call;

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/process/ProgramId.hpp"
+
 namespace Hilalor::Desktop {
 namespace {
 
@@ -53,7 +55,7 @@ class Connection {
   [[nodiscard]] Progress open(SoundFormat format) {
     const Owned<pa_proplist> properties(pa_proplist_new());
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Hilalor");
-    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "hilalor");
+    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, kProgramId);
     context_.reset(
         pa_context_new_with_proplist(pa_mainloop_get_api(loop_.get()), nullptr, properties.get()));
     // A server that would have to be started first is not the user's.

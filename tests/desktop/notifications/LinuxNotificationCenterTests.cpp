@@ -170,10 +170,10 @@ TEST_F(LinuxNotificationCenterTest, ShowsTheBannerInTheProgramsName) {
   EXPECT_EQ(status(), Status::authorized);
   const auto banner = shown(kFajr);
   EXPECT_EQ(banner.program.toStdString(), "Hilalor");
-  EXPECT_EQ(banner.icon.toStdString(), "hilalor");
+  EXPECT_EQ(banner.icon.toStdString(), "org.hilalor.Hilalor");
   EXPECT_EQ(banner.title.toStdString(), kFajr.title);
   EXPECT_EQ(banner.body.toStdString(), kFajr.body);
-  EXPECT_EQ(banner.hints.value("desktop-entry").toString().toStdString(), "hilalor");
+  EXPECT_EQ(banner.hints.value("desktop-entry").toString().toStdString(), "org.hilalor.Hilalor");
   EXPECT_EQ(banner.hints.value("sound-name").toString().toStdString(), "message-new-instant");
   EXPECT_EQ(banner.milliseconds, -1);
 }

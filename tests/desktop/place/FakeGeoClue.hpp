@@ -27,7 +27,7 @@ class FakeGeoClue final : public QDBusVirtualObject {
   }
   ~FakeGeoClue() override { QDBusConnection::disconnectFromBus(bus_.name()); }
 
-  /// What was asked, in order: "GetClient", "DesktopId=hilalor", "Start" and so on.
+  /// What was asked, in order: "GetClient", "DesktopId=org.hilalor.Hilalor", "Start" and so on.
   std::vector<std::string> calls;
 
   struct Position {

@@ -113,8 +113,8 @@ TEST_F(GeoClueLocationServiceTest, AsksOnceTakesOnePositionAndGivesTheClientBack
   EXPECT_THAT(delegate->statuses, ElementsAre(Status::notDetermined, Status::authorizedAlways));
   EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
   EXPECT_THAT(daemon->calls,
-              ElementsAre("GetClient", "DesktopId=hilalor", "RequestedAccuracyLevel=8", "Start",
-                          "Stop", "DeleteClient"));
+              ElementsAre("GetClient", "DesktopId=org.hilalor.Hilalor", "RequestedAccuracyLevel=8",
+                          "Start", "Stop", "DeleteClient"));
 
   service->requestWhenInUseAuthorization();
   settle();
