@@ -121,7 +121,7 @@ class ItemHost {
             null, null, null);
         this._watched = Gio.bus_watch_name(Gio.BusType.SESSION, ITEM_NAME,
             Gio.BusNameWatcherFlags.NONE, () => this._addButton(), () => this._removeButton());
-        if (!this._wasEnded)
+        if (!this._wasEnded && !this._isLeftToLogin())
             this._startProgram();
     }
 
@@ -149,6 +149,14 @@ class ItemHost {
         this._wasEnded = true;
         this._button.destroy();
         this._button = null;
+    }
+
+    // While the shell starts, the program's autostart entry has a say: a second start would open the
+    // panel, and the user may have switched the entry off.
+    _isLeftToLogin() {
+        const folders = [GLib.get_user_config_dir(), ...GLib.get_system_config_dirs()];
+        return Main.layoutManager._startingUp && folders.some(folder => GLib.file_test(
+            `${folder}/autostart/${PROGRAM_NAME}.desktop`, GLib.FileTest.EXISTS));
     }
 
     _startProgram() {
