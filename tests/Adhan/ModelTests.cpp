@@ -58,22 +58,5 @@ TEST(RawValues, AreMatchedExactly) {
   EXPECT_EQ(fromRawValue<Madhab>(3), std::nullopt);
 }
 
-TEST(HighLatitudeRule, TakesTheSeventhOnlyInTheFarNorth) {
-  EXPECT_EQ(recommended({48.0, 0}), HighLatitudeRule::middleOfTheNight);
-  EXPECT_EQ(recommended({48.01, 0}), HighLatitudeRule::seventhOfTheNight);
-  EXPECT_EQ(recommended({-60, 0}), HighLatitudeRule::middleOfTheNight);
-}
-
-TEST(CalculationParameters, DividesTheNightByItsRule) {
-  auto parameters = params(CalculationMethod::muslimWorldLeague);
-  EXPECT_EQ(parameters.nightPortions({60, 0}), (NightPortions{1.0 / 7, 1.0 / 7}));
-  EXPECT_EQ(parameters.nightPortions({20, 0}), (NightPortions{0.5, 0.5}));
-  parameters.highLatitudeRule = HighLatitudeRule::twilightAngle;
-  EXPECT_DOUBLE_EQ(parameters.nightPortions({60, 0}).fajr, 0.3);
-  EXPECT_DOUBLE_EQ(parameters.nightPortions({60, 0}).isha, 17.0 / 60);
-  parameters.highLatitudeRule = HighLatitudeRule::middleOfTheNight;
-  EXPECT_EQ(parameters.nightPortions({60, 0}), (NightPortions{0.5, 0.5}));
-}
-
 }  // namespace
 }  // namespace Adhan

@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
 
-#include "Adhan/Astronomy/SolarTime.hpp"
 #include "Adhan/ExactTimes.hpp"
-#include "Adhan/Qibla.hpp"
 #include "Adhan/SunnahTimes.hpp"
 #include "tests/Adhan/Days.hpp"
 
@@ -17,19 +14,6 @@ namespace Adhan {
 namespace {
 
 constexpr Coordinates kHelsinki{60.1699, 24.9384};
-
-TEST(ExactTimes, TakeTheAngleWhereTheNightIsLongEnough) {
-  auto parameters = params(CalculationMethod::muslimWorldLeague);
-  const auto bound = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters);
-  parameters.highLatitudeRule = HighLatitudeRule::seventhOfTheNight;
-  parameters.fajrAngle = 30;
-  parameters.ishaAngle = 30;
-  const auto bounded = ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters);
-  ASSERT_TRUE(bound && bounded);
-  EXPECT_NEAR((bound->sunrise - bound->fajr).count() / 60, 75.6, 1) << "18 degrees";
-  EXPECT_NEAR((bounded->sunrise - bounded->fajr).count() / 60, 12 * 60 / 7.0, 2);
-  EXPECT_NEAR((bounded->isha - bounded->maghrib).count() / 60, 12 * 60 / 7.0, 2);
-}
 
 TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
   auto parameters = params(CalculationMethod::tehran);
@@ -42,29 +26,6 @@ TEST(ExactTimes, MoveMaghribToItsAngleOnlyBeforeIsha) {
     EXPECT_EQ(ExactTimes::make(kRiyadh, day(2026, 3, 20), parameters).value().maghrib, sunset)
         << angle << " degrees: after isha, before sunset or never";
   }
-}
-
-// The twilights as their rule says, from the sun of both days.
-std::optional<ExactTimes> exactBySolarTime(const Coordinates& place, const DateComponents& date,
-                                           const CalculationParameters& parameters) {
-  const auto& calendar = gregorianUTC();
-  const auto sun = SolarTime::make(date, place);
-  const auto nextSun = SolarTime::make(calendar.dayAfter(date).value(), place);
-  if (!sun || !nextSun || !sun->afternoon(1)) return std::nullopt;
-  const Date sunrise = *calendar.date(sun->sunrise);
-  const Date sunset = *calendar.date(sun->sunset);
-  const Seconds night = *calendar.date(nextSun->sunrise) - sunset;
-  const auto portions = parameters.nightPortions(place);
-  const auto dawn = sun->timeForSolarAngle({-parameters.fajrAngle}, false);
-  const auto nightfall = sun->timeForSolarAngle({-parameters.ishaAngle}, true);
-  const Date earliest = sunrise - portions.fajr * night;
-  const Date latest = sunset + portions.isha * night;
-  return ExactTimes{dawn ? std::max(*calendar.date(*dawn), earliest) : earliest,
-                    sunrise,
-                    *calendar.date(sun->transit),
-                    *calendar.date(*sun->afternoon(1)),
-                    sunset,
-                    nightfall ? std::min(*calendar.date(*nightfall), latest) : latest};
 }
 
 TEST(PrayerTimes, AreTheSameToTheLastBitWithTheSunKept) {
@@ -83,49 +44,23 @@ TEST(PrayerTimes, AreTheSameToTheLastBitWithTheSunKept) {
     const auto date = day(*fields.year, *fields.month, *fields.day);
     const Coordinates place{latitude(random), longitude(random)};
     ASSERT_EQ(ExactTimes::make(place, date, parameters, ephemeris),
-              exactBySolarTime(place, date, parameters))
+              ExactTimes::make(place, date, parameters))
         << place << " on " << date;
   }
 }
 
-TEST(PrayerTimes, AddMinutesThenRound) {
-  auto parameters = params(CalculationMethod::singapore);
-  parameters.adjustments = {.fajr = 10, .sunrise = -10, .dhuhr = 2, .isha = -1440};
-  const auto exact = ExactTimes::make(kRiyadh, day(2026, 11, 16), parameters).value();
+TEST(PrayerTimes, RememberWhatTheyWereMadeOf) {
+  const auto parameters = params(CalculationMethod::singapore);
   const auto times = PrayerTimes::make(kRiyadh, day(2026, 11, 16), parameters).value();
-  const auto roundedUp = [](Date date) { return Date{60 * std::ceil(date.secondsSince1970 / 60)}; };
-  EXPECT_EQ(times.fajr, roundedUp(exact.fajr) + std::chrono::minutes(10));
-  EXPECT_EQ(times.sunrise, roundedUp(exact.sunrise) - std::chrono::minutes(10));
-  EXPECT_EQ(times.dhuhr, roundedUp(exact.dhuhr) + std::chrono::minutes(3));
-  EXPECT_EQ(times.asr, roundedUp(exact.asr));
-  EXPECT_EQ(times.isha, roundedUp(exact.isha) - std::chrono::days(1));
   EXPECT_EQ(times.coordinates, kRiyadh);
   EXPECT_EQ(times.date, day(2026, 11, 16));
   EXPECT_EQ(times.calculationParameters, parameters);
 }
 
-TEST(PrayerTimes, TellTheCurrentAndTheNextPrayer) {
-  const auto times =
-      PrayerTimes::make(kRiyadh, day(2026, 11, 16), params(CalculationMethod::ummAlQura)).value();
-  EXPECT_EQ(times.currentPrayer(times.fajr - Seconds(1)), std::nullopt);
-  EXPECT_EQ(times.nextPrayer(times.fajr - Seconds(1)), Prayer::fajr);
-  std::optional<Prayer> before;
-  for (const Prayer prayer : allCases<Prayer>()) {
-    const Date time = times.time(prayer);
-    EXPECT_EQ(times.currentPrayer(time - Seconds(0.001)), before) << prayer;
-    EXPECT_EQ(times.nextPrayer(time - Seconds(0.001)), prayer);
-    EXPECT_EQ(times.currentPrayer(time), prayer);
-    before = prayer;
-  }
-  EXPECT_EQ(times.nextPrayer(times.isha), std::nullopt);
-}
-
-TEST(PrayerTimes, HaveNoResultInPolarDayOrWithoutAYear) {
-  const auto parameters = params(CalculationMethod::muslimWorldLeague);
-  EXPECT_FALSE(PrayerTimes::make({80, 20}, day(2026, 6, 21), parameters));
+TEST(PrayerTimes, HaveNoResultWithoutAYear) {
   DateComponents yearless = day(2026, 6, 21);
   yearless.year = std::nullopt;
-  EXPECT_FALSE(PrayerTimes::make(kRiyadh, yearless, parameters));
+  EXPECT_FALSE(PrayerTimes::make(kRiyadh, yearless, params(CalculationMethod::tehran)));
 }
 
 void expectNoResultOrFinite(const Coordinates& place, const DateComponents& date,
@@ -169,17 +104,6 @@ TEST(PrayerTimes, SurviveNonsense) {
       expectNoResultOrFinite(kHelsinki, dates[0], parameters);
     }
   }
-}
-
-TEST(Qibla, PointsAlongTheGreatCircle) {
-  EXPECT_NEAR(Qibla({60, 39.8261818}).direction, 180, 1e-9) << "north on the meridian";
-  EXPECT_NEAR(std::remainder(Qibla({-60, 39.8261818}).direction, 360), 0, 1e-9);
-  const double fromWest = Qibla({21.4225241, -30}).direction;
-  EXPECT_GT(fromWest, 0);
-  EXPECT_LT(fromWest, 90);
-  // Published bearings to whole degrees.
-  EXPECT_NEAR(Qibla({40.7128, -74.0059}).direction, 58, 1) << "New York";
-  EXPECT_NEAR(Qibla({-33.8688, 151.2093}).direction, 277, 1) << "Sydney";
 }
 
 }  // namespace
