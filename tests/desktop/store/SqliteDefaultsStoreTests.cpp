@@ -163,13 +163,6 @@ TEST_F(SqliteDefaultsStoreTest, NeitherReadsNorWritesWhatIsNoFile) {
   }
 }
 
-TEST_F(SqliteDefaultsStoreTest, StartsOverAnEmptyFile) {
-  setBytes(file(), "");
-  open()->setValue("key", true);
-  EXPECT_THAT(open()->boolean("key"), Optional(true));
-  EXPECT_THAT(setAsideFiles(), testing::IsEmpty());
-}
-
 TEST_F(SqliteDefaultsStoreTest, TakesTheWritesOfTwoProgramsEntryByEntry) {
   const auto one = open();
   one->setDictionary("notes", {});
