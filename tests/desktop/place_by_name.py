@@ -11,7 +11,7 @@ import sys
 
 from item_on_bars import COUNTDOWN, ItemWindow
 from session.session import Session, wait_until
-from settings_on_desktop import DOWN, Check
+from settings_on_desktop import Check
 
 NOWHERE = {"locationMode": "automatic", "manualLatitude": 0.0, "manualLongitude": 0.0,
            "manualLocationName": "", "manualTimeZoneId": ""}
@@ -30,10 +30,10 @@ class PlaceByName(Check):
         self.program.start(menuBarStyle="nextPrayer", **NOWHERE)
         wait_until(lambda: COUNTDOWN.fullmatch(item.title()), "it counts down somewhere")
         self.open()
-        self.scroll(DOWN)
+        self.scroll()
         self.click_above_bottom(self.window.rect(), SET_MANUALLY)
         self.wait_for_stored("locationMode", "manual")
-        self.scroll(DOWN)
+        self.scroll()
         self.click_above_bottom(self.window.rect(), MAP_BUTTON)
         sheet = wait_until(self.sheet, "the map is open")
         self.screen.settled_picture(sheet)

@@ -10,7 +10,7 @@ from session.session import wait_until
 WIDTH = 260
 NOTE_WIDTH = 264
 BAR_HEIGHT = 40
-PREVIOUS, NEXT, TITLE = (21, 28), (239, 28), (130, 28)
+TITLE = (130, 28)
 
 
 def cell(row, column):
