@@ -60,7 +60,10 @@ class NotifierItem : public QObject, public ItemPresence {
   [[nodiscard]] QList<NotifierPixmap> iconPixmap() const;
   [[nodiscard]] QString nothing() const { return {}; }
   [[nodiscard]] QList<NotifierPixmap> noPixmap() const { return {}; }
-  [[nodiscard]] NotifierToolTip toolTip() const { return {{}, {}, content_.title, {}}; }
+  /// Bars read it as markup.
+  [[nodiscard]] NotifierToolTip toolTip() const {
+    return {{}, {}, content_.title.toHtmlEscaped(), {}};
+  }
   [[nodiscard]] bool itemIsMenu() const { return false; }
   [[nodiscard]] QDBusObjectPath menuPath() const;
   [[nodiscard]] QString label() const;
