@@ -53,9 +53,10 @@ Pcm openDefault(SoundFormat format) {
   return pcm;
 }
 
-/// Writes all the samples; false when the card is gone.
-bool write(snd_pcm_t* pcm, std::span<const float> samples, std::size_t channels,
-           const std::stop_token& stop) {
+/// Writes all the samples, unless the card goes or hangs.
+SoundOutput::Outcome write(snd_pcm_t* pcm, std::span<const float> samples, std::size_t channels,
+                           const std::stop_token& stop) {
+  using Outcome = SoundOutput::Outcome;
   int waits = 0;
   while (!samples.empty() && !stop.stop_requested()) {
     const auto written = snd_pcm_writei(pcm, samples.data(), samples.size() / channels);
@@ -64,14 +65,14 @@ bool write(snd_pcm_t* pcm, std::span<const float> samples, std::size_t channels,
       waits = 0;
     } else if (++waits > kMostWaits) {
       // Where a sound server that was the card is gone, every recovery succeeds and helps nothing.
-      return false;
+      return Outcome::unanswered;
     } else if (written == 0 || written == -EAGAIN) {
       snd_pcm_wait(pcm, kWaitMilliseconds);
     } else if (snd_pcm_recover(pcm, static_cast<int>(written), 1) < 0) {
-      return false;
+      return Outcome::lost;
     }
   }
-  return true;
+  return Outcome::finished;
 }
 
 /// Waits until the card has played what it holds.
@@ -97,9 +98,9 @@ SoundOutput::Outcome AlsaOutput::play(SampleSource& source, std::stop_token stop
   while (!stop.stop_requested()) {
     const auto frames = source.read(samples);
     if (frames == 0) break;
-    if (!write(pcm.get(), std::span(samples).first(frames * channels), channels, stop)) {
-      return Outcome::lost;
-    }
+    const auto outcome =
+        write(pcm.get(), std::span(samples).first(frames * channels), channels, stop);
+    if (outcome != Outcome::finished) return outcome;
   }
   drain(pcm.get(), stop);
   return Outcome::finished;
