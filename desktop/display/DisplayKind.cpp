@@ -37,6 +37,11 @@ DisplayKind displayKind() {
   return isThroughCompositor ? DisplayKind::xwayland : DisplayKind::x11;
 }
 
+bool isDesktop(const char* name) {
+  const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+  return names.contains(QLatin1String(name), Qt::CaseInsensitive);
+}
+
 bool chooseX11() {
   if (qEnvironmentVariableIsSet(kChoice) || !qEnvironmentVariableIsSet("DISPLAY")) return false;
   return doesXServerAnswer() && qputenv(kChoice, "xcb");

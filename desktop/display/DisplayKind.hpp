@@ -10,6 +10,9 @@ enum class DisplayKind { x11, xwayland, wayland };
 /// As the QApplication found it. Main thread.
 [[nodiscard]] DisplayKind displayKind();
 
+/// Whether the session says that it is that desktop's, or one like it.
+[[nodiscard]] bool isDesktop(const char* name);
+
 /// Before the QApplication: makes it choose X11 where an X server answers, unless the user has
 /// chosen in the environment. Whether it did; the choice is then in the environment.
 [[nodiscard]] bool chooseX11();

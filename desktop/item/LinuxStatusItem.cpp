@@ -25,11 +25,6 @@ constexpr const char* kGnomeAdvice =
 constexpr const char* kNowhereAdvice =
     "No bar here shows Hilalor. Start it again to open this calendar.";
 
-bool isDesktop(const char* name) {
-  const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-  return names.contains(QLatin1String(name), Qt::CaseInsensitive);
-}
-
 /// Known by the desktop's name before the bus has told which bar there is.
 bool desktopPrefersNotifier() {
   static constexpr std::array kDesktops = {"GNOME", "Unity", "KDE", "LXQt", "X-Cinnamon"};

@@ -104,9 +104,11 @@ void LinuxPanel::watchItsPlace() {
 }
 
 void LinuxPanel::watchItsKeyboard() {
-  focusLoss_ = std::make_unique<FocusLoss>([told = onDismiss_] {
+  const auto close = [told = onDismiss_] {
     if (told) told(Dismissal::byDesktop);
-  });
+  };
+  focusLoss_ = std::make_unique<FocusLoss>(close);
+  bareDesktop_ = BareDesktop::watch(close);
 }
 
 }  // namespace Hilalor::Desktop

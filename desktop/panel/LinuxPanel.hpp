@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "desktop/panel/BareDesktop.hpp"
 #include "desktop/panel/EscapeKey.hpp"
 #include "desktop/panel/FocusLoss.hpp"
 #include "desktop/panel/KeyboardFocus.hpp"
@@ -48,7 +49,9 @@ class LinuxPanel final : public Panel {
   std::unique_ptr<PanelRoom> room_;
   KeyboardFocus keyboard_;
   std::unique_ptr<EscapeKey> escape_;
-  std::unique_ptr<FocusLoss> focusLoss_;  // Where presses elsewhere are not told.
+  // Where presses elsewhere are not told.
+  std::unique_ptr<FocusLoss> focusLoss_;
+  std::unique_ptr<BareDesktop> bareDesktop_;
 };
 
 /// Puts the window and all in it into light or dark, or leaves it to the application.
