@@ -17,8 +17,6 @@ PATIENCE = 12
 WIDEST_SQUARE = 36  # "Isha 8m" is wider.
 RIGHT_BUTTON = 3
 SETTINGS_WIDTH = 380
-TITLE_BAR = 18
-ITEM_STYLE = (80, 100)  # In the settings window.
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
 NOTHING = Rect(0, 0, 0, 0)
 
@@ -208,6 +206,7 @@ class Visit:
         self.wait(lambda: b"call home" in self.stored(), "the note is stored")
         self.wait(lambda: (self.screen.picture(note).difference(empty_note) or NOTHING).width > 30,
                   "the typed text is to be seen")
+        self.screen.settled_picture()
         self.save("note")
         self.press("Escape")
         self.wait(lambda: (self.screen.picture(note).new_ground(with_panel.part(note)) or NOTHING)
@@ -230,27 +229,15 @@ class Visit:
         window = self.new_frame(with_panel)
         self.save("settings")
         with_item = self.picture_of_bar()
-        # Where windows are tiles, what is in it stands in its middle.
-        left = centre(window)[0] - SETTINGS_WIDTH // 2
-        note = self.open_picker((left + ITEM_STYLE[0], window.y + ITEM_STYLE[1]))
+        picker = self.screen.picture(window).first_line(is_green)
+        with_settings = self.picture()
+        self.screen.click(centre(picker))
+        self.wait(lambda: (self.new_frame(with_settings) or NOTHING).height > 30, "a menu")
         self.press("Down", "Return")
         self.wait(lambda: self.picture_of_bar().difference(with_item), "the item changes")
+        self.screen.settled_picture()
         self.save("style")
         self.item = self.start_item()
-        return note
-
-    def open_picker(self, place):
-        """What is to be told of it: some compositors give the first click to the window alone."""
-        before = self.picture()
-        # A title bar of the window's own colour is no part of it.
-        for note, title in (("", 0), ("at a second click", 0), ("", TITLE_BAR)):
-            self.screen.click((place[0], place[1] + title))
-            try:
-                wait_until(lambda: (self.new_frame(before) or NOTHING).height > 30, "a menu", 3)
-                return note
-            except AssertionError:
-                self.screen.click((place[0] - ITEM_STYLE[0] + 4, place[1]))
-        raise AssertionError("the picker does not open")
 
     def restart(self, **environment):
         self.session.end(self.bar)
@@ -310,8 +297,12 @@ class Visit:
             return new and new.width > 100 and new.height > 30 and not is_within(new, frame)
 
         wait_until(banner, "the banner is there", 50)
-        self.rested()
+        self.screen.settled_picture()
         self.save("banner")
+
+
+def is_green(red, green, blue):
+    return green - 30 > max(red, blue)
 
 
 def is_within(one, other):

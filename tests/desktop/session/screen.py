@@ -12,6 +12,7 @@ Rect = collections.namedtuple("Rect", "x y width height")
 WINDOW_LINE = re.compile(
     r'^(\s+)(0x[0-9a-f]+) (?:"(.*)"|\(has no name\)): \((?:"(.*?)" "(.*?)")?\)\s+'
     r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$")
+LINE_HEIGHT = 12
 # `depth` is 1 for a window of the root, 2 for a window in that, and so on.
 Window = collections.namedtuple("Window", "id title name rect depth")
 
@@ -65,7 +66,8 @@ class Picture:
                     max(rows) - top + 1)
 
     def new_ground(self, other):
-        """The smallest rectangle around the colour that most of what differs has in this."""
+        """Around the colour that most of what differs has in this; a pointer that came or went, or
+        a button that lit up, lies in few rows and columns and does not count."""
         changes = [place for row, first, last in self._changes(other)
                    for place in range(row * self.rect.width + first, row * self.rect.width + last + 1)
                    if self._colour(place) != other._colour(place)]
@@ -73,7 +75,13 @@ class Picture:
         ground = max(colours, key=colours.get, default=None)
         places = [divmod(place, self.rect.width) for place in changes
                   if self._colour(place) == ground]
-        return self._around(places)
+        return self._around(places, least_share=0.1)
+
+    def first_line(self, is_it):
+        """Around the topmost line of text whose colour `is_it` knows; none where there is none."""
+        width = self.rect.width
+        places = [divmod(place, width) for place, colour in enumerate(self.all()) if is_it(*colour)]
+        return self._around([place for place in places if place[0] - places[0][0] < LINE_HEIGHT])
 
     def ink(self, ground, least):
         """The smallest rectangle around all that is so far from the ground in a channel."""
@@ -81,10 +89,11 @@ class Picture:
                              enumerate(self.all())
                              if max(abs(a - b) for a, b in zip(colour, ground)) >= least])
 
-    def _around(self, places):
+    def _around(self, places, least_share=0):
+        """Leaves out rows and columns that have less than that share of what the fullest has."""
         if not places:
             return None
-        rows, columns = zip(*places)
+        rows, columns = (full(lines, least_share) for lines in zip(*places))
         left, top = min(columns), min(rows)
         return Rect(self.rect.x + left, self.rect.y + top, max(columns) - left + 1,
                     max(rows) - top + 1)
@@ -111,6 +120,12 @@ class Picture:
             first = 8 * length - bits.bit_length()
             last = 8 * length - (bits & -bits).bit_length()
             yield row, first // 24, last // 24
+
+
+def full(lines, least_share):
+    counts = collections.Counter(lines)
+    least = least_share * max(counts.values())
+    return [line for line, count in counts.items() if count >= least]
 
 
 def lightness(colour):
