@@ -51,6 +51,17 @@ std::vector<std::array<QRect, 4>> bars() {
   return found;
 }
 
+/// The compositor's own bar at the top, where it lies over X windows and nobody tells of it.
+int heightOfUntoldBar() {
+  constexpr int kWestonBar = 32;
+  const auto server = XConnection::open();
+  if (!server) return 0;
+  const auto manager = server->numbers(server->root(), "_NET_SUPPORTING_WM_CHECK");
+  const bool isWeston =
+      !manager.empty() && server->text(manager.front(), "_NET_WM_NAME") == "Weston WM";
+  return isWeston ? kWestonBar : 0;
+}
+
 Rect rect(const QRectF& from) {
   return {{from.x(), from.y()}, {from.width(), from.height()}};
 }
@@ -74,9 +85,10 @@ std::vector<Screen> LinuxScreens::all() const {
   const auto screens = QGuiApplication::screens();
   const auto struts = screens.size() > 1 ? bars() : decltype(bars())();
   const auto free = Sway::freeAreas();
+  static const int untoldBar = heightOfUntoldBar();
   for (const QScreen* screen : screens) {
     Screen found{.frame = rect(screen->geometry()),
-                 .visibleFrame = rect(screen->availableGeometry())};
+                 .visibleFrame = rect(screen->availableGeometry().adjusted(0, untoldBar, 0, 0))};
     if (!struts.empty()) {
       const QRect frame = nativeFrame(*screen);
       QRect visible = frame;

@@ -47,13 +47,23 @@ xcb_atom_t XConnection::atom(std::string_view name) const {
 
 std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window,
                                                 std::string_view property) const {
+  return values<std::uint32_t>(window, property);
+}
+
+std::string XConnection::text(xcb_window_t window, std::string_view property) const {
+  const auto bytes = values<char>(window, property);
+  return {bytes.begin(), bytes.end()};
+}
+
+template <typename Value>
+std::vector<Value> XConnection::values(xcb_window_t window, std::string_view property) const {
   constexpr std::uint32_t kMost = 4096;
   const auto cookie =
       xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
   const auto reply = Xcb::answer(xcb_get_property_reply, connection_, cookie);
-  if (!reply || reply->format != 32) return {};
-  const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-  return {values, values + reply->value_len};
+  if (!reply || reply->format != 8 * sizeof(Value)) return {};
+  const auto* first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+  return {first, first + reply->value_len};
 }
 
 void XConnection::watch(std::function<void(const xcb_generic_event_t&)> handler) {

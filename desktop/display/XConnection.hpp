@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,6 +35,9 @@ class XConnection {
   [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                    std::string_view property) const;
 
+  /// The window's property as text; empty where it has none.
+  [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
+
   [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
 
   /// Calls the handler for every event, on the main thread, from now on. The handler may destroy
@@ -43,6 +47,9 @@ class XConnection {
  private:
   XConnection(xcb_connection_t* connection, int screenNumber);
   void readEvents();
+
+  template <typename Value>
+  [[nodiscard]] std::vector<Value> values(xcb_window_t window, std::string_view property) const;
 
   xcb_connection_t* connection_;
   int screenNumber_;

@@ -9,7 +9,7 @@
 namespace Hilalor {
 namespace {
 
-/// Else GNOME announces it as a window that is ready and waits behind the others. Before it is shown.
+/// Else GNOME announces it as a window that waits behind others. To be done before it is shown.
 void leaveTaskbar(xcb_window_t window) {
   const auto server = XConnection::open();
   if (!server) return;
