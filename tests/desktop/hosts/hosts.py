@@ -31,6 +31,7 @@ class Host:
     inner: object = None  # Finds the environment of the programs in that.
     has_x: bool = True  # Whether X programs run in the compositor.
     places_windows: bool = True  # Whether a program can say where its windows are.
+    stalls: bool = False  # Whether it shows some windows only when the pointer has moved.
     is_root: bool = True  # Whether it runs for root.
     without: tuple = ()  # The steps that it cannot have.
 
@@ -199,8 +200,9 @@ HOSTS = {
                                        "exec $HOME/kwin_wayland --x11-display $DISPLAY "
                                        f"--xwayland --width {WIDTH} --height {HEIGHT} "
                                        "\"sh -c 'env >$HOME/environment; sleep infinity'\"")),
-    "weston": Host("strip", top(32), (OTHER_WAYLAND, "dunst"), {"XDG_SESSION_TYPE": "wayland"},
+    "weston": Host("strip", top(57, 720), (OTHER_WAYLAND, "dunst"), {"XDG_SESSION_TYPE": "wayland"},
                    {"weston.ini": WESTON}, inner=told_by_weston, without=("restart",),
+                   stalls=True, places_windows=False,
                    compositor=("weston", "--backend=x11-backend.so", "--xwayland",
                                "--socket=wayland-test",
                                f"--width={WIDTH}", f"--height={HEIGHT}")),

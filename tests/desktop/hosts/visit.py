@@ -18,6 +18,7 @@ WIDEST_SQUARE = 36  # "Isha 8m" is wider.
 RIGHT_BUTTON = 3
 SETTINGS_WIDTH = 380
 LONGER_THAN_A_DOUBLE_CLICK = 0.6
+SHADOW = 20
 NOTHING = Rect(0, 0, 0, 0)
 
 
@@ -51,6 +52,8 @@ class Visit:
                             os.path.join(session.environment["XDG_DATA_HOME"], name))
         session.ask("xsetroot", "-solid", "#304050")
         if host.compositor:
+            # Where Weston takes the pointer to be when it starts.
+            self.screen.point((0, 0))
             session.start(*host.compositor)
             self.program.environment = wait_until(lambda: host.inner(session), "it is up", 60)
             if not host.has_x:
@@ -130,8 +133,14 @@ class Visit:
 
     # The windows, as the eye finds them.
 
-    def wait(self, condition, what):
-        return wait_until(condition, what, PATIENCE)
+    def wait(self, condition, what, patience=PATIENCE):
+        def is_so():
+            if self.host.stalls:
+                self.session.ask("xdotool", "mousemove_relative", "1", "1",
+                                 "mousemove_relative", "--", "-1", "-1")
+            return condition()
+
+        return wait_until(is_so, what, patience)
 
     def new_frame(self, before, width=None):
         """Around the ground of what is new on the screen; none where it has another width."""
@@ -182,7 +191,7 @@ class Visit:
     def closes_elsewhere(self):
         for place in (centre(self.screen.rect), (150, 700)):
             frame, before = self.open()
-            if is_within(Rect(*place, 1, 1), frame):
+            if frame.x <= place[0] <= frame.x + frame.width:
                 place = (frame.x - 100, place[1])
             self.screen.click(place)
             self.wait_for_closed(before)
@@ -290,24 +299,20 @@ class Visit:
         place = place_of_noon(self.build, the_minute_of_the_first_tick())
         self.item = self.start_item(prayerNotificationsEnabled=True, **place)
         frame, _ = self.open()
-        with_panel = self.picture()
+        beside = self.stage._replace(width=frame.x - SHADOW)
+        with_panel = self.screen.picture(beside)
 
         def banner():
-            new = self.new_frame(with_panel)
-            return new and new.width > 100 and new.height > 30 and not is_within(new, frame)
+            new = self.screen.picture(beside).difference(with_panel) or NOTHING
+            return new.width > 60 and new.height > 30
 
-        wait_until(banner, "the banner is there", 50)
+        self.wait(banner, "the banner is there", 50)
         self.screen.settled_picture()
         self.save("banner")
 
 
 def is_green(red, green, blue):
     return green - 30 > max(red, blue)
-
-
-def is_within(one, other):
-    return (other.x <= one.x and one.x + one.width <= other.x + other.width
-            and other.y <= one.y and one.y + one.height <= other.y + other.height)
 
 
 STEPS = {
