@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -81,12 +82,22 @@ QRect rect(const QJsonObject& from) {
   return {from["x"].toInt(), from["y"].toInt(), from["width"].toInt(), from["height"].toInt()};
 }
 
-QString placing(const QString& title, QPoint corner) {
-  return QStringLiteral("[pid=%1 title=\"^%2$\"] move absolute position %3 px %4 px")
+/// The words for a command to this program's window of that title.
+QString windowOf(const QString& title) {
+  return QStringLiteral("[pid=%1 title=\"^%2$\"] ")
       .arg(QCoreApplication::applicationPid())
-      .arg(title)
-      .arg(corner.x())
-      .arg(corner.y());
+      .arg(title);
+}
+
+QString placing(QPoint corner) {
+  return QStringLiteral("move absolute position %1 px %2 px").arg(corner.x()).arg(corner.y());
+}
+
+/// From its next showing on. Not told twice, since sway keeps all it was told.
+void whenShown(const QString& title, const QString& action) {
+  static QHash<QString, QString> told;
+  if (std::exchange(told[title], action) == action) return;
+  ask(Question::runCommand, (QStringLiteral("for_window ") + windowOf(title) + action).toUtf8());
 }
 
 }  // namespace
@@ -105,15 +116,15 @@ std::vector<QRect> freeAreas() {
 }
 
 void place(const QString& title, QPoint corner) {
-  ask(Question::runCommand, placing(title, corner).toUtf8());
+  ask(Question::runCommand, (windowOf(title) + placing(corner)).toUtf8());
 }
 
 void placeWhenShown(const QString& title, QPoint corner) {
-  static QString told;
-  const QString command = QStringLiteral("for_window ") + placing(title, corner);
-  if (command == told) return;
-  told = command;
-  ask(Question::runCommand, command.toUtf8());
+  whenShown(title, placing(corner));
+}
+
+void floatWhenShown(const QString& title) {
+  whenShown(title, QStringLiteral("floating enable"));
 }
 
 }  // namespace Hilalor::Desktop::Sway

@@ -25,6 +25,9 @@ void place(const QString& title, QPoint corner);
 /// for windows that stay where they are.
 void placeWhenShown(const QString& title, QPoint corner);
 
+/// That window is no tile from its next showing on, but stands in the middle in its own size.
+void floatWhenShown(const QString& title);
+
 }  // namespace Sway
 
 }  // namespace Hilalor::Desktop

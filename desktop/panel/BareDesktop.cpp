@@ -3,10 +3,10 @@
 #include <QScreen>
 #include <utility>
 
-#include "desktop/DisplayKind.hpp"
-#include "desktop/XConnection.hpp"
+#include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/XConnection.hpp"
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 namespace {
 
 /// Else GNOME announces it as a window that waits behind others. To be done before it is shown.
@@ -43,4 +43,4 @@ void BareDesktop::mousePressEvent(QMouseEvent*) {
       this, [told = onPress_] { told(); }, Qt::QueuedConnection);
 }
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-namespace Hilalor {
+namespace Hilalor::Desktop {
 
 /// Tells of presses on the bare desktop in GNOME's Wayland session, where they neither move the
 /// keyboard nor are told to the X server: a clear window as large as the screens, below all others.
@@ -23,4 +23,4 @@ class BareDesktop final : public QWidget {
   std::function<void()> onPress_;
 };
 
-}  // namespace Hilalor
+}  // namespace Hilalor::Desktop

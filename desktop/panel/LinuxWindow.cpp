@@ -7,6 +7,7 @@
 #include <QWindow>
 #include <utility>
 
+#include "desktop/display/Sway.hpp"
 #include "desktop/panel/LinuxPanel.hpp"
 
 namespace Hilalor::Desktop {
@@ -39,6 +40,7 @@ class LinuxWindow::Frame final : public QWidget {
     QRect place(QPoint(0, 0), size());
     place.moveCenter(this->screen()->availableGeometry().center());
     move(place.topLeft());
+    Sway::floatWhenShown(windowTitle());
   }
 
   void disown() { onWillClose_ = nullptr; }
