@@ -11,7 +11,6 @@ import os
 import signal
 import sqlite3
 import sys
-import time
 
 from session.bars import XfcePanel
 from session.panel import Panel
@@ -42,6 +41,10 @@ class SettingsWindow:
     def rect(self):
         """Of what is inside the window manager's frame; none while it is closed."""
         return next((window.rect for window in self.windows()), None)
+
+    def is_pointed_at(self):
+        pointed_at = self.session.ask("xdotool", "getmouselocation").rpartition(":")[2].strip()
+        return TITLE in self.session.ask("xwininfo", "-tree", "-id", pointed_at)
 
     def wait_for(self):
         return wait_until(self.rect, "the settings window is open")
@@ -129,8 +132,6 @@ class Check:
     def stores_what_is_clicked(self):
         self.window.choose(MENU_BAR_ICON, 1)
         self.wait_for_stored("menuBarStyle", "emoji")
-        # The window manager's word of the other workspace lies over the window, and takes the wheel.
-        time.sleep(2)
         self.scroll()
         across, above_bottom = DARK
         self.window.click((across, self.window.rect().height - above_bottom))
@@ -144,6 +145,8 @@ class Check:
     def scroll(self):
         """To the end."""
         self.screen.point(centre(self.window.rect()))
+        # The window manager's word of the other workspace lies over it for a while.
+        wait_until(self.window.is_pointed_at, "the wheel is the window's")
         self.session.ask("xdotool", "click", "--repeat", "40", "--delay", "5", WHEEL_DOWN)
         self.window.picture()
 
