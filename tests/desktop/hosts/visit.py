@@ -304,7 +304,7 @@ class Visit:
 
         def banner():
             new = self.screen.picture(beside).difference(with_panel) or NOTHING
-            return new.width > 60 and new.height > 30
+            return new.width > 20 and new.height > 30
 
         self.wait(banner, "the banner is there", 50)
         self.screen.settled_picture()
