@@ -44,7 +44,8 @@ class SettingsWindow:
 
     def is_pointed_at(self):
         pointed_at = self.session.ask("xdotool", "getmouselocation").rpartition(":")[2].strip()
-        return TITLE in self.session.ask("xwininfo", "-tree", "-id", pointed_at)
+        # Of no window, xwininfo would ask the user which one.
+        return pointed_at != "0" and TITLE in self.session.ask("xwininfo", "-tree", "-id", pointed_at)
 
     def wait_for(self):
         return wait_until(self.rect, "the settings window is open")
