@@ -1,4 +1,4 @@
-// prayers_from SECONDS LATITUDE LONGITUDE: prints the prayers of the twenty days that begin so many
+// prayers_from SECONDS LATITUDE LONGITUDE: prints the prayers of the sixty days that begin so many
 // seconds after 1970, one a line: seconds and name.
 
 #include <cstdio>
@@ -11,7 +11,7 @@
 int main(int argc, char* argv[]) {
   if (argc != 4) return 2;
   const auto parameters = Adhan::params(Adhan::CalculationMethod::ummAlQura);
-  for (int day = 0; day < 20; ++day) {
+  for (int day = 0; day < 60; ++day) {
     const auto date = Adhan::gregorianUTC().components({std::atof(argv[1]) + 86400.0 * day});
     const auto times =
         Adhan::PrayerTimes::make({std::atof(argv[2]), std::atof(argv[3])}, date, parameters);
