@@ -63,6 +63,8 @@ void SessionBus::use(const std::optional<QDBusConnection>& connection) {
     connection_->connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
                          QStringLiteral("org.freedesktop.DBus.Local"),
                          QStringLiteral("Disconnected"), this, SLOT(lose()));
+    // It may have gone before that was heard.
+    if (!connection_->isConnected()) return lose();
   } else {
     tryLater();
   }
