@@ -15,21 +15,19 @@
 #include "platform/ScreenService.hpp"
 #include "platform/SoundService.hpp"
 #include "platform/StatusItem.hpp"
-#include "platform/Surfaces.hpp"
 #include "platform/Updater.hpp"
 #include "platform/Workspace.hpp"
 
 namespace Hilalor {
 
-/// The desktop as the program sees it: one of each service. The services outlive the program's
-/// shared objects, which are built over the installed platform on their first use.
+/// The desktop as the program sees it: one of each service, all of which outlive what is built over
+/// them.
 struct Platform {
   Application& application;
   Clock& clock;
   RunLoop& loop;
   DefaultsStore& defaults;
   StatusBar& statusBar;
-  Surfaces& surfaces;
   ScreenService& screens;
   MouseMonitor& mouse;
   LocationService& location;
@@ -43,13 +41,6 @@ struct Platform {
   Updater* updater = nullptr;
   /// Where the beeps lie, the user's own folder first.
   std::vector<std::filesystem::path> soundFolders;
-
-  /// The platform of this process. One must have been installed.
-  [[nodiscard]] static Platform& current();
-
-  /// Puts a platform in place, or takes it away with null. Shared objects that exist keep the one
-  /// they were built over: a test that installs another resets them.
-  static void install(Platform* platform);
 };
 
 }  // namespace Hilalor

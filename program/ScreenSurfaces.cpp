@@ -19,19 +19,35 @@ constexpr WindowProperties kSettingsWindow{
 
 }  // namespace
 
-ScreenSurfaces::ScreenSurfaces(std::filesystem::path appIcon) : appIcon_(std::move(appIcon)) {}
+ScreenSurfaces::ScreenSurfaces(const Platform& platform, SharedObjects& objects,
+                               std::filesystem::path appIcon)
+    : platform_(platform), objects_(objects), appIcon_(std::move(appIcon)) {}
 
 std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents events,
                                                          std::optional<Advice> advice) {
-  auto screen = std::make_unique<CalendarView>(std::move(events.onSizeChange),
+  const PanelContext context{.application = platform_.application,
+                             .clock = platform_.clock,
+                             .loop = platform_.loop,
+                             .settings = objects_.settings,
+                             .locationManager = objects_.locationManager,
+                             .notificationManager = objects_.notificationManager,
+                             .notes = objects_.notes};
+  auto screen = std::make_unique<CalendarView>(context, std::move(events.onSizeChange),
                                                std::move(events.onOpenSettings), std::move(advice));
   return std::make_unique<LinuxPanel>(std::move(screen), std::move(events.onDismiss));
 }
 
 std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
                                                            std::function<void()> onWillClose) {
+  const SettingsContext context{
+      .settings = objects_.settings,
+      .locationManager = objects_.locationManager,
+      .notificationManager = objects_.notificationManager,
+      .sounds = platform_.sounds,
+      .workspace = platform_.workspace,
+      .map = {.loop = platform_.loop, .atlas = platform_.atlas, .geocoder = platform_.geocoder}};
   const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
-  auto screen = std::make_unique<SettingsView>(updater, appIcon);
+  auto screen = std::make_unique<SettingsView>(context, updater, appIcon);
   screen->setWindowIcon(appIcon);
   return std::make_unique<LinuxWindow>(std::move(screen), kSettingsWindow, std::move(onWillClose));
 }

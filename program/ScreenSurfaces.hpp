@@ -2,15 +2,18 @@
 
 #include <filesystem>
 
+#include "platform/Platform.hpp"
 #include "platform/Surfaces.hpp"
+#include "program/SharedObjects.hpp"
 
 namespace Hilalor::Program {
 
 /// Puts the program's screens into panels and windows of the desktop.
 class ScreenSurfaces final : public Surfaces {
  public:
-  /// The program's picture; there is none where the file cannot be read.
-  explicit ScreenSurfaces(std::filesystem::path appIcon = {});
+  /// `appIcon` is the program's picture; there is none where the file cannot be read.
+  ScreenSurfaces(const Platform& platform, SharedObjects& objects,
+                 std::filesystem::path appIcon = {});
 
   [[nodiscard]] std::unique_ptr<Panel> makeCalendarPanel(CalendarPanelEvents events,
                                                          std::optional<Advice> advice) override;
@@ -18,6 +21,8 @@ class ScreenSurfaces final : public Surfaces {
       Updater* updater, std::function<void()> onWillClose) override;
 
  private:
+  const Platform& platform_;
+  SharedObjects& objects_;
   std::filesystem::path appIcon_;
 };
 

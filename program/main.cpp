@@ -29,7 +29,7 @@
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "platform/Platform.hpp"
 #include "program/ScreenSurfaces.hpp"
-#include "rules/SharedObjects.hpp"
+#include "program/SharedObjects.hpp"
 #include "rules/bar/AppDelegate.hpp"
 
 #ifdef HILALOR_RELEASE_FEED
@@ -42,6 +42,7 @@ namespace {
 using namespace Hilalor;
 using namespace Hilalor::Desktop;
 using Hilalor::Program::ScreenSurfaces;
+using Hilalor::Program::SharedObjects;
 
 // By then the item is in its bar, whatever that took.
 constexpr Seconds kStarted{5};
@@ -73,7 +74,7 @@ std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
 #endif
 }
 
-// How this desktop answers everything that is asked of it. The shared objects go before it does.
+// How this desktop answers everything that is asked of it.
 class LinuxDesktop {
  public:
   explicit LinuxDesktop(LinuxApplication& application)
@@ -82,7 +83,6 @@ class LinuxDesktop {
                   .loop = loop_,
                   .defaults = defaults_,
                   .statusBar = statusBar_,
-                  .surfaces = surfaces_,
                   .screens = screens_,
                   .mouse = mouse_,
                   .location = location_,
@@ -93,7 +93,6 @@ class LinuxDesktop {
                   .workspace = &workspace_,
                   .updater = updater_.get(),
                   .soundFolders = soundFolders()} {
-    Platform::install(&platform_);
     application.remainTheRunningCopy(sessionBus_);
     LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
     if (!defaults_.isRead()) contactLaterIfAsked();
@@ -101,13 +100,13 @@ class LinuxDesktop {
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
   ~LinuxDesktop() {
-    resetSharedObjects();
-    Platform::install(nullptr);
     LinuxApplication::setLostDisplayHandler({});
     defaults_.close();
     // Work on other threads uses what goes next. What hangs there is left behind.
     if (!loop_.endBackgroundWork(kShutdownPatience)) std::_Exit(EXIT_SUCCESS);
   }
+
+  [[nodiscard]] const Platform& platform() const { return platform_; }
 
  private:
   // The store tells only when it can be read that the user was asked in an earlier run.
@@ -122,7 +121,6 @@ class LinuxDesktop {
   SqliteDefaultsStore defaults_{SqliteDefaultsStore::userFile(), loop_};
   SessionBus sessionBus_{loop_};
   LinuxStatusBar statusBar_{loop_, sessionBus_, defaults_, resourceFolder() / "item"};
-  ScreenSurfaces surfaces_{resourceFolder() / "AppIcon.png"};
   LinuxScreens screens_;
   LinuxMouseMonitor mouse_;
   ColorSchemeSetting colorScheme_{sessionBus_};
@@ -152,10 +150,17 @@ int main(int argc, char* argv[]) {
 
   LinuxApplication application;
   if (!application.becomeTheRunningCopy()) return EXIT_SUCCESS;
-  LinuxDesktop desktop(application);
-  AppDelegate delegate;
-  Platform::current().loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
+  const LinuxDesktop desktop(application);
+  SharedObjects objects(desktop.platform());
+  ScreenSurfaces surfaces(desktop.platform(), objects, resourceFolder() / "AppIcon.png");
+  AppDelegate delegate({.platform = desktop.platform(),
+                        .surfaces = surfaces,
+                        .settings = objects.settings,
+                        .locationManager = objects.locationManager,
+                        .notificationManager = objects.notificationManager});
+  auto& loop = desktop.platform().loop;
+  loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
   // The start touches 31 MB of code and constants, most of it Qt's; a minute's work needs 14.
-  Platform::current().loop.after(kStarted, releaseCodePages);
+  loop.after(kStarted, releaseCodePages);
   return QApplication::exec();
 }

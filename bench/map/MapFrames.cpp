@@ -19,8 +19,8 @@
 #include "desktop/process/Resources.hpp"
 #include "screens/map/MapPickerView.hpp"
 #include "screens/map/MapView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 
 namespace {
 
@@ -94,8 +94,9 @@ void report(const char* what, std::vector<double> times) {
               at(50), at(95), at(100));
 }
 
-std::unique_ptr<MapPickerView> openPicker(std::optional<LocationCoordinate> start) {
-  auto picker = std::make_unique<MapPickerView>(start, [](auto&&...) {});
+std::unique_ptr<MapPickerView> openPicker(FakePlatform& desktop,
+                                          std::optional<LocationCoordinate> start) {
+  auto picker = std::make_unique<MapPickerView>(mapContext(desktop), start, [](auto&&...) {});
   picker->setPalette(windowPalette(ColorScheme::light));
   picker->setAutoFillBackground(true);
   picker->show();
@@ -103,13 +104,13 @@ std::unique_ptr<MapPickerView> openPicker(std::optional<LocationCoordinate> star
   return picker;
 }
 
-void firstPaints() {
+void firstPaints(FakePlatform& desktop) {
   for (const auto& [name, start] :
        {std::pair("first paint, no place", std::optional<LocationCoordinate>()),
         std::pair("the same again", std::optional<LocationCoordinate>()),
         std::pair("first paint, at a place", std::optional(LocationCoordinate{21.54, 39.17}))}) {
     const double begin = milliseconds();
-    const auto picker = openPicker(start);
+    const auto picker = openPicker(desktop, start);
     std::printf("%-24s %6.2f ms\n", name, milliseconds() - begin);
   }
 }
@@ -160,9 +161,9 @@ int main(int argc, char** argv) {
     settle();
   }
   const long before = ownKilobytes();
-  firstPaints();
+  firstPaints(desktop);
   for (const char* time : {"first", "second"}) {
-    auto picker = openPicker(std::nullopt);
+    auto picker = openPicker(desktop, std::nullopt);
     alongTheWay(*part<MapView>(*picker));
     searches(part<MapView>(*picker)->map());
     const long open = ownKilobytes();

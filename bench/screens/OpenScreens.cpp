@@ -14,7 +14,6 @@
 namespace {
 
 using namespace Hilalor;
-using Hilalor::Program::ScreenSurfaces;
 
 // A Sunday in Ramadan, 13:00 in Riyadh, a national day.
 constexpr Date kNow{1771754400};
@@ -39,10 +38,9 @@ void waitFor(const FirstPaint& paint) {
   QApplication::sync();
 }
 
-double millisecondsToOpenPanel() {
+double millisecondsToOpenPanel(Surfaces& surfaces) {
   QElapsedTimer watch;
   watch.start();
-  ScreenSurfaces surfaces;
   const auto panel = surfaces.makeCalendarPanel({}, {});
   panel->setAppearance(Appearance::system);
   const Size size = panel->fittingSize();
@@ -53,10 +51,9 @@ double millisecondsToOpenPanel() {
   return static_cast<double>(watch.nsecsElapsed()) / 1e6;
 }
 
-double millisecondsToOpenSettings() {
+double millisecondsToOpenSettings(Surfaces& surfaces) {
   QElapsedTimer watch;
   watch.start();
-  ScreenSurfaces surfaces(HILALOR_APP_ICON);
   const auto window = surfaces.makeSettingsWindow(nullptr, {});
   window->setAppearance(Appearance::system);
   const FirstPaint paint;
@@ -72,9 +69,12 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   if (argc != 3) return 2;
   const FakePlatform desktop(kNow);
+  Program::SharedObjects objects(desktop.platform);
+  Program::ScreenSurfaces surfaces(desktop.platform, objects, HILALOR_APP_ICON);
   const bool isPanel = std::string(argv[1]) == "panel";
   for (int times = std::stoi(argv[2]); times > 0; --times) {
-    std::cout << (isPanel ? millisecondsToOpenPanel() : millisecondsToOpenSettings()) << std::endl;
+    std::cout << (isPanel ? millisecondsToOpenPanel : millisecondsToOpenSettings)(surfaces)
+              << std::endl;
     QApplication::processEvents();
   }
   return 0;

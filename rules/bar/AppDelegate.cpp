@@ -1,9 +1,5 @@
 #include "rules/bar/AppDelegate.hpp"
 
-#include "platform/Platform.hpp"
-#include "rules/settings/AppSettings.hpp"
-#include "rules/settings/LocationManager.hpp"
-
 namespace Hilalor {
 namespace {
 
@@ -11,8 +7,8 @@ constexpr const char* kDidRequestLocationPermission = "didRequestLocationPermiss
 
 }  // namespace
 
-AppDelegate::AppDelegate() {
-  if (auto* updater = Platform::current().updater) updater->start();
+AppDelegate::AppDelegate(const BarContext& context) : context_(context) {
+  if (auto* updater = context_.platform.updater) updater->start();
 }
 
 bool AppDelegate::didRequestLocation(const DefaultsStore& store) {
@@ -22,12 +18,12 @@ bool AppDelegate::didRequestLocation(const DefaultsStore& store) {
 void AppDelegate::applicationDidFinishLaunching() {
   // The bar has room for one item, and the application tells one controller.
   statusBarController_.reset();
-  statusBarController_ = std::make_unique<StatusBarController>(Platform::current().updater);
+  statusBarController_ = std::make_unique<StatusBarController>(context_, context_.platform.updater);
   requestLocationOnFirstRun();
 }
 
 void AppDelegate::requestLocationOnFirstRun() {
-  auto& store = Platform::current().defaults;
+  auto& store = context_.platform.defaults;
   if (!store.isRead()) {
     cameIn_ = store.cameIn.subscribe([this] { requestLocationOnFirstRun(); });
     return;
@@ -36,9 +32,9 @@ void AppDelegate::requestLocationOnFirstRun() {
   // Before the request, so that a user is asked once even if the program ends before they answer.
   store.setValue(kDidRequestLocationPermission, true);
   if (!store.string("locationMode")) {
-    AppSettings::shared().locationMode = LocationMode::automatic;
+    context_.settings.locationMode = LocationMode::automatic;
   }
-  LocationManager::shared().manager.requestWhenInUseAuthorization();
+  context_.locationManager.manager.requestWhenInUseAuthorization();
 }
 
 }  // namespace Hilalor

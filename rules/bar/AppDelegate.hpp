@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/DefaultsStore.hpp"
+#include "rules/bar/BarContext.hpp"
 #include "rules/bar/StatusBarController.hpp"
 
 namespace Hilalor {
@@ -13,7 +14,7 @@ namespace Hilalor {
 class AppDelegate {
  public:
   /// Starts looking for updates, where the build has a place to look.
-  AppDelegate();
+  explicit AppDelegate(const BarContext& context);
 
   /// Whether the first run has asked for the user's location.
   [[nodiscard]] static bool didRequestLocation(const DefaultsStore& store);
@@ -25,6 +26,7 @@ class AppDelegate {
  private:
   void requestLocationOnFirstRun();
 
+  BarContext context_;
   std::unique_ptr<StatusBarController> statusBarController_;
   Subscription cameIn_;
 };

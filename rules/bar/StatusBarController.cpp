@@ -9,7 +9,6 @@
 #include "platform/Delivery.hpp"
 #include "rules/bar/MenuBarTitle.hpp"
 #include "rules/bar/PanelPlacement.hpp"
-#include "rules/settings/LocationManager.hpp"
 
 namespace Hilalor {
 namespace {
@@ -44,10 +43,12 @@ Appearance appearance(AppTheme theme) {
 
 }  // namespace
 
-StatusBarController::StatusBarController(Updater* updater)
-    : platform_(Platform::current()),
-      settings_(AppSettings::shared()),
-      alerts_(PrayerNotificationManager::shared()),
+StatusBarController::StatusBarController(const BarContext& context, Updater* updater)
+    : platform_(context.platform),
+      surfaces_(context.surfaces),
+      settings_(context.settings),
+      locationManager_(context.locationManager),
+      alerts_(context.notificationManager),
       statusItem_(platform_.statusBar.makeItem()),
       updater_(updater) {
   if (auto* button = statusItem_->button()) {
@@ -59,7 +60,7 @@ StatusBarController::StatusBarController(Updater* updater)
   platform_.application.setReopenHandler([this] { bringCalendar(); });
   platform_.application.setResumeHandler([this] {
     tick();
-    LocationManager::shared().retryFix();
+    locationManager_.retryFix();
   });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
@@ -124,7 +125,7 @@ void StatusBarController::handleClick(const StatusItemClick& click) {
 
 void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   platform_.defaults.lookAgain();
-  panel_ = platform_.surfaces.makeCalendarPanel(
+  panel_ = surfaces_.makeCalendarPanel(
       {
           .onSizeChange = [this](Size size) { resize(size); },
           .onOpenSettings = [this] { openSettings(); },
@@ -138,7 +139,7 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   eventMonitor_ = platform_.mouse.addGlobalMonitor(
       {.onPress = [this](Point place) { closeForPress(place); },
        .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
-  if (settings_.locationMode == LocationMode::automatic) LocationManager::shared().lookAgain();
+  if (settings_.locationMode == LocationMode::automatic) locationManager_.lookAgain();
 }
 
 std::optional<Advice> StatusBarController::advice() const {
@@ -234,8 +235,7 @@ bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
 
 void StatusBarController::openSettings() {
   if (!settingsWindow_) {
-    settingsWindow_ =
-        platform_.surfaces.makeSettingsWindow(updater_, [this] { settingsWindow_.reset(); });
+    settingsWindow_ = surfaces_.makeSettingsWindow(updater_, [this] { settingsWindow_.reset(); });
     if (!settingsWindow_) return;
     settingsWindow_->setAppearance(appearance(settings_.theme));
   }

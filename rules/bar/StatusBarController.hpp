@@ -6,15 +6,12 @@
 
 #include "platform/MouseMonitor.hpp"
 #include "platform/Panel.hpp"
-#include "platform/Platform.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
 #include "platform/StatusItem.hpp"
-#include "platform/Surfaces.hpp"
 #include "platform/Updater.hpp"
+#include "rules/bar/BarContext.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
-#include "rules/prayer/PrayerNotificationManager.hpp"
-#include "rules/settings/AppSettings.hpp"
 
 namespace Hilalor {
 
@@ -24,7 +21,7 @@ namespace Hilalor {
 class StatusBarController {
  public:
   /// Puts the item with its first text into the bar. `updater` is null in a build without updates.
-  explicit StatusBarController(Updater* updater);
+  StatusBarController(const BarContext& context, Updater* updater);
   StatusBarController(const StatusBarController&) = delete;
   StatusBarController& operator=(const StatusBarController&) = delete;
   ~StatusBarController();
@@ -67,8 +64,10 @@ class StatusBarController {
   [[nodiscard]] bool isOfClosingPress(const StatusItemClick& click) const;
   void applyTheme(AppTheme theme);
 
-  Platform& platform_;
+  const Platform& platform_;
+  Surfaces& surfaces_;
   AppSettings& settings_;
+  LocationManager& locationManager_;
   PrayerNotificationManager& alerts_;
   PrayerCourse course_{settings_};
   std::unique_ptr<StatusItem> statusItem_;

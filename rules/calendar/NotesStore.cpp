@@ -7,8 +7,6 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/Platform.hpp"
-
 namespace Hilalor {
 namespace {
 
@@ -31,22 +29,7 @@ bool isBlank(std::string_view text) {
   return true;
 }
 
-std::unique_ptr<NotesStore>& sharedNotes() {
-  static std::unique_ptr<NotesStore> notes;
-  return notes;
-}
-
 }  // namespace
-
-NotesStore& NotesStore::shared() {
-  auto& notes = sharedNotes();
-  if (!notes) notes = std::make_unique<NotesStore>(Platform::current().defaults);
-  return *notes;
-}
-
-void NotesStore::resetShared() {
-  sharedNotes().reset();
-}
 
 NotesStore::NotesStore(DefaultsStore& store)
     : store_(store),

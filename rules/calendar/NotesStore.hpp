@@ -6,20 +6,15 @@
 #include "datetime/DateFormatter.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/Signal.hpp"
+#include "rules/Shared.hpp"
 
 namespace Hilalor {
 
 /// One note a day, in free text. A day is a Gregorian one of the machine's time zone, whatever
 /// calendar the panel shows. Each change is in the defaults store when its call returns; notes that
 /// come in there are taken over. Main thread.
-class NotesStore {
+class NotesStore : public Shared<NotesStore> {
  public:
-  /// The process's notes, built over the installed platform on first use.
-  [[nodiscard]] static NotesStore& shared();
-
-  /// Drops the shared notes, so that the next use builds others. For tests.
-  static void resetShared();
-
   /// Reads the notes, and writes nothing. A stored value that is no dictionary of texts counts as
   /// none; the first note set replaces it.
   explicit NotesStore(DefaultsStore& store);

@@ -22,7 +22,7 @@ namespace Hilalor {
 /// thread.
 class PrayerCourse {
  public:
-  explicit PrayerCourse(const AppSettings& settings = AppSettings::shared());
+  explicit PrayerCourse(const AppSettings& settings);
 
   [[nodiscard]] const AppSettings& settings() const { return settings_; }
 

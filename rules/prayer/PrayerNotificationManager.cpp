@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/Platform.hpp"
 #include "rules/calendar/Uuid.hpp"
 #include "rules/prayer/PrayerTimesCalculator.hpp"
 
@@ -19,32 +18,12 @@ constexpr Seconds kWaitWithoutBeep{1.7};
 constexpr std::string_view kRecordingExtension = "mp3";
 constexpr std::string_view kSupplicationFile = "after_athan";
 
-std::unique_ptr<PrayerNotificationManager>& sharedManager() {
-  static std::unique_ptr<PrayerNotificationManager> manager;
-  return manager;
-}
-
 template <typename Sounding>
 void stopAndDrop(std::shared_ptr<Sounding>& sounding) {
   if (const auto dropped = std::exchange(sounding, nullptr)) dropped->stop();
 }
 
 }  // namespace
-
-PrayerNotificationManager& PrayerNotificationManager::shared() {
-  auto& manager = sharedManager();
-  if (!manager) {
-    auto& platform = Platform::current();
-    manager = std::make_unique<PrayerNotificationManager>(AppSettings::shared(), platform.clock,
-                                                          platform.loop, platform.notifications,
-                                                          platform.sounds);
-  }
-  return *manager;
-}
-
-void PrayerNotificationManager::resetShared() {
-  sharedManager().reset();
-}
 
 PrayerNotificationManager::PrayerNotificationManager(const AppSettings& settings,
                                                      const Clock& clock, RunLoop& loop,

@@ -14,6 +14,7 @@
 #include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
 #include "platform/SoundService.hpp"
+#include "rules/Shared.hpp"
 #include "rules/prayer/Announcement.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 #include "rules/settings/AppSettings.hpp"
@@ -28,15 +29,10 @@ namespace Hilalor {
 /// an athan ends by its title, two minutes after the beep. Announcements do not end one another: a
 /// later one takes over the title, the beep and the player, and what the earlier one still waits
 /// for comes all the same.
-class PrayerNotificationManager final : private NotificationCenter::Delegate,
+class PrayerNotificationManager final : public Shared<PrayerNotificationManager>,
+                                        private NotificationCenter::Delegate,
                                         private AudioPlayer::Delegate {
  public:
-  /// The process's monitor, built over the installed platform on first use.
-  [[nodiscard]] static PrayerNotificationManager& shared();
-
-  /// Drops the shared monitor, so that the next use builds another. For tests.
-  static void resetShared();
-
   PrayerNotificationManager(const AppSettings& settings, const Clock& clock, RunLoop& loop,
                             NotificationCenter& notifications, SoundService& sounds);
   ~PrayerNotificationManager() override;

@@ -46,9 +46,9 @@ namespace PrayerTimesCalculator {
 /// times. Latitude and longitude are degrees, north and east positive. Empty where the sun gives no
 /// such day (polar day or night); without the last two rows where it gives none the next day. Near
 /// the date line the times can be those of a day beside it (see Adhan::PrayerTimes::make).
-[[nodiscard]] std::vector<PrayerTime> calculate(
-    Date date, double latitude, double longitude, const TimeZone& timeZone, bool showSunnah,
-    const AppSettings& settings = AppSettings::shared());
+[[nodiscard]] std::vector<PrayerTime> calculate(Date date, double latitude, double longitude,
+                                                const TimeZone& timeZone, bool showSunnah,
+                                                const AppSettings& settings);
 
 }  // namespace PrayerTimesCalculator
 

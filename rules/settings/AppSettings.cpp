@@ -1,17 +1,10 @@
 #include "rules/settings/AppSettings.hpp"
 
 #include <algorithm>
-#include <memory>
-
-#include "platform/Platform.hpp"
+#include <utility>
 
 namespace Hilalor {
 namespace {
-
-std::unique_ptr<AppSettings>& sharedSettings() {
-  static std::unique_ptr<AppSettings> settings;
-  return settings;
-}
 
 EffectiveLocation fallbackLocation() {
   return {24.6877, 46.7219, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
@@ -27,21 +20,9 @@ bool isSound(const std::filesystem::path& file) {
 
 }  // namespace
 
-AppSettings& AppSettings::shared() {
-  auto& settings = sharedSettings();
-  if (!settings) {
-    settings =
-        std::make_unique<AppSettings>(Platform::current().defaults, LocationManager::shared());
-  }
-  return *settings;
-}
-
-void AppSettings::resetShared() {
-  sharedSettings().reset();
-}
-
-AppSettings::AppSettings(DefaultsStore& store, const LocationManager& locationManager)
-    : store_(store), locationManager_(locationManager) {}
+AppSettings::AppSettings(DefaultsStore& store, const LocationManager& locationManager,
+                         std::vector<std::filesystem::path> soundFolders)
+    : store_(store), locationManager_(locationManager), soundFolders_(std::move(soundFolders)) {}
 
 EffectiveLocation AppSettings::effectiveLocation() const {
   return locationMode == LocationMode::manual ? manualLocation() : automaticLocation();
@@ -66,8 +47,8 @@ EffectiveLocation AppSettings::automaticLocation() const {
           TimeZone::named(zone.identifier()).value_or(zone)};
 }
 
-std::vector<std::string> AppSettings::systemSoundNames() {
-  return soundNames(Platform::current().soundFolders);
+std::vector<std::string> AppSettings::systemSoundNames() const {
+  return soundNames(soundFolders_);
 }
 
 std::vector<std::string> soundNames(const std::vector<std::filesystem::path>& folders) {

@@ -8,6 +8,7 @@
 #include "datetime/TimeZone.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/Signal.hpp"
+#include "rules/Shared.hpp"
 #include "rules/settings/LocationManager.hpp"
 #include "rules/settings/Setting.hpp"
 #include "rules/settings/SettingsValues.hpp"
@@ -26,20 +27,16 @@ struct EffectiveLocation {
 
 /// Every preference of the user. Loading reads the store and writes nothing; each assignment is
 /// told and then written at once. What cannot be read takes its default. Main thread.
-class AppSettings {
+class AppSettings : public Shared<AppSettings> {
  private:
   // First of all, since every preference below loads from the store.
   DefaultsStore& store_;
   const LocationManager& locationManager_;
 
  public:
-  /// The process's settings, built over the installed platform on first use.
-  [[nodiscard]] static AppSettings& shared();
-
-  /// Drops the shared settings, so that the next use builds others. For tests.
-  static void resetShared();
-
-  AppSettings(DefaultsStore& store, const LocationManager& locationManager);
+  /// The beeps lie in the sound folders.
+  AppSettings(DefaultsStore& store, const LocationManager& locationManager,
+              std::vector<std::filesystem::path> soundFolders);
 
   /// Whether every change is stored by now.
   [[nodiscard]] Published<bool>& isKept() { return store_.isKept; }
@@ -85,11 +82,13 @@ class AppSettings {
   [[nodiscard]] EffectiveLocation effectiveLocation() const;
 
   /// The beeps there are, by name and sorted; the sound folders are listed at every call.
-  [[nodiscard]] static std::vector<std::string> systemSoundNames();
+  [[nodiscard]] std::vector<std::string> systemSoundNames() const;
 
  private:
   [[nodiscard]] EffectiveLocation manualLocation() const;
   [[nodiscard]] EffectiveLocation automaticLocation() const;
+
+  std::vector<std::filesystem::path> soundFolders_;
 };
 
 /// The names of the AIFF files in the folders: without extension, sorted bytewise, each once. A

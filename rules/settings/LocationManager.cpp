@@ -1,14 +1,7 @@
 #include "rules/settings/LocationManager.hpp"
 
-#include "platform/Platform.hpp"
-
 namespace Hilalor {
 namespace {
-
-std::unique_ptr<LocationManager>& sharedManager() {
-  static std::unique_ptr<LocationManager> manager;
-  return manager;
-}
 
 /// The finest part of the place that is known.
 std::string nameOf(const Placemark& place) {
@@ -19,20 +12,6 @@ std::string nameOf(const Placemark& place) {
 }
 
 }  // namespace
-
-LocationManager& LocationManager::shared() {
-  auto& manager = sharedManager();
-  if (!manager) {
-    auto& platform = Platform::current();
-    manager =
-        std::make_unique<LocationManager>(platform.location, platform.geocoder, platform.loop);
-  }
-  return *manager;
-}
-
-void LocationManager::resetShared() {
-  sharedManager().reset();
-}
 
 LocationManager::LocationManager(LocationService& service, Geocoder& geocoder, RunLoop& loop)
     : manager(service), geocoder_(geocoder), loop_(loop) {

@@ -11,6 +11,7 @@
 #include "platform/Published.hpp"
 #include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
+#include "rules/Shared.hpp"
 
 namespace Hilalor {
 
@@ -18,14 +19,8 @@ namespace Hilalor {
 /// time zone. A fix is asked for once at every report that the user allows it. What fails changes
 /// nothing; it is tried again where there is a reason to think that it works by now, and never for
 /// time's sake alone. Main thread.
-class LocationManager final : private LocationService::Delegate {
+class LocationManager final : public Shared<LocationManager>, private LocationService::Delegate {
  public:
-  /// The process's manager, built over the installed platform on first use.
-  [[nodiscard]] static LocationManager& shared();
-
-  /// Drops the shared manager, so that the next use builds another. For tests.
-  static void resetShared();
-
   /// Asks neither for permission nor for a fix.
   LocationManager(LocationService& service, Geocoder& geocoder, RunLoop& loop);
   ~LocationManager() override;

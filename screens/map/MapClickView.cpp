@@ -3,8 +3,6 @@
 #include <QStringList>
 #include <utility>
 
-#include "platform/Platform.hpp"
-
 namespace Hilalor::Screens {
 
 using namespace Ui;
@@ -36,7 +34,7 @@ class MapClickView::Coordinator : public std::enable_shared_from_this<Coordinato
   void tapped(QPointF place) { tapped(parent.map_->coordinateAt(place)); }
 
   void tapped(LocationCoordinate coordinate) {
-    Platform::current().loop.post([weak = weak_from_this(), coordinate] {
+    parent.context_.loop.post([weak = weak_from_this(), coordinate] {
       const auto self = weak.lock();
       if (!self) return;
       self->parent.pin_.assign(coordinate);
@@ -46,9 +44,11 @@ class MapClickView::Coordinator : public std::enable_shared_from_this<Coordinato
   }
 };
 
-MapClickView::MapClickView(Pin pin, std::optional<LocationCoordinate> initialCoordinate,
+MapClickView::MapClickView(const MapContext& context, Pin pin,
+                           std::optional<LocationCoordinate> initialCoordinate,
                            std::function<void(LocationCoordinate)> onTap)
-    : pin_(std::move(pin)),
+    : context_(context),
+      pin_(std::move(pin)),
       onTap_(std::move(onTap)),
       coordinator_(std::make_shared<Coordinator>(*this)) {
   setBody(map(initialCoordinate));
@@ -60,7 +60,7 @@ MapClickView::MapClickView(Pin pin, std::optional<LocationCoordinate> initialCoo
 MapClickView::~MapClickView() = default;
 
 QWidget* MapClickView::map(std::optional<LocationCoordinate> initialCoordinate) {
-  map_ = new MapView(Platform::current().atlas.open());
+  map_ = new MapView(context_.atlas.open());
   // What was stored may be anything.
   map_->setRegion(initialCoordinate && isOnGlobe(*initialCoordinate)
                       ? around(*initialCoordinate, kSpanAroundPlace)

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/Atlas.hpp"
+#include "screens/map/MapContext.hpp"
 #include "screens/map/MapView.hpp"
 #include "ui/SearchField.hpp"
 #include "ui/View.hpp"
@@ -24,7 +24,8 @@ class MapClickView final : public Ui::View {
 
   /// Begins near the coordinate, or without one with the lands from the Atlantic to India.
   /// `onTap` is told every chosen coordinate, after the pin was moved there.
-  MapClickView(Pin pin, std::optional<LocationCoordinate> initialCoordinate,
+  MapClickView(const MapContext& context, Pin pin,
+               std::optional<LocationCoordinate> initialCoordinate,
                std::function<void(LocationCoordinate)> onTap);
   ~MapClickView() override;
 
@@ -40,6 +41,7 @@ class MapClickView final : public Ui::View {
   [[nodiscard]] std::vector<Ui::Suggestion> find(const QString& text);
   void goTo(const FoundPlace& place);
 
+  MapContext context_;
   Pin pin_;
   std::function<void(LocationCoordinate)> onTap_;
   std::shared_ptr<Coordinator> coordinator_;

@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <utility>
 
-#include "platform/Platform.hpp"
 #include "screens/map/MapClickView.hpp"
 #include "ui/Containers.hpp"
 #include "ui/Symbol.hpp"
@@ -42,9 +41,10 @@ std::string nameOf(const Placemark& place) {
 
 }  // namespace
 
-MapPickerView::MapPickerView(std::optional<LocationCoordinate> initialCoordinate,
+MapPickerView::MapPickerView(const MapContext& context,
+                             std::optional<LocationCoordinate> initialCoordinate,
                              OnConfirm onConfirm)
-    : onConfirm_(std::move(onConfirm)), pinCoordinate_(initialCoordinate) {
+    : context_(context), onConfirm_(std::move(onConfirm)), pinCoordinate_(initialCoordinate) {
   setFixedSize(kSize);
   setBody(column({}, {headerBar(), divider(), map(initialCoordinate), divider(), footerBar()}));
   redraw();
@@ -62,6 +62,7 @@ QWidget* MapPickerView::headerBar() {
 
 QWidget* MapPickerView::map(std::optional<LocationCoordinate> initialCoordinate) {
   auto* map = new MapClickView(
+      context_,
       {.value = [this] { return pinCoordinate_; },
        .assign = [this](std::optional<LocationCoordinate> pin) { pinCoordinate_ = pin; }},
       initialCoordinate, [this](LocationCoordinate coordinate) { choose(coordinate); });
@@ -108,7 +109,7 @@ void MapPickerView::resolveLocation(LocationCoordinate coordinate) {
   isResolving_ = true;
   locationName_.clear();
   redraw();
-  Platform::current().geocoder.reverseGeocode(
+  context_.geocoder.reverseGeocode(
       coordinate, [weak = std::weak_ptr(self_)](const std::vector<Placemark>& placemarks) {
         if (const auto self = weak.lock()) self->take(placemarks);
       });

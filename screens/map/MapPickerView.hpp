@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "datetime/TimeZone.hpp"
-#include "platform/Geocoder.hpp"
-#include "platform/LocationService.hpp"
+#include "screens/map/MapContext.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor::Screens {
@@ -22,7 +21,8 @@ class MapPickerView final : public Ui::View {
                                        const TimeZone& timeZone)>;
 
   /// Begins at the coordinate where there is one, with the pin on it.
-  MapPickerView(std::optional<LocationCoordinate> initialCoordinate, OnConfirm onConfirm);
+  MapPickerView(const MapContext& context, std::optional<LocationCoordinate> initialCoordinate,
+                OnConfirm onConfirm);
   ~MapPickerView() override;
 
  protected:
@@ -41,6 +41,7 @@ class MapPickerView final : public Ui::View {
   void confirm();
   void dismiss();
 
+  MapContext context_;
   OnConfirm onConfirm_;
 
   std::optional<LocationCoordinate> pinCoordinate_;

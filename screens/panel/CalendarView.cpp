@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <algorithm>
 
-#include "platform/Platform.hpp"
 #include "screens/panel/AdviceLine.hpp"
 #include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
@@ -50,10 +49,11 @@ constexpr int kWeekHeight = 40 + kColumns.spacing;
 
 }  // namespace
 
-CalendarView::CalendarView(std::function<void(Size)> onSizeChange,
+CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
                            std::function<void()> onOpenSettings, std::optional<Advice> advice)
-    : onOpenSettings_(std::move(onOpenSettings)),
-      now_(Platform::current().clock.now()),
+    : context_(context),
+      onOpenSettings_(std::move(onOpenSettings)),
+      now_(context_.clock.now()),
       zone_(TimeZone::current()),
       model_(now_, settings_.primaryCalendar),
       identity_{settings_.showCalendar, settings_.showPrayerTimes} {
@@ -140,10 +140,10 @@ QWidget* CalendarView::dayGrid() {
 }
 
 DayCellView* CalendarView::dayCell(std::size_t index) {
-  auto* cell =
-      new DayCellView(notes_, {.onSelect = [this, index] { toggleSelection(index); },
-                               .onSelectUndone = [this] { undoSelection(); },
-                               .onHolidayHover = [this](const QString& text) { hover(text); }});
+  auto* cell = new DayCellView(notes_, settings_,
+                               {.onSelect = [this, index] { toggleSelection(index); },
+                                .onSelectUndone = [this] { undoSelection(); },
+                                .onHolidayHover = [this](const QString& text) { hover(text); }});
   cells_[index] = cell;
   return cell;
 }
@@ -157,14 +157,14 @@ QWidget* CalendarView::hoverLine() {
 }
 
 QWidget* CalendarView::prayerTimes() {
-  auto* times = new PrayerTimesView(now_);
+  auto* times = new PrayerTimesView(now_, context_);
   atRedraw([this, times] { times->setDisplayDate(selectedDate_.value_or(now_)); });
   return times;
 }
 
 QWidget* CalendarView::bottomBar() {
   auto* quit = new Button({.icon = Icon::power, .style = kQuitStyle},
-                          [] { Platform::current().application.terminate(); });
+                          [this] { context_.application.terminate(); });
   auto* settings = new Button({.icon = Icon::gear, .style = kSettingsStyle}, [this] {
     if (onOpenSettings_) onOpenSettings_();
   });
@@ -191,12 +191,12 @@ Button* CalendarView::stopButton() {
 void CalendarView::observe() {
   const auto changed = [this] { setNeedsRedraw(); };
   changes_.push_back(settings_.willChange.subscribe(changed));
-  changes_.push_back(notifManager_.willChange.subscribe(changed));
+  changes_.push_back(notificationManager_.willChange.subscribe(changed));
   changes_.push_back(notes_.willChange.subscribe(changed));
 }
 
 void CalendarView::refreshPage() {
-  now_ = Platform::current().clock.now();
+  now_ = context_.clock.now();
   const std::array<bool, 2> identity{settings_.showCalendar, settings_.showPrayerTimes};
   if (identity != identity_) {
     identity_ = identity;
@@ -264,14 +264,14 @@ QString CalendarView::title() const {
 }
 
 QString CalendarView::stopTitle() const {
-  if (notifManager_.playingVoice.value()) return QStringLiteral("Stop Athan");
-  if (notifManager_.playingDua.value()) return QStringLiteral("Stop Supplication");
+  if (notificationManager_.playingVoice.value()) return QStringLiteral("Stop Athan");
+  if (notificationManager_.playingDua.value()) return QStringLiteral("Stop Supplication");
   return {};
 }
 
 void CalendarView::stopSound() {
-  if (notifManager_.playingVoice.value()) return notifManager_.stopAll();
-  notifManager_.stopDua();
+  if (notificationManager_.playingVoice.value()) return notificationManager_.stopAll();
+  notificationManager_.stopDua();
 }
 
 void CalendarView::hover(const QString& text) {
@@ -281,7 +281,7 @@ void CalendarView::hover(const QString& text) {
 }
 
 void CalendarView::resetModel() {
-  now_ = Platform::current().clock.now();
+  now_ = context_.clock.now();
   model_ = CalendarModel(now_, settings_.primaryCalendar);
   yearMode_ = false;
   selectedDate_.reset();

@@ -9,11 +9,9 @@
 #include "platform/Surfaces.hpp"
 #include "rules/calendar/CalendarModel.hpp"
 #include "rules/calendar/DayTexts.hpp"
-#include "rules/calendar/NotesStore.hpp"
 #include "rules/calendar/Weekdays.hpp"
-#include "rules/prayer/PrayerNotificationManager.hpp"
-#include "rules/settings/AppSettings.hpp"
 #include "screens/panel/DayCellView.hpp"
+#include "screens/panel/PanelContext.hpp"
 #include "screens/panel/PrayerTimesView.hpp"
 #include "ui/View.hpp"
 
@@ -25,8 +23,8 @@ namespace Hilalor::Screens {
 class CalendarView final : public Ui::View {
  public:
   /// `onSizeChange` is told the size that the panel wants; either may be empty.
-  CalendarView(std::function<void(Size)> onSizeChange, std::function<void()> onOpenSettings,
-               std::optional<Advice> advice = std::nullopt);
+  CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
+               std::function<void()> onOpenSettings, std::optional<Advice> advice = std::nullopt);
 
   void setGreatestHeight(int height) override;
 
@@ -76,9 +74,10 @@ class CalendarView final : public Ui::View {
   void focusOn(Date day);
   void openNote();
 
-  AppSettings& settings_ = AppSettings::shared();
-  PrayerNotificationManager& notifManager_ = PrayerNotificationManager::shared();
-  NotesStore& notes_ = NotesStore::shared();
+  PanelContext context_;
+  AppSettings& settings_ = context_.settings;
+  PrayerNotificationManager& notificationManager_ = context_.notificationManager;
+  NotesStore& notes_ = context_.notes;
   std::function<void()> onOpenSettings_;
 
   Date now_;       // As of the last redraw.

@@ -57,8 +57,8 @@ std::vector<QColor> dots(const ShownDay& day, const Colors& colors) {
 
 }  // namespace
 
-DayCellView::DayCellView(NotesStore& store, DayCellEvents events)
-    : store_(store), events_(std::move(events)) {
+DayCellView::DayCellView(NotesStore& store, const AppSettings& settings, DayCellEvents events)
+    : store_(store), settings_(settings), events_(std::move(events)) {
   setFixedSize(kCellSize);
   setMouseTracking(true);
   setFocusPolicy(Qt::NoFocus);
@@ -190,7 +190,7 @@ void DayCellView::keyPressEvent(QKeyEvent* event) {
 
 void DayCellView::openNote() {
   if (!day_ || note_ != nullptr) return;
-  note_ = new Popover(*this, new NoteEditorView(day_->cell.date, store_));
+  note_ = new Popover(*this, new NoteEditorView(day_->cell.date, store_, settings_));
   note_->onDismiss = [this] { std::exchange(note_, nullptr)->deleteLater(); };
   note_->open();
 }

@@ -7,6 +7,7 @@
 
 #include "rules/calendar/CalendarModel.hpp"
 #include "rules/calendar/NotesStore.hpp"
+#include "rules/settings/AppSettings.hpp"
 #include "ui/Popover.hpp"
 
 namespace Hilalor::Screens {
@@ -36,7 +37,7 @@ struct DayCellEvents {
 /// double click opens its note.
 class DayCellView final : public QAbstractButton {
  public:
-  DayCellView(NotesStore& store, DayCellEvents events);
+  DayCellView(NotesStore& store, const AppSettings& settings, DayCellEvents events);
 
   void show(const std::optional<ShownDay>& day);
   [[nodiscard]] const std::optional<ShownDay>& day() const { return day_; }
@@ -60,6 +61,7 @@ class DayCellView final : public QAbstractButton {
   void paintDots(QPainter& painter, double top) const;
 
   NotesStore& store_;
+  const AppSettings& settings_;
   DayCellEvents events_;
   std::optional<ShownDay> day_;
   Ui::Popover* note_ = nullptr;  // While it is open; belongs to the window.

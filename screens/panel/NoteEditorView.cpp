@@ -30,8 +30,11 @@ DateComponents dayOf(Date date) {
 
 }  // namespace
 
-NoteEditorView::NoteEditorView(Date date, NotesStore& store)
-    : day_(dayOf(date)), store_(store), editor_(new TextEditor(kEditorTypeSize)) {
+NoteEditorView::NoteEditorView(Date date, NotesStore& store, const AppSettings& settings)
+    : settings_(settings),
+      day_(dayOf(date)),
+      store_(store),
+      editor_(new TextEditor(kEditorTypeSize)) {
   setFixedWidth(kWidth);
   setFocusProxy(editor_);
   editor_->setAccessibleName(dateLabel());

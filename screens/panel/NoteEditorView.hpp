@@ -17,7 +17,7 @@ namespace Hilalor::Screens {
 class NoteEditorView final : public Ui::View {
  public:
   /// `date` is the start of the day.
-  NoteEditorView(Date date, NotesStore& store);
+  NoteEditorView(Date date, NotesStore& store, const AppSettings& settings);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -28,7 +28,7 @@ class NoteEditorView final : public Ui::View {
   void showNote();
   void edit(const QString& text);
 
-  AppSettings& settings_ = AppSettings::shared();
+  const AppSettings& settings_;
   /// The Gregorian day, which stays when the machine's time zone changes.
   DateComponents day_;
   NotesStore& store_;

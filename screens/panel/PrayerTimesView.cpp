@@ -3,8 +3,6 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/Platform.hpp"
-
 namespace Hilalor::Screens {
 
 using namespace Ui;
@@ -71,18 +69,23 @@ class PrayerRowView final : public View {
 
 }  // namespace
 
-PrayerTimesView::PrayerTimesView(Date displayDate)
-    : displayDate_(displayDate), now_(Platform::current().clock.now()) {
+PrayerTimesView::PrayerTimesView(Date displayDate, const PanelContext& context)
+    : clock_(context.clock),
+      loop_(context.loop),
+      course_(context.settings),
+      displayDate_(displayDate),
+      now_(clock_.now()) {
   atRedraw([this] { prayers_ = prayerList(course_, displayDate_, now_); });
   setBody(column({.spacing = kSpacing},
                  {divider(kDividerInset), header(), divider(kDividerInset), prayerRows()}));
 
   const auto changed = [this](const auto&...) { setNeedsRedraw(); };
-  changes_.push_back(settings_.willChange.subscribe(changed));
-  changes_.push_back(locationManager_.coordinate.subscribe(changed));
-  changes_.push_back(locationManager_.locationName.subscribe(changed));
-  changes_.push_back(locationManager_.detectedTimeZone.subscribe(changed));
-  changes_.push_back(locationManager_.authStatus.subscribe(changed));
+  changes_.push_back(context.settings.willChange.subscribe(changed));
+  auto& place = context.locationManager;
+  changes_.push_back(place.coordinate.subscribe(changed));
+  changes_.push_back(place.locationName.subscribe(changed));
+  changes_.push_back(place.detectedTimeZone.subscribe(changed));
+  changes_.push_back(place.authStatus.subscribe(changed));
   redraw();
 }
 
@@ -92,7 +95,7 @@ void PrayerTimesView::setDisplayDate(Date displayDate) {
   if (displayDate == displayDate_) return;
   displayDate_ = displayDate;
   // Past midnight another day is today.
-  now_ = Platform::current().clock.now();
+  now_ = clock_.now();
   redraw();
 }
 
@@ -133,14 +136,14 @@ const PrayerRow* PrayerTimesView::shownRow(std::size_t place) const {
 }
 
 void PrayerTimesView::refreshNow() {
-  now_ = Platform::current().clock.now();
+  now_ = clock_.now();
   redraw();
 }
 
 void PrayerTimesView::showEvent(QShowEvent* event) {
   View::showEvent(event);
   refreshNow();
-  minuteTimer_ = Platform::current().loop.repeating(kMinute, [this] { refreshNow(); });
+  minuteTimer_ = loop_.repeating(kMinute, [this] { refreshNow(); });
 }
 
 void PrayerTimesView::hideEvent(QHideEvent* event) {

@@ -4,12 +4,9 @@
 #include <vector>
 
 #include "datetime/Date.hpp"
-#include "platform/Clock.hpp"
-#include "platform/RunLoop.hpp"
 #include "platform/Signal.hpp"
 #include "rules/prayer/PrayerList.hpp"
-#include "rules/settings/AppSettings.hpp"
-#include "rules/settings/LocationManager.hpp"
+#include "screens/panel/PanelContext.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor::Screens {
@@ -19,7 +16,7 @@ namespace Hilalor::Screens {
 class PrayerTimesView final : public Ui::View {
  public:
   /// Any moment of the day to show.
-  explicit PrayerTimesView(Date displayDate);
+  PrayerTimesView(Date displayDate, const PanelContext& context);
   ~PrayerTimesView() override;
 
   void setDisplayDate(Date displayDate);
@@ -37,9 +34,9 @@ class PrayerTimesView final : public Ui::View {
   [[nodiscard]] const PrayerRow* shownRow(std::size_t place) const;
   void refreshNow();
 
-  AppSettings& settings_ = AppSettings::shared();
-  PrayerCourse course_{settings_};
-  LocationManager& locationManager_ = LocationManager::shared();
+  const Clock& clock_;
+  RunLoop& loop_;
+  PrayerCourse course_;
   Date displayDate_;
   Date now_;
   PrayerList prayers_;

@@ -2,7 +2,6 @@
 
 #include <QUrl>
 
-#include "platform/Platform.hpp"
 #include "rules/settings/ProgramFacts.hpp"
 #include "ui/Containers.hpp"
 #include "ui/Picture.hpp"
@@ -27,7 +26,8 @@ constexpr Insets kUpdatePadding{.top = 8};
 
 }  // namespace
 
-AboutCard::AboutCard(Updater* updater, const QPixmap& appIcon) {
+AboutCard::AboutCard(const SettingsContext& context, Updater* updater, const QPixmap& appIcon)
+    : SettingsPart(context) {
   setBody(updater != nullptr ? new Card({program(appIcon), updateButton(*updater)})
                              : new Card({program(appIcon)}));
 }
@@ -47,8 +47,8 @@ QWidget* AboutCard::creditLine() {
   if (site.isEmpty()) return new Text(kCreditStyle, QStringLiteral("By the Hilalor developers"));
   auto* link = new Button(
       {.text = site, .style = kGreenStyle},
-      [] {
-        if (auto* workspace = Platform::current().workspace) workspace->openWebPage(kWebSite);
+      [workspace = context_.workspace] {
+        if (workspace != nullptr) workspace->openWebPage(kWebSite);
       },
       ButtonLook::link);
   return row({.spacing = kCreditSpacing},

@@ -11,11 +11,11 @@ namespace Hilalor::Screens {
 class AboutCard final : public SettingsPart {
  public:
   /// Without an updater there is no button for updates, without an icon the texts stand alone.
-  AboutCard(Updater* updater, const QPixmap& appIcon);
+  AboutCard(const SettingsContext& context, Updater* updater, const QPixmap& appIcon);
 
  private:
-  [[nodiscard]] static QWidget* program(const QPixmap& appIcon);
-  [[nodiscard]] static QWidget* creditLine();
+  [[nodiscard]] QWidget* program(const QPixmap& appIcon);
+  [[nodiscard]] QWidget* creditLine();
   [[nodiscard]] static QWidget* updateButton(Updater& updater);
 };
 

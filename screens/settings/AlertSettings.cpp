@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/Platform.hpp"
 #include "ui/Stepper.hpp"
 
 namespace Hilalor::Screens {
@@ -29,8 +28,8 @@ int shownSeconds(std::int64_t seconds) {
 
 }  // namespace
 
-AlertSettings::AlertSettings() {
-  observe(notifManager_.willChange);
+AlertSettings::AlertSettings(const SettingsContext& context) : SettingsPart(context) {
+  observe(notificationManager_.willChange);
   setBody(column({.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
                  {toggleRow("Notify me at prayer times", settings_.prayerNotificationsEnabled),
                   onlyWhile([this] { return settings_.prayerNotificationsEnabled.value(); },
@@ -74,7 +73,7 @@ QWidget* AlertSettings::blockedWarning() {
 
 QWidget* AlertSettings::beepRows() {
   auto* sound = greenPicker<std::string>(
-      "Beep sound", settings_.selectedBeepSound, [] { return AppSettings::systemSoundNames(); },
+      "Beep sound", settings_.selectedBeepSound, [this] { return settings_.systemSoundNames(); },
       [](const std::string& name) { return QString::fromStdString(name); });
   return column({.spacing = kRowSpacing, .padding = kIndented}, {sound, loopRow()});
 }
@@ -98,47 +97,48 @@ QWidget* AlertSettings::athanRows() {
 
 QWidget* AlertSettings::voiceRow(const char* title, AthanVoice voice, const char* recording) {
   auto* preview =
-      previewButton([this, voice] { return notifManager_.playingVoice.value() == voice; },
+      previewButton([this, voice] { return notificationManager_.playingVoice.value() == voice; },
                     [this, voice, recording] { previewVoice(voice, recording); },
-                    [this] { notifManager_.stopAll(); });
+                    [this] { notificationManager_.stopAll(); });
   return row({.spacing = kSpacing},
              {radioButton(title, settings_.athanVoice, voice), flexibleSpace(), preview});
 }
 
 QWidget* AlertSettings::supplicationRow() {
-  auto* preview = previewButton([this] { return notifManager_.playingDua.value(); },
+  auto* preview = previewButton([this] { return notificationManager_.playingDua.value(); },
                                 [this] {
-                                  notifManager_.stopDua();
-                                  notifManager_.playDua();
+                                  notificationManager_.stopDua();
+                                  notificationManager_.playDua();
                                 },
-                                [this] { notifManager_.stopDua(); });
+                                [this] { notificationManager_.stopDua(); });
   return row({.padding = kIndented},
              {checkboxRow("Play after Athan supplication", settings_.playDuaAfterAthan),
               flexibleSpace(), preview});
 }
 
 void AlertSettings::requestPermission() {
-  notifManager_.requestPermission([view = QPointer(this)](bool) {
+  notificationManager_.requestPermission([view = QPointer(this)](bool) {
     if (view) view->refreshNotificationStatus();
   });
 }
 
 void AlertSettings::refreshNotificationStatus() {
-  notifManager_.checkAuthorizationStatus([view = QPointer(this)](NotificationAuthorization status) {
-    if (!view) return;
-    view->notificationStatus_ = status;
-    view->setNeedsRedraw();
-  });
+  notificationManager_.checkAuthorizationStatus(
+      [view = QPointer(this)](NotificationAuthorization status) {
+        if (!view) return;
+        view->notificationStatus_ = status;
+        view->setNeedsRedraw();
+      });
 }
 
 void AlertSettings::playBeep(const std::string& name) {
-  previewedBeep_ = Platform::current().sounds.soundNamed(name);
+  previewedBeep_ = context_.sounds.soundNamed(name);
   if (previewedBeep_) previewedBeep_->play();
 }
 
 void AlertSettings::previewVoice(AthanVoice voice, const char* recording) {
-  notifManager_.stopAll();
-  notifManager_.playAthan(recording, voice);
+  notificationManager_.stopAll();
+  notificationManager_.playAthan(recording, voice);
 }
 
 }  // namespace Hilalor::Screens

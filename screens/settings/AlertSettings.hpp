@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "rules/prayer/PrayerNotificationManager.hpp"
 #include "screens/settings/SettingsPart.hpp"
 
 namespace Hilalor::Screens {
@@ -11,7 +10,7 @@ namespace Hilalor::Screens {
 /// asks for permission to show banners.
 class AlertSettings final : public SettingsPart {
  public:
-  AlertSettings();
+  explicit AlertSettings(const SettingsContext& context);
 
   /// Asks anew whether banners are blocked: for whenever the window is shown, this part or not.
   void refreshNotificationStatus();
@@ -30,7 +29,7 @@ class AlertSettings final : public SettingsPart {
   void playBeep(const std::string& name);
   void previewVoice(AthanVoice voice, const char* recording);
 
-  PrayerNotificationManager& notifManager_ = PrayerNotificationManager::shared();
+  PrayerNotificationManager& notificationManager_ = context_.notificationManager;
   NotificationAuthorization notificationStatus_ = NotificationAuthorization::notDetermined;
   std::unique_ptr<SystemSound> previewedBeep_;
   std::vector<Subscription> watches_;

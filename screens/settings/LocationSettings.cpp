@@ -24,7 +24,7 @@ QWidget* placeLine(Icon icon, Ink color, Text* place) {
 
 }  // namespace
 
-LocationSettings::LocationSettings() {
+LocationSettings::LocationSettings(const SettingsContext& context) : SettingsPart(context) {
   observe(locationManager_.willChange);
   setBody(column(
       {.spacing = kSpacing, .alignment = Qt::AlignLeft},
@@ -127,9 +127,10 @@ void LocationSettings::showMap() {
   // The Gulf of Guinea, where nobody lives: the place was never set.
   const LocationCoordinate stored{settings_.manualLatitude, settings_.manualLongitude};
   if (stored != LocationCoordinate{0.0, 0.0}) initial = stored;
-  auto* map = new MapPickerView(
-      initial, [this](LocationCoordinate coordinate, const std::string& name,
-                      const TimeZone& timeZone) { take(coordinate, name, timeZone); });
+  auto* map =
+      new MapPickerView(context_.map, initial,
+                        [this](LocationCoordinate coordinate, const std::string& name,
+                               const TimeZone& timeZone) { take(coordinate, name, timeZone); });
   // Its own, until it is closed.
   auto* sheet = new Sheet(*window(), map);
   sheet->open();

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "rules/settings/LocationManager.hpp"
 #include "screens/settings/SettingsPart.hpp"
 
 namespace Hilalor::Screens {
@@ -11,7 +10,7 @@ namespace Hilalor::Screens {
 /// Where prayer times are computed for: where the machine is, or a place chosen on a map.
 class LocationSettings final : public SettingsPart {
  public:
-  LocationSettings();
+  explicit LocationSettings(const SettingsContext& context);
 
  protected:
   bool event(QEvent* event) override;
@@ -39,7 +38,7 @@ class LocationSettings final : public SettingsPart {
   void showMap();
   void take(LocationCoordinate coordinate, const std::string& name, const TimeZone& timeZone);
 
-  LocationManager& locationManager_ = LocationManager::shared();
+  LocationManager& locationManager_ = context_.locationManager;
   bool isPaneOpened_ = false;  // And its outcome not asked for yet.
 };
 

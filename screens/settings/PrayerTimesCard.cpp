@@ -34,7 +34,7 @@ QString schoolName(AsrCalculation school) {
 
 }  // namespace
 
-PrayerTimesCard::PrayerTimesCard() {
+PrayerTimesCard::PrayerTimesCard(const SettingsContext& context) : SettingsPart(context) {
   setBody(
       new Card({toggleRow("Show prayer times", settings_.showPrayerTimes),
                 onlyWhile([this] { return settings_.showPrayerTimes.value(); }, whileShown())}));
@@ -47,8 +47,8 @@ QWidget* PrayerTimesCard::whileShown() {
   auto* school =
       greenPicker<AsrCalculation>("Asr calculation", settings_.asrCalculation, schools, schoolName);
   auto* location = column({.spacing = kLocationSpacing, .alignment = Qt::AlignLeft},
-                          {rowLabel("Location"), new LocationSettings});
-  alerts_ = new AlertSettings;
+                          {rowLabel("Location"), new LocationSettings(context_)});
+  alerts_ = new AlertSettings(context_);
   return column(
       {.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
       {groupDivider(), toggleRow("Show Sunnah times", settings_.showSunnahTimes), groupDivider(),

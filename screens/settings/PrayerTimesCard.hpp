@@ -9,7 +9,7 @@ class AlertSettings;
 /// How prayer times are computed, for which place, and how they are announced.
 class PrayerTimesCard final : public SettingsPart {
  public:
-  PrayerTimesCard();
+  explicit PrayerTimesCard(const SettingsContext& context);
 
   /// Asks anew whether banners are blocked.
   void refreshNotificationStatus();

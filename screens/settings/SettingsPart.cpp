@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/Platform.hpp"
 #include "ui/Symbol.hpp"
 
 namespace Hilalor::Screens {
@@ -18,7 +17,7 @@ constexpr TextStyle kAdviceStyle{.size = 11, .color = &Colors::secondary};
 
 }  // namespace
 
-SettingsPart::SettingsPart() {
+SettingsPart::SettingsPart(const SettingsContext& context) : context_(context) {
   observe(settings_.willChange);
 }
 
@@ -75,12 +74,12 @@ QWidget* SettingsPart::warning(const Warning& warning) {
   auto* title = new Text(titleStyle, QString::fromUtf8(warning.title));
   auto* advice = new Text(kAdviceStyle, QString::fromUtf8(warning.advice));
   if (warning.advice == nullptr) advice->hide();
-  auto* open = linkButton(QStringLiteral("Open System Settings →"),
-                          [pane = warning.pane, onOpen = warning.onOpen] {
-                            if (onOpen) onOpen();
-                            if (auto* workspace = Platform::current().workspace)
-                              workspace->openSettings(pane);
-                          });
+  auto* open =
+      linkButton(QStringLiteral("Open System Settings →"),
+                 [workspace = context_.workspace, pane = warning.pane, onOpen = warning.onOpen] {
+                   if (onOpen) onOpen();
+                   if (workspace != nullptr) workspace->openSettings(pane);
+                 });
   return row({.spacing = warning.symbolSpacing, .alignment = Qt::AlignTop},
              {new Symbol(Icon::warningTriangle, warning.symbolSize, &Colors::orange),
               column({.spacing = warning.lineSpacing, .alignment = Qt::AlignLeft},

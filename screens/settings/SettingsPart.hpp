@@ -5,8 +5,7 @@
 #include <vector>
 
 #include "platform/Signal.hpp"
-#include "platform/Workspace.hpp"
-#include "rules/settings/AppSettings.hpp"
+#include "screens/settings/SettingsContext.hpp"
 #include "ui/Picker.hpp"
 #include "ui/Toggle.hpp"
 #include "ui/View.hpp"
@@ -20,7 +19,7 @@ class SettingsPart : public Ui::View {
   /// Between the rows of a card.
   static constexpr int kRowSpacing = 10;
 
-  SettingsPart();
+  explicit SettingsPart(const SettingsContext& context);
 
   /// Redraws whenever the object's watchers are told of a change.
   void observe(Signal<>& willChange);
@@ -83,12 +82,13 @@ class SettingsPart : public Ui::View {
     int lineSpacing;
     std::function<void()> onOpen = {};  ///< The user takes the way.
   };
-  [[nodiscard]] static QWidget* warning(const Warning& warning);
+  [[nodiscard]] QWidget* warning(const Warning& warning);
 
   static constexpr Ui::TextStyle kLinkStyle{.size = 11, .color = &Ui::Colors::accent};
   [[nodiscard]] static Ui::Button* linkButton(const QString& text, std::function<void()> action);
 
-  AppSettings& settings_ = AppSettings::shared();
+  SettingsContext context_;
+  AppSettings& settings_ = context_.settings;
 
  private:
   template <typename Value>

@@ -49,13 +49,14 @@ QString labelOf(PrimaryCalendar calendar) {
 
 }  // namespace
 
-SettingsView::SettingsView(Updater* updater, const QPixmap& appIcon)
-    : prayerTimes_(new PrayerTimesCard) {
-  auto* content = column(
-      {.padding = kPadding},
-      {unsavedLine(), sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"),
-       calendarCard(), sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"),
-       appearanceCard(), sectionHeader("About"), new AboutCard(updater, appIcon), flexibleSpace()});
+SettingsView::SettingsView(const SettingsContext& context, Updater* updater, const QPixmap& appIcon)
+    : SettingsPart(context), prayerTimes_(new PrayerTimesCard(context)) {
+  auto* content =
+      column({.padding = kPadding},
+             {unsavedLine(), sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"),
+              calendarCard(), sectionHeader("Prayer Times"), prayerTimes_,
+              sectionHeader("Appearance"), appearanceCard(), sectionHeader("About"),
+              new AboutCard(context, updater, appIcon), flexibleSpace()});
   content->setFixedWidth(kWidth);
   setBody(new ScrollColumn(content));
   redraw();

@@ -13,7 +13,7 @@ class PrayerTimesCard;
 class SettingsView final : public SettingsPart {
  public:
   /// `updater` is null in a build without updates; `appIcon` may be null.
-  SettingsView(Updater* updater, const QPixmap& appIcon);
+  SettingsView(const SettingsContext& context, Updater* updater, const QPixmap& appIcon);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <optional>
+
 #include "datetime/Date.hpp"
 #include "platform/Platform.hpp"
-#include "rules/SharedObjects.hpp"
+#include "rules/bar/BarContext.hpp"
+#include "rules/calendar/NotesStore.hpp"
 #include "tests/fakes/FakeAtlas.hpp"
 #include "tests/fakes/FakeDesktop.hpp"
 #include "tests/fakes/FakeGeocoder.hpp"
@@ -15,15 +18,30 @@
 
 namespace Hilalor {
 
-/// A whole desktop of fakes, installed while it lives; the shared objects are built over it.
+/// A whole desktop of fakes, and over it the objects that a program has one each of. These are
+/// built when they are first asked for, so that a test can prepare what they find.
 class FakePlatform {
  public:
-  explicit FakePlatform(Date start = {0}) : loop(start) { Platform::install(&platform); }
+  explicit FakePlatform(Date start = {0}) : loop(start) {}
   FakePlatform(const FakePlatform&) = delete;
   FakePlatform& operator=(const FakePlatform&) = delete;
-  ~FakePlatform() {
-    resetSharedObjects();
-    Platform::install(nullptr);
+
+  [[nodiscard]] LocationManager& locationManager() { return objects().locationManager; }
+  [[nodiscard]] AppSettings& settings() { return objects().settings; }
+  [[nodiscard]] PrayerNotificationManager& notificationManager() {
+    return objects().notificationManager;
+  }
+  [[nodiscard]] NotesStore& notes() { return objects().notes; }
+
+  /// The program ends; what is asked for next belongs to another over the same desktop.
+  void restart() { objects_.reset(); }
+
+  [[nodiscard]] BarContext barContext() {
+    return {.platform = platform,
+            .surfaces = surfaces,
+            .settings = settings(),
+            .locationManager = locationManager(),
+            .notificationManager = notificationManager()};
   }
 
   VirtualLoop loop;
@@ -45,7 +63,6 @@ class FakePlatform {
                     .loop = loop,
                     .defaults = defaults,
                     .statusBar = statusBar,
-                    .surfaces = surfaces,
                     .screens = screens,
                     .mouse = mouse,
                     .location = location,
@@ -56,6 +73,27 @@ class FakePlatform {
                     .workspace = &workspace,
                     .updater = &updater,
                     .soundFolders = {}};
+
+ private:
+  struct Objects {
+    explicit Objects(const Platform& on)
+        : locationManager(on.location, on.geocoder, on.loop),
+          settings(on.defaults, locationManager, on.soundFolders),
+          notificationManager(settings, on.clock, on.loop, on.notifications, on.sounds),
+          notes(on.defaults) {}
+
+    LocationManager locationManager;
+    AppSettings settings;
+    PrayerNotificationManager notificationManager;
+    NotesStore notes;
+  };
+
+  [[nodiscard]] Objects& objects() {
+    if (!objects_) objects_.emplace(platform);
+    return *objects_;
+  }
+
+  std::optional<Objects> objects_;
 };
 
 }  // namespace Hilalor

@@ -1,7 +1,5 @@
 #include "tests/golden/Inputs.hpp"
 
-#include "rules/settings/AppSettings.hpp"
-
 namespace Golden {
 namespace {
 
@@ -41,9 +39,8 @@ Adhan::CalculationParameters parameters(const Json& row) {
   return result;
 }
 
-void chooseMethod(const Json& row) {
+void chooseMethod(const Json& row, Hilalor::AppSettings& settings) {
   using namespace Hilalor;
-  auto& settings = AppSettings::shared();
   settings.calculationMethod =
       fromRawValue<PrayerCalculationMethod>(row.at("calculationMethod").get<std::string>()).value();
   settings.asrCalculation =

@@ -4,6 +4,7 @@
 
 #include "Adhan/Models/CalculationParameters.hpp"
 #include "datetime/DateComponents.hpp"
+#include "rules/settings/AppSettings.hpp"
 #include "tests/golden/Checks.hpp"
 
 /// Readers of what the rows' inputs have in common. They throw on a row of another form.
@@ -24,7 +25,7 @@ template <typename E>
 /// Every field of the parameters, under its name.
 [[nodiscard]] Adhan::CalculationParameters parameters(const Json& row);
 
-/// Gives the shared settings "calculationMethod" and "asrCalculation".
-void chooseMethod(const Json& row);
+/// Gives the settings "calculationMethod" and "asrCalculation".
+void chooseMethod(const Json& row, Hilalor::AppSettings& settings);
 
 }  // namespace Golden

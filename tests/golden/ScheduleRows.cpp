@@ -9,13 +9,13 @@ namespace Golden {
 
 void checkSchedule(const Json& row, Checks& checks) {
   using namespace Hilalor;
-  const FakePlatform desktop;
-  chooseMethod(row);
+  FakePlatform desktop;
+  chooseMethod(row, desktop.settings());
   const auto place = coordinates(row);
   const auto rows = PrayerTimesCalculator::calculate(
       {row.at("instant").get<double>()}, place.latitude, place.longitude,
       TimeZone::named(row.at("timeZone").get<std::string>()).value(),
-      row.at("showSunnah").get<bool>());
+      row.at("showSunnah").get<bool>(), desktop.settings());
   const auto& expected = row.at("rows");
   checks.equal("rows", expected.size(), rows.size());
   for (std::size_t i = 0; i < rows.size() && i < expected.size(); ++i) {

@@ -17,9 +17,9 @@ constexpr auto kDay = std::chrono::hours(24);
 
 bool isOnSchedule(const CalledPrayer& prayer, Date day, const AppSettings& settings) {
   const auto place = settings.effectiveLocation();
-  return std::ranges::any_of(
-      PrayerTimesCalculator::calculate(day, place.latitude, place.longitude, place.timeZone, false),
-      [&](const PrayerTime& row) { return row.time == prayer.time; });
+  return std::ranges::any_of(PrayerTimesCalculator::calculate(day, place.latitude, place.longitude,
+                                                              place.timeZone, false, settings),
+                             [&](const PrayerTime& row) { return row.time == prayer.time; });
 }
 
 /// What the row tells the time to. Rows know the engine's schedules of today and tomorrow by their
@@ -39,9 +39,9 @@ std::optional<CalledPrayer> toldPrayer(const PrayerCourse& course, Date now) {
 
 void checkTitle(const Json& row, Checks& checks) {
   const SystemTimeZone zone(row.at("systemTimeZone").get<std::string>());
-  const FakePlatform desktop;
-  chooseMethod(row);
-  auto& settings = AppSettings::shared();
+  FakePlatform desktop;
+  auto& settings = desktop.settings();
+  chooseMethod(row, settings);
   const auto place = coordinates(row);
   settings.locationMode = LocationMode::manual;
   settings.manualLatitude = place.latitude;

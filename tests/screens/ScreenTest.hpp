@@ -10,8 +10,8 @@
 
 #include "screens/panel/CalendarView.hpp"
 #include "screens/panel/NoteEditorView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Containers.hpp"
 #include "ui/DoubleClickable.hpp"
@@ -25,8 +25,9 @@ inline constexpr Date kNow{1771754400};
 class ScreenTest : public testing::Test {
  protected:
   void show() {
-    panel = std::make_unique<CalendarView>([this](Size size) { sizes.push_back(size); },
-                                           [this] { ++settingsOpened; });
+    panel = std::make_unique<CalendarView>(
+        panelContext(desktop), [this](Size size) { sizes.push_back(size); },
+        [this] { ++settingsOpened; });
     panel->setPalette(windowPalette(Ui::ColorScheme::light));
     panel->setAutoFillBackground(true);
     panel->resize(panel->sizeHint());

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "screens/settings/SettingsView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Text.hpp"
 
@@ -25,7 +25,7 @@ namespace Hilalor::Screens {
 class SettingsTest : public testing::Test {
  protected:
   void show(Updater* updater = nullptr, const QPixmap& icon = {}) {
-    view = std::make_unique<SettingsView>(updater, icon);
+    view = std::make_unique<SettingsView>(settingsContext(desktop), updater, icon);
     view->setPalette(windowPalette(Ui::ColorScheme::light));
     view->resize(380, 520);
     view->show();
@@ -42,14 +42,14 @@ class SettingsTest : public testing::Test {
   }
 
   /// Everything that can be shown or not.
-  static void showEveryRow() {
+  void showEveryRow() {
     settings().prayerNotificationsEnabled = true;
     settings().beepSoundEnabled = true;
     settings().beepLoopEnabled = true;
     settings().athanEnabled = true;
   }
 
-  [[nodiscard]] static AppSettings& settings() { return AppSettings::shared(); }
+  [[nodiscard]] AppSettings& settings() { return desktop.settings(); }
 
   /// What the store holds under the key, as text.
   [[nodiscard]] std::string stored(const char* key) const {

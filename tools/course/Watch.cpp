@@ -54,7 +54,7 @@ std::optional<Claim> claimOf(const std::string& title, double now) {
 class Watcher {
  public:
   explicit Watcher(const Life& life) : life_(life), machine_(life.machineZone) {
-    auto& settings = AppSettings::shared();
+    auto& settings = desktop_.settings();
     settings.locationMode = LocationMode::manual;
     settings.manualLatitude = life.home.latitude;
     settings.manualLongitude = life.home.longitude;
@@ -67,11 +67,10 @@ class Watcher {
     true_ = truePrayers({life.home.latitude, life.home.longitude},
                         PrayerTimesCalculator::parameters(settings), life.from - 3600, life.until);
     called_.resize(true_.size());
-    controller_.emplace(nullptr);
-    hearing_ =
-        PrayerNotificationManager::shared().activeAthanTitle.subscribe([this](const auto& title) {
-          if (title) heard_ = title->substr(0, title->find(' '));
-        });
+    controller_.emplace(desktop_.barContext(), nullptr);
+    hearing_ = desktop_.notificationManager().activeAthanTitle.subscribe([this](const auto& title) {
+      if (title) heard_ = title->substr(0, title->find(' '));
+    });
     heard_.reset();
   }
 
@@ -293,7 +292,7 @@ class Watcher {
   SystemTimeZone machine_;
   FakePlatform desktop_{Date{life_.from}};
   std::optional<TimeZone> zone_;
-  PrayerCourse course_;
+  PrayerCourse course_{desktop_.settings()};
   DateFormatter clock_{"hh:mm a",
                        Calendar(CalendarIdentifier::gregorian, *TimeZone::named(life_.home.zone))};
   DateFormatter stamp_{"yyyy-MM-dd HH:mm",

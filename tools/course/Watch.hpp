@@ -40,7 +40,7 @@ struct Tally {
   char firstFault[160] = "";
 };
 
-/// Runs the program's loop over that life and counts. Owns the process's shared objects meanwhile.
+/// Runs the program's loop over that life and counts.
 [[nodiscard]] Tally watch(const Life& life);
 
 }  // namespace Course

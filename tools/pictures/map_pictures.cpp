@@ -12,8 +12,8 @@
 #include "desktop/process/Resources.hpp"
 #include "screens/map/MapPickerView.hpp"
 #include "screens/map/MapView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 
 namespace Hilalor {
 
@@ -27,7 +27,7 @@ namespace {
 class Scene {
  public:
   Scene(ColorScheme scheme, std::optional<LocationCoordinate> start)
-      : picker(start, [](auto&&...) {}) {
+      : picker(mapContext(desktop()), start, [](auto&&...) {}) {
     picker.setPalette(windowPalette(scheme));
     picker.setAutoFillBackground(true);
     picker.show();

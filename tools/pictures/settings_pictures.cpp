@@ -9,8 +9,8 @@
 
 #include "rules/prayer/PrayerNotificationManager.hpp"
 #include "screens/settings/SettingsView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Containers.hpp"
 
@@ -29,8 +29,8 @@ struct Picture {
   std::function<void(FakePlatform&)> prepare;
 };
 
-void everythingOn(FakePlatform&) {
-  auto& settings = AppSettings::shared();
+void everythingOn(FakePlatform& desktop) {
+  auto& settings = desktop.settings();
   settings.prayerNotificationsEnabled = true;
   settings.beepSoundEnabled = true;
   settings.beepLoopEnabled = true;
@@ -39,25 +39,25 @@ void everythingOn(FakePlatform&) {
   settings.showSunnahTimes = true;
 }
 
-void nothingShown(FakePlatform&) {
-  AppSettings::shared().showCalendar = false;
-  AppSettings::shared().showPrayerTimes = false;
+void nothingShown(FakePlatform& desktop) {
+  desktop.settings().showCalendar = false;
+  desktop.settings().showPrayerTimes = false;
 }
 
 void notificationsDenied(FakePlatform& desktop) {
-  AppSettings::shared().prayerNotificationsEnabled = true;
+  desktop.settings().prayerNotificationsEnabled = true;
   desktop.notifications.status = NotificationAuthorization::denied;
 }
 
 void playing(FakePlatform& desktop) {
   everythingOn(desktop);
-  PrayerNotificationManager::shared().playingVoice.assign(AthanVoice::tolsar);
-  PrayerNotificationManager::shared().playingDua.assign(true);
+  desktop.notificationManager().playingVoice.assign(AthanVoice::tolsar);
+  desktop.notificationManager().playingDua.assign(true);
 }
 
 std::function<void(FakePlatform&)> location(AuthorizationStatus status, bool hasFix) {
-  return [status, hasFix](FakePlatform&) {
-    auto& manager = LocationManager::shared();
+  return [status, hasFix](FakePlatform& desktop) {
+    auto& manager = desktop.locationManager();
     manager.authStatus.assign(status);
     if (!hasFix) return;
     manager.coordinate.assign(LocationCoordinate{21.54, 39.17});
@@ -66,9 +66,9 @@ std::function<void(FakePlatform&)> location(AuthorizationStatus status, bool has
 }
 
 std::function<void(FakePlatform&)> manualPlace(const char* name) {
-  return [name](FakePlatform&) {
-    AppSettings::shared().locationMode = LocationMode::manual;
-    AppSettings::shared().manualLocationName = name;
+  return [name](FakePlatform& desktop) {
+    desktop.settings().locationMode = LocationMode::manual;
+    desktop.settings().manualLocationName = name;
   };
 }
 
@@ -83,7 +83,7 @@ void settle(FakePlatform& desktop) {
 void take(const Picture& picture, const QPixmap& icon, const QDir& folder) {
   FakePlatform desktop({1771754400});
   picture.prepare(desktop);
-  SettingsView view(&desktop.updater, icon);
+  SettingsView view(settingsContext(desktop), &desktop.updater, icon);
   view.setPalette(windowPalette(picture.scheme));
   view.resize(kWindow);
   view.show();

@@ -12,14 +12,14 @@ namespace {
 
 constexpr const char* kFlag = "didRequestLocationPermission";
 
-void launch() {
-  AppDelegate delegate;
+void launch(FakePlatform& desktop) {
+  AppDelegate delegate(desktop.barContext());
   delegate.applicationDidFinishLaunching();
 }
 
 TEST(AppDelegate, StartsTheUpdaterBeforeTheItemAppears) {
   FakePlatform desktop;
-  AppDelegate delegate;
+  AppDelegate delegate(desktop.barContext());
   EXPECT_EQ(desktop.updater.starts, 1);
   EXPECT_TRUE(desktop.statusBar.titles.empty());
   delegate.applicationDidFinishLaunching();
@@ -28,7 +28,7 @@ TEST(AppDelegate, StartsTheUpdaterBeforeTheItemAppears) {
 
 TEST(AppDelegate, ASecondLaunchLeavesOneWorkingController) {
   FakePlatform desktop;
-  AppDelegate delegate;
+  AppDelegate delegate(desktop.barContext());
   delegate.applicationDidFinishLaunching();
   delegate.applicationDidFinishLaunching();
   desktop.application.reopen();
@@ -38,7 +38,7 @@ TEST(AppDelegate, ASecondLaunchLeavesOneWorkingController) {
 TEST(AppDelegate, RunsWithoutAnUpdater) {
   FakePlatform desktop;
   desktop.platform.updater = nullptr;
-  launch();
+  launch(desktop);
   EXPECT_FALSE(desktop.statusBar.titles.empty());
 }
 
@@ -49,9 +49,9 @@ TEST(AppDelegate, FirstRunAsksOnceForTheLocation) {
     EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
     EXPECT_FALSE(desktop.statusBar.titles.empty()) << "the item is there before the request";
   };
-  launch();
+  launch(desktop);
   EXPECT_EQ(desktop.location.authorizationRequests, 1);
-  launch();
+  launch(desktop);
   EXPECT_EQ(desktop.location.authorizationRequests, 1);
 }
 
@@ -60,7 +60,7 @@ TEST(AppDelegate, FirstRunLeavesAStoredModeAlone) {
     SCOPED_TRACE(mode);
     FakePlatform desktop;
     desktop.defaults.setValue("locationMode", mode);
-    launch();
+    launch(desktop);
     EXPECT_EQ(desktop.defaults.string("locationMode"), mode);
     EXPECT_EQ(desktop.defaults.boolean(kFlag), true);
     EXPECT_EQ(desktop.location.authorizationRequests, 1);
@@ -70,21 +70,21 @@ TEST(AppDelegate, FirstRunLeavesAStoredModeAlone) {
 TEST(AppDelegate, FirstRunReplacesAModeThatIsNotText) {
   FakePlatform desktop;
   desktop.defaults.setValue("locationMode", std::int64_t{7});
-  launch();
+  launch(desktop);
   EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
 }
 
 TEST(AppDelegate, FirstRunWaitsForAStoreThatCannotBeReadYet) {
   FakePlatform desktop;
   desktop.defaults.hasRead = false;
-  AppDelegate delegate;
+  AppDelegate delegate(desktop.barContext());
   delegate.applicationDidFinishLaunching();
   EXPECT_TRUE(desktop.defaults.writes.empty());
   EXPECT_EQ(desktop.location.authorizationRequests, 0);
   desktop.defaults.setValue("locationMode", std::string("manual"));
   desktop.defaults.hasRead = true;
   desktop.defaults.cameIn.emit();
-  EXPECT_EQ(AppSettings::shared().locationMode, LocationMode::manual);
+  EXPECT_EQ(desktop.settings().locationMode, LocationMode::manual);
   EXPECT_EQ(desktop.defaults.string("locationMode"), "manual");
   EXPECT_EQ(desktop.location.authorizationRequests, 1);
 }
@@ -93,7 +93,7 @@ TEST(AppDelegate, LaterRunsWriteAndAskNothing) {
   FakePlatform desktop;
   desktop.defaults.setValue(kFlag, true);
   desktop.defaults.writes.clear();
-  launch();
+  launch(desktop);
   EXPECT_TRUE(desktop.defaults.writes.empty());
   EXPECT_EQ(desktop.location.authorizationRequests, 0);
 }

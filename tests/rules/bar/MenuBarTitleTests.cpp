@@ -15,14 +15,14 @@ constexpr Date kMidnight{1775422800};
 
 class MenuBarTitleTest : public ::testing::Test {
  protected:
-  [[nodiscard]] AppSettings& settings() { return AppSettings::shared(); }
+  [[nodiscard]] AppSettings& settings() { return desktop_.settings(); }
 
  private:
   SystemTimeZone zone_{"Asia/Riyadh"};
   FakePlatform desktop_;
 
  protected:
-  PrayerCourse course_;
+  PrayerCourse course_{desktop_.settings()};
 };
 
 TEST_F(MenuBarTitleTest, SunnahRowsDoNotCount) {

@@ -25,7 +25,7 @@ class StatusBarControllerTest : public ::testing::Test {
   [[nodiscard]] VirtualLoop& loop() { return desktop_.loop; }
 
   void start() {
-    controller_ = std::make_unique<StatusBarController>(nullptr);
+    controller_ = std::make_unique<StatusBarController>(desktop().barContext(), nullptr);
     loop().runPosted();
     bar().titles.clear();
   }
@@ -37,7 +37,7 @@ class StatusBarControllerTest : public ::testing::Test {
 };
 
 TEST_F(StatusBarControllerTest, ShowsTheTitleAtOnceAndAgainOnTheNextPass) {
-  const StatusBarController controller(nullptr);
+  const StatusBarController controller(desktop().barContext(), nullptr);
   EXPECT_THAT(bar().titles, ElementsAre("6 Apr"));
   loop().runPosted();
   EXPECT_THAT(bar().titles, ElementsAre("6 Apr", "6 Apr", "6 Apr"));
@@ -53,7 +53,7 @@ TEST_F(StatusBarControllerTest, CrossesMidnightAtTheNextTick) {
 
 TEST_F(StatusBarControllerTest, FollowsTheStyleAndTheCalendarOnTheNextPass) {
   start();
-  auto& settings = AppSettings::shared();
+  auto& settings = desktop().settings();
   settings.menuBarStyle = MenuBarStyle::emoji;
   EXPECT_TRUE(bar().titles.empty());
   loop().runPosted();
@@ -79,12 +79,12 @@ TEST_F(StatusBarControllerTest, FollowsTheMachinesTimeZone) {
 
 TEST_F(StatusBarControllerTest, AnAnnouncementTakesTheTitleOverAndGivesItBack) {
   start();
-  auto& active = PrayerNotificationManager::shared().activeAthanTitle;
+  auto& active = desktop().notificationManager().activeAthanTitle;
   active.assign("Maghrib Athan");
   EXPECT_TRUE(bar().titles.empty());
   loop().runPosted();
   EXPECT_EQ(bar().title(), "\U0001F54C Maghrib Athan");
-  AppSettings::shared().menuBarStyle = MenuBarStyle::emoji;
+  desktop().settings().menuBarStyle = MenuBarStyle::emoji;
   loop().runPosted();
   EXPECT_EQ(bar().title(), "\U0001F54C Maghrib Athan");
   active.assign("");
@@ -97,7 +97,7 @@ TEST_F(StatusBarControllerTest, AnAnnouncementTakesTheTitleOverAndGivesItBack) {
 
 TEST_F(StatusBarControllerTest, TicksAtOnceWhenTheMachineWakes) {
   start();
-  auto& settings = AppSettings::shared();
+  auto& settings = desktop().settings();
   settings.prayerNotificationsEnabled = true;
   const auto place = settings.effectiveLocation();
   const auto schedule = PrayerTimesCalculator::calculate(
@@ -121,10 +121,10 @@ TEST_F(StatusBarControllerTest, TicksAtOnceWhenTheMachineWakes) {
 
 TEST_F(StatusBarControllerTest, LooksForTheMachinesPlaceAgainAtAnOpeningAndAWaking) {
   start();
-  AppSettings::shared().locationMode = LocationMode::manual;
+  desktop().settings().locationMode = LocationMode::manual;
   desktop().application.reopen();
   EXPECT_EQ(desktop().location.asksAgain, 0) << "the place is chosen by hand";
-  AppSettings::shared().locationMode = LocationMode::automatic;
+  desktop().settings().locationMode = LocationMode::automatic;
   desktop().location.report(AuthorizationStatus::authorizedAlways);
   for (const bool opens : {true, false}) {
     SCOPED_TRACE(opens ? "opening" : "waking");
@@ -139,7 +139,7 @@ TEST_F(StatusBarControllerTest, LooksForTheMachinesPlaceAgainAtAnOpeningAndAWaki
 
 TEST_F(StatusBarControllerTest, RunsOnWithoutAButton) {
   bar().hasButton = false;
-  const StatusBarController controller(nullptr);
+  const StatusBarController controller(desktop().barContext(), nullptr);
   loop().advance(Seconds(90));
   EXPECT_TRUE(bar().titles.empty());
 }
@@ -156,12 +156,12 @@ TEST_F(StatusBarControllerTest, QuitsByItsMenus) {
 }
 
 TEST_F(StatusBarControllerTest, NothingIsDeliveredToOneThatIsGone) {
-  auto controller = std::make_unique<StatusBarController>(nullptr);
+  auto controller = std::make_unique<StatusBarController>(desktop().barContext(), nullptr);
   controller.reset();
   EXPECT_FALSE(desktop().application.reopen);
   EXPECT_FALSE(desktop().application.resume);
   bar().titles.clear();
-  AppSettings::shared().menuBarStyle = MenuBarStyle::emoji;
+  desktop().settings().menuBarStyle = MenuBarStyle::emoji;
   loop().advance(Seconds(90));
   EXPECT_TRUE(bar().titles.empty());
 }

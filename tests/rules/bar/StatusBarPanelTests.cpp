@@ -32,7 +32,7 @@ class StatusBarPanelTest : public testing::Test {
   }
 
   FakePlatform desktop;
-  StatusBarController controller{nullptr};
+  StatusBarController controller{desktop.barContext(), nullptr};
 };
 
 TEST_F(StatusBarPanelTest, ALeftClickOpensThePanelUnderTheItemAndTheNextClosesIt) {
@@ -215,13 +215,13 @@ TEST_F(StatusBarPanelTest, FollowsTheSizeOfItsScreenWithItsTopEdgeAtTheBar) {
 }
 
 TEST_F(StatusBarPanelTest, IsBuiltAgainWhenTheShownSectionsChange) {
-  AppSettings::shared().showPrayerTimes = false;
+  desktop.settings().showPrayerTimes = false;
   loop().advance(Seconds(1));
   EXPECT_EQ(desktop.surfaces.panelsMade, 0);
 
   click();
   desktop.surfaces.panelSize = {260, 300};
-  AppSettings::shared().showPrayerTimes = true;
+  desktop.settings().showPrayerTimes = true;
   EXPECT_TRUE(panel());
   loop().runPosted();
   EXPECT_FALSE(panel());
@@ -232,7 +232,7 @@ TEST_F(StatusBarPanelTest, IsBuiltAgainWhenTheShownSectionsChange) {
 
 TEST_F(StatusBarPanelTest, AClickDuringTheRebuildStandsInForIt) {
   click();
-  AppSettings::shared().showCalendar = false;
+  desktop.settings().showCalendar = false;
   loop().runPosted();
   click();
   click();
@@ -241,15 +241,15 @@ TEST_F(StatusBarPanelTest, AClickDuringTheRebuildStandsInForIt) {
 }
 
 TEST_F(StatusBarPanelTest, PanelAndSettingsFollowTheTheme) {
-  AppSettings::shared().theme = AppTheme::light;
+  desktop.settings().theme = AppTheme::light;
   click();
   EXPECT_EQ(panel()->appearance, Appearance::light);
   controller.openSettings();
-  AppSettings::shared().theme = AppTheme::dark;
+  desktop.settings().theme = AppTheme::dark;
   loop().runPosted();
   EXPECT_EQ(panel()->appearance, Appearance::dark);
   EXPECT_EQ(desktop.surfaces.settings->appearance, Appearance::dark);
-  AppSettings::shared().theme = AppTheme::system;
+  desktop.settings().theme = AppTheme::system;
   loop().runPosted();
   EXPECT_EQ(panel()->appearance, Appearance::system);
   EXPECT_EQ(desktop.surfaces.settings->appearance, Appearance::system);

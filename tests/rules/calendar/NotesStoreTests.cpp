@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "tests/datetime/Instants.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 
@@ -105,15 +104,6 @@ TEST_F(NotesStoreTest, TakesOverWhatComesInAndTellsBefore) {
   EXPECT_EQ(notes.note(day), "note");
   defaults.cameIn.emit();
   EXPECT_EQ(told, 1);
-}
-
-TEST_F(NotesStoreTest, IsSharedOverTheInstalledPlatform) {
-  FakePlatform desktop;
-  NotesStore::shared().setNote("note", day);
-  EXPECT_EQ(&NotesStore::shared(), &NotesStore::shared());
-  EXPECT_TRUE(desktop.defaults.dictionary("dayNotes"));
-  NotesStore::resetShared();
-  EXPECT_EQ(NotesStore::shared().note(day), "note");
 }
 
 }  // namespace

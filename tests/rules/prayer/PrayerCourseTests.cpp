@@ -135,7 +135,7 @@ void PrintTo(const HardDay& day, std::ostream* out) {
 class HardDayTest : public testing::TestWithParam<HardDay> {
  protected:
   HardDayTest() {
-    auto& settings = AppSettings::shared();
+    auto& settings = desktop.settings();
     settings.prayerNotificationsEnabled = true;
     settings.locationMode = LocationMode::manual;
     settings.calculationMethod = GetParam().method;
@@ -156,12 +156,12 @@ class HardDayTest : public testing::TestWithParam<HardDay> {
 
   SystemTimeZone machine{GetParam().machineZone};
   FakePlatform desktop;
-  PrayerCourse course;
+  PrayerCourse course{desktop.settings()};
   Calendar local{CalendarIdentifier::gregorian, *TimeZone::named(GetParam().zone)};
 };
 
 TEST_P(HardDayTest, TitleListAndAnnouncementsAgree) {
-  auto& manager = PrayerNotificationManager::shared();
+  auto& manager = desktop.notificationManager();
   std::vector<std::string> heard;
   std::vector<Date> minutes;
   const auto hearing = manager.activeAthanTitle.subscribe([&](const auto& title) {

@@ -35,7 +35,7 @@ class PrayerListTest : public testing::Test {
  protected:
   SystemTimeZone zone{"Asia/Riyadh"};
   FakePlatform desktop;
-  PrayerCourse course;
+  PrayerCourse course{desktop.settings()};
 };
 
 TEST_F(PrayerListTest, HighlightsTheNextPrayerAndDimsThePastOnes) {
@@ -53,9 +53,9 @@ TEST_F(PrayerListTest, HighlightsTheNextPrayerAndDimsThePastOnes) {
 
 TEST_F(PrayerListTest, APrayerAtThisVerySecondIsPast) {
   const Date noon = riyadh(16, 12, 0);
-  const auto place = AppSettings::shared().effectiveLocation();
+  const auto place = desktop.settings().effectiveLocation();
   const auto prayers = PrayerTimesCalculator::calculate(noon, place.latitude, place.longitude,
-                                                        place.timeZone, false);
+                                                        place.timeZone, false, desktop.settings());
   const PrayerList list = prayerList(course, noon, prayers[2].time);
   EXPECT_THAT(named(list, &PrayerRow::isPast), ElementsAre("Fajr", "Sunrise", "Dhuhr"));
   EXPECT_THAT(named(list, &PrayerRow::isActive), ElementsAre("Asr"));
@@ -72,7 +72,7 @@ TEST_F(PrayerListTest, HighlightsOnTodaysPageOnly) {
 }
 
 TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
-  auto& settings = AppSettings::shared();
+  auto& settings = desktop.settings();
   settings.locationMode = LocationMode::manual;
   settings.manualLatitude = -6.2;
   settings.manualLongitude = 106.8;
@@ -89,7 +89,7 @@ TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
 }
 
 TEST_F(PrayerListTest, SunnahTimesComeLastAndAreNeverNext) {
-  AppSettings::shared().showSunnahTimes = true;
+  desktop.settings().showSunnahTimes = true;
   const Date now = riyadh(16, 22, 0);
   const PrayerList list = prayerList(course, now, now);
   EXPECT_THAT(named(list, &PrayerRow::isSunnah), ElementsAre("Middle of Night", "Last Third"));
@@ -98,7 +98,7 @@ TEST_F(PrayerListTest, SunnahTimesComeLastAndAreNeverNext) {
 }
 
 TEST_F(PrayerListTest, HasNoRowsWhereTheSunGivesNone) {
-  auto& settings = AppSettings::shared();
+  auto& settings = desktop.settings();
   settings.locationMode = LocationMode::manual;
   settings.manualLatitude = 80;
   settings.manualLongitude = 20;
@@ -110,8 +110,8 @@ TEST_F(PrayerListTest, HasNoRowsWhereTheSunGivesNone) {
 TEST_F(PrayerListTest, NoTwoRowsEverShareAnIdentifier) {
   std::set<std::string> ids;
   for (int time = 0; time < 100; ++time) {
-    for (const auto& row : PrayerTimesCalculator::calculate(riyadh(16, 12, 0), 24.6877, 46.7219,
-                                                            TimeZone::current(), true))
+    for (const auto& row : PrayerTimesCalculator::calculate(
+             riyadh(16, 12, 0), 24.6877, 46.7219, TimeZone::current(), true, desktop.settings()))
       ids.insert(row.id.string());
   }
   EXPECT_EQ(ids.size(), 800U);

@@ -100,7 +100,7 @@ class PrayerNotificationManagerTest : public testing::Test {
   VirtualLoop& loop = desktop.loop;
   FakeNotificationCenter& notifications = desktop.notifications;
   FakeSoundService& sounds = desktop.sounds;
-  AppSettings& settings = AppSettings::shared();
+  AppSettings& settings = desktop.settings();
   std::unique_ptr<PrayerNotificationManager> manager = makeManager();
 };
 

@@ -19,7 +19,7 @@ using ::testing::IsEmpty;
 
 class AppSettingsTest : public ::testing::Test {
  protected:
-  [[nodiscard]] AppSettings& settings() { return AppSettings::shared(); }
+  [[nodiscard]] AppSettings& settings() { return desktop().settings(); }
   [[nodiscard]] InMemoryDefaultsStore& store() { return desktop_.defaults; }
   [[nodiscard]] FakePlatform& desktop() { return desktop_; }
 
@@ -98,7 +98,7 @@ TEST_F(AppSettingsTest, ReadsWholeNumbersOfAnyNumericType) {
                {OpaqueValue{}, 10}};
   for (const auto& [stored, expected] : cases) {
     SCOPED_TRACE(stored.index());
-    AppSettings::resetShared();
+    desktop().restart();
     store().setValue("beepLoopSeconds", stored);
     EXPECT_EQ(settings().beepLoopSeconds, expected);
   }
@@ -106,25 +106,25 @@ TEST_F(AppSettingsTest, ReadsWholeNumbersOfAnyNumericType) {
 
 // Every enumeration's every case goes to the store and comes back by its own string.
 template <typename Enumeration>
-void expectRoundTrip(InMemoryDefaultsStore& store, const char* key,
+void expectRoundTrip(FakePlatform& desktop, const char* key,
                      Setting<Enumeration> AppSettings::*field) {
   SCOPED_TRACE(key);
   for (const auto value : allCases<Enumeration>()) {
-    AppSettings::shared().*field = value;
-    EXPECT_EQ(store.string(key), std::string(rawValue(value)));
-    AppSettings::resetShared();
-    EXPECT_EQ((AppSettings::shared().*field).value(), value);
+    desktop.settings().*field = value;
+    EXPECT_EQ(desktop.defaults.string(key), std::string(rawValue(value)));
+    desktop.restart();
+    EXPECT_EQ((desktop.settings().*field).value(), value);
   }
 }
 
 TEST_F(AppSettingsTest, KeepsEveryCaseOfEveryEnumeration) {
-  expectRoundTrip(store(), "menuBarStyle", &AppSettings::menuBarStyle);
-  expectRoundTrip(store(), "primaryCalendar", &AppSettings::primaryCalendar);
-  expectRoundTrip(store(), "locationMode", &AppSettings::locationMode);
-  expectRoundTrip(store(), "calculationMethod", &AppSettings::calculationMethod);
-  expectRoundTrip(store(), "asrCalculation", &AppSettings::asrCalculation);
-  expectRoundTrip(store(), "athanVoice", &AppSettings::athanVoice);
-  expectRoundTrip(store(), "appTheme", &AppSettings::theme);
+  expectRoundTrip(desktop(), "menuBarStyle", &AppSettings::menuBarStyle);
+  expectRoundTrip(desktop(), "primaryCalendar", &AppSettings::primaryCalendar);
+  expectRoundTrip(desktop(), "locationMode", &AppSettings::locationMode);
+  expectRoundTrip(desktop(), "calculationMethod", &AppSettings::calculationMethod);
+  expectRoundTrip(desktop(), "asrCalculation", &AppSettings::asrCalculation);
+  expectRoundTrip(desktop(), "athanVoice", &AppSettings::athanVoice);
+  expectRoundTrip(desktop(), "appTheme", &AppSettings::theme);
 }
 
 TEST_F(AppSettingsTest, AnnouncesThenPublishesThenStoresThenWrites) {
@@ -191,7 +191,7 @@ TEST_F(AppSettingsTest, ManualPlaceIsTheUsersOrTheFallback) {
 
 TEST_F(AppSettingsTest, AutomaticPlaceIsTheFixOrTheFallback) {
   EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
-  auto& located = LocationManager::shared();
+  auto& located = desktop().locationManager();
   located.detectedTimeZone.assign(*TimeZone::named("Asia/Jakarta"));
   EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
   located.coordinate.assign(LocationCoordinate{-6.2, 106.8});
@@ -213,9 +213,10 @@ TEST_F(AppSettingsTest, ListsTheBeepsOfEveryFolderByName) {
   std::ofstream(own / "Glass.aiff") << "sound";
   std::ofstream(own / "Adam.aiff") << "sound";
   desktop().platform.soundFolders = {own, "/nowhere/at/all", folder};
-  EXPECT_THAT(AppSettings::systemSoundNames(), ElementsAre("Adam", "Basso", "Glass", "Two.x"));
+  EXPECT_THAT(settings().systemSoundNames(), ElementsAre("Adam", "Basso", "Glass", "Two.x"));
+  desktop().restart();
   desktop().platform.soundFolders = {"/nowhere/at/all"};
-  EXPECT_THAT(AppSettings::systemSoundNames(), IsEmpty());
+  EXPECT_THAT(settings().systemSoundNames(), IsEmpty());
   std::filesystem::remove_all(folder);
   std::filesystem::remove_all(own);
 }

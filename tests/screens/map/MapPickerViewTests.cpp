@@ -9,8 +9,8 @@
 #include <memory>
 
 #include "screens/map/MapView.hpp"
-#include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Containers.hpp"
 
@@ -33,7 +33,7 @@ class MapPickerViewTest : public testing::Test {
  protected:
   void open(std::optional<LocationCoordinate> start = std::nullopt) {
     picker = std::make_unique<MapPickerView>(
-        start,
+        mapContext(desktop), start,
         [this](LocationCoordinate coordinate, const std::string& name, const TimeZone& there) {
           confirmed.push_back({coordinate, name, there.identifier()});
         });

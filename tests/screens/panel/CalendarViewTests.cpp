@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 class CalendarViewTest : public ScreenTest {
  protected:
   [[nodiscard]] QStringList header() const { return texts().mid(0, 3); }
-  [[nodiscard]] AppSettings& settings() const { return AppSettings::shared(); }
+  [[nodiscard]] AppSettings& settings() { return desktop.settings(); }
 
   /// The days that are drawn as selected.
   [[nodiscard]] std::vector<int> selected() const {
@@ -205,7 +205,7 @@ TEST_F(CalendarViewTest, ReportsItsSizeWhenItChanges) {
 
 TEST_F(CalendarViewTest, OffersToStopWhatPlays) {
   show();
-  auto& alerts = PrayerNotificationManager::shared();
+  auto& alerts = desktop.notificationManager();
   EXPECT_FALSE(button("Stop Athan"));
   alerts.playingVoice.assign(AthanVoice::vemran);
   alerts.playingDua.assign(true);

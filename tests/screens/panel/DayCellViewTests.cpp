@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "tests/fakes/InMemoryDefaultsStore.hpp"
+#include "tests/fakes/FakePlatform.hpp"
 #include "ui/Colors.hpp"
 
 namespace Hilalor::Screens {
@@ -61,9 +61,10 @@ class DayCellViewTest : public testing::Test {
     return found;
   }
 
-  InMemoryDefaultsStore defaults;
-  NotesStore notes{defaults};
-  DayCellView view{notes, {.onSelect = {}, .onSelectUndone = {}, .onHolidayHover = {}}};
+  FakePlatform desktop;
+  DayCellView view{desktop.notes(),
+                   desktop.settings(),
+                   {.onSelect = {}, .onSelectUndone = {}, .onHolidayHover = {}}};
   ShownDay ordinary{.cell = {.day = 17,
                              .date = {},
                              .secondaryDay = "",

@@ -26,8 +26,8 @@ class NoteEditorViewTest : public ScreenTest {
     settle();
   }
 
-  [[nodiscard]] std::string stored(int day) const {
-    return NotesStore::shared().note(cell(day).day()->cell.date);
+  [[nodiscard]] std::string stored(int day) {
+    return desktop.notes().note(cell(day).day()->cell.date);
   }
 
   NoteEditorView* editor = nullptr;
@@ -42,7 +42,7 @@ TEST_F(NoteEditorViewTest, IsFocusedAtOnceAndStoresEveryKeystroke) {
   press(Qt::Key_Backspace);
   EXPECT_EQ(stored(10), "H");
   press(Qt::Key_Backspace);
-  EXPECT_TRUE(NotesStore::shared().notes().empty());
+  EXPECT_TRUE(desktop.notes().notes().empty());
   EXPECT_FALSE(cell(10).day()->hasNote);
 }
 
@@ -50,19 +50,19 @@ TEST_F(NoteEditorViewTest, BlankTextIsNoNote) {
   open(10);
   type("  ");
   press(Qt::Key_Return);
-  EXPECT_TRUE(NotesStore::shared().notes().empty());
+  EXPECT_TRUE(desktop.notes().notes().empty());
 }
 
 TEST_F(NoteEditorViewTest, ShowsWhatIsStoredUnchangedAndStoresNothingUnasked) {
   const std::string note = "  two\n spaces ";
-  NotesStore::shared().setNote(note, cell(10).day()->cell.date);
+  desktop.notes().setNote(note, cell(10).day()->cell.date);
   open(10);
   EXPECT_EQ(part<TextEditor>(*editor)->text().toStdString(), note);
   press(Qt::Key_Escape);
   EXPECT_EQ(stored(10), note);
   open(11);
   press(Qt::Key_Escape);
-  EXPECT_EQ(NotesStore::shared().notes().size(), 1U);
+  EXPECT_EQ(desktop.notes().notes().size(), 1U);
 }
 
 TEST_F(NoteEditorViewTest, SaysSoWhileWhatIsTypedIsNotStored) {
@@ -93,7 +93,7 @@ TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
     QTest::keyClick(part<NoteEditorView>(*panel)->focusProxy()->focusProxy(), Qt::Key_Escape);
     settle();
   }
-  EXPECT_EQ(NotesStore::shared().notes(), (TextDictionary{{"2026-02-11", " kept "}}));
+  EXPECT_EQ(desktop.notes().notes(), (TextDictionary{{"2026-02-11", " kept "}}));
 }
 
 TEST_F(NoteEditorViewTest, ShowsANoteThatComesInWhileItIsOpen) {
@@ -108,12 +108,12 @@ TEST_F(NoteEditorViewTest, ShowsANoteThatComesInWhileItIsOpen) {
 }
 
 TEST_F(NoteEditorViewTest, StaysAtItsDayWhenTheMachinesZoneChanges) {
-  NotesStore::shared().setNote("the day before", cell(9).day()->cell.date);
+  desktop.notes().setNote("the day before", cell(9).day()->cell.date);
   open(10);
   type("1");
   zone.set("Africa/Cairo");
   type("2");
-  EXPECT_EQ(NotesStore::shared().notes(),
+  EXPECT_EQ(desktop.notes().notes(),
             (TextDictionary{{"2026-02-09", "the day before"}, {"2026-02-10", "12"}}));
   press(Qt::Key_Escape);
   open(10);
@@ -125,7 +125,7 @@ TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendar) {
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");
   press(Qt::Key_Escape);
-  AppSettings::shared().primaryCalendar = PrimaryCalendar::hijri;
+  desktop.settings().primaryCalendar = PrimaryCalendar::hijri;
   settle();
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "10 Ramadan 1447");

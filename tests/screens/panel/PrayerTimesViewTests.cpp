@@ -10,7 +10,7 @@ namespace {
 
 class PrayerTimesViewTest : public ScreenTest {
  protected:
-  PrayerTimesViewTest() { AppSettings::shared().showCalendar = false; }
+  PrayerTimesViewTest() { desktop.settings().showCalendar = false; }
 
   /// The names of the rows on the accent colour.
   [[nodiscard]] QStringList highlighted() const {
@@ -44,17 +44,17 @@ TEST_F(PrayerTimesViewTest, TheHighlightMovesOnWhileThePanelIsOpen) {
 
 TEST_F(PrayerTimesViewTest, FollowsSettingsAndPlace) {
   show();
-  AppSettings::shared().showSunnahTimes = true;
+  desktop.settings().showSunnahTimes = true;
   settle();
   EXPECT_EQ(texts().mid(3 + 2 * 6),
             (QStringList{"Middle of Night", "11:28 PM", "Last Third", "01:19 AM"}));
-  AppSettings::shared().manualLatitude = -6.2;
-  AppSettings::shared().manualLongitude = 106.8;
-  AppSettings::shared().manualLocationName = "Jakarta";
-  AppSettings::shared().locationMode = LocationMode::manual;
+  desktop.settings().manualLatitude = -6.2;
+  desktop.settings().manualLongitude = 106.8;
+  desktop.settings().manualLocationName = "Jakarta";
+  desktop.settings().locationMode = LocationMode::manual;
   settle();
   EXPECT_EQ(texts().at(2), "Jakarta");
-  AppSettings::shared().manualLatitude = 89;
+  desktop.settings().manualLatitude = 89;
   settle();
   EXPECT_EQ(texts().size(), 3) << "no rows in the polar night";
 }

@@ -55,7 +55,7 @@ class RandomUse : public ScreenTest {
   }
 
   void changeSetting() {
-    auto& settings = AppSettings::shared();
+    auto& settings = desktop.settings();
     switch (upTo(6)) {
       case 0:
         settings.primaryCalendar =
@@ -74,7 +74,7 @@ class RandomUse : public ScreenTest {
         settings.showPrayerTimes = upTo(4) != 0;
         break;
       default:
-        PrayerNotificationManager::shared().playingDua.assign(upTo(2) == 0);
+        desktop.notificationManager().playingDua.assign(upTo(2) == 0);
         break;
     }
   }
@@ -119,16 +119,16 @@ TEST_F(RandomUse, ManyEventsLeaveTheNotesAsTheyWereTyped) {
     settle();
   }
   for (const auto& [day, text] : expected)
-    EXPECT_EQ(NotesStore::shared().note({day}), text);
-  EXPECT_EQ(NotesStore::shared().notes().size(), expected.size());
-  EXPECT_EQ(desktop.defaults.dictionary("dayNotes"), NotesStore::shared().notes());
+    EXPECT_EQ(desktop.notes().note({day}), text);
+  EXPECT_EQ(desktop.notes().notes().size(), expected.size());
+  EXPECT_EQ(desktop.defaults.dictionary("dayNotes"), desktop.notes().notes());
 }
 
 TEST_F(RandomUse, ManyMonthsAreShownWhole) {
   show();
   for (int month = 0; month < times(1'000); ++month) {
     if (upTo(20) == 0) changeSetting();
-    AppSettings::shared().showPrayerTimes = true;
+    desktop.settings().showPrayerTimes = true;
     if (upTo(30) == 0) doubleClick(titleBlock());
     for (const char* name : {"Next month", "Next year"})
       if (Button* next = button(name)) click(*next);

@@ -14,7 +14,7 @@ using ::testing::IsEmpty;
 
 class LocationSettingsTest : public SettingsTest {
  protected:
-  [[nodiscard]] static LocationManager& manager() { return LocationManager::shared(); }
+  [[nodiscard]] LocationManager& manager() { return desktop.locationManager(); }
 
   /// The map, while it is shown.
   [[nodiscard]] MapPickerView* map() const { return part<MapPickerView>(*view); }

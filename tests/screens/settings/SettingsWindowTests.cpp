@@ -36,7 +36,8 @@ class SettingsWindowTest : public testing::Test {
   [[nodiscard]] static QColor ground() { return frame()->grab().toImage().pixelColor(4, 4); }
 
   FakePlatform desktop;
-  Program::ScreenSurfaces surfaces;
+  Program::SharedObjects objects{desktop.platform};
+  Program::ScreenSurfaces surfaces{desktop.platform, objects};
   std::unique_ptr<Window> window;
   int timesClosed = 0;
 };
