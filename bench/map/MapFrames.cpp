@@ -27,6 +27,7 @@ namespace {
 using namespace Hilalor;
 using namespace Hilalor::Desktop;
 using namespace Hilalor::Screens;
+using namespace Hilalor::Ui;
 
 double milliseconds() {
   return processorMicroseconds() / 1e3;
