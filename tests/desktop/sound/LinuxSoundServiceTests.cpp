@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <future>
 #include <memory>
@@ -122,6 +124,25 @@ TEST_F(LinuxSoundServiceTest, ReportsTheEndOfARecordingThatWasPlayedToIt) {
   EXPECT_EQ(ends.ended.size(), 1U);
   EXPECT_TRUE(ends.success);
   EXPECT_EQ(heard.size(), 1000U);
+}
+
+TEST_F(LinuxSoundServiceTest, PlaysToTheCardWhereThereIsNoServer) {
+  const auto card = folder.path() / "heard";
+  // All that the library knows: a card that writes what is played into a file.
+  writeFile(folder.path() / "asound.conf", "pcm.default { type file; format raw; file " +
+                                               card.string() + "; slave.pcm { type null } }");
+  setenv("ALSA_CONFIG_PATH", (folder.path() / "asound.conf").c_str(), 1);
+  setenv("PULSE_SERVER", "unix:/nonexistent", 1);
+  const LinuxSoundService service(loop, {shipped()});
+  const auto player = athan(service);
+  player->play();
+  EXPECT_TRUE(loop.runNext());
+  EXPECT_EQ(ends.ended.size(), 1U);
+  const auto heard = contentOf(card);
+  ASSERT_EQ(heard.size(), 1000 * sizeof(float));
+  float last = 0;
+  std::memcpy(&last, &heard[999 * sizeof(float)], sizeof(float));
+  EXPECT_NEAR(last, 0.999F, 0.001F);
 }
 
 TEST_F(LinuxSoundServiceTest, ReportsNoEndOfARecordingThatWasStoppedOrDropped) {
