@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QWidget>
 #include <algorithm>
 #include <cmath>
 
@@ -47,15 +46,6 @@ TEST(Colors, TextsCanBeReadInLightAndDark) {
     EXPECT_GE(contrast(colors.accent, colors.windowBackground), 3);
     EXPECT_GE(contrast(colors.white, colors.accent), 4.5);
   }
-}
-
-TEST(Colors, FollowTheWindowTheyAreIn) {
-  QWidget window;
-  QWidget part(&window);
-  window.setPalette(windowPalette(ColorScheme::dark));
-  EXPECT_EQ(Colors::of(part).windowBackground, QColor(30, 30, 30));
-  window.setPalette(windowPalette(ColorScheme::light));
-  EXPECT_EQ(Colors::of(part).windowBackground, QColor(246, 246, 246));
 }
 
 TEST(Icon, EveryIconFillsItsSquareWithoutLeavingIt) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 #include "tests/desktop/geodata/ShippedData.hpp"
 
@@ -80,21 +81,15 @@ TEST_F(MapDatabaseTest, KnowsShoresTheFinerTheLevel) {
   EXPECT_FALSE(isIn(MapLayer::land, {21.54, 39.0}, 2));
 }
 
-TEST_F(MapDatabaseTest, ReadsEveryTile) {
-  std::array<std::size_t, 5> shapes{};
-  for (std::size_t level = 0; level < map->tileDegrees().size(); ++level) {
-    const int degrees = map->tileDegrees()[level];
-    for (int row = 0; row < 180 / degrees; ++row) {
-      for (int column = 0; column < 360 / degrees; ++column) {
-        map->visitShapes({level, column, row}, [&](MapLayer layer, std::span<const MapPoint> line) {
-          ++shapes[static_cast<std::size_t>(layer)];
-          EXPECT_GE(line.size(), 2U);
-        });
-      }
-    }
-  }
-  for (const std::size_t count : shapes)
-    EXPECT_GT(count, 100U);
+TEST_F(MapDatabaseTest, HasShapesOfEveryLayer) {
+  std::set<MapLayer> found;
+  for (int column = 0; column < 36; ++column)
+    for (int row = 0; row < 18; ++row)
+      map->visitShapes({1, column, row}, [&](MapLayer layer, std::span<const MapPoint> line) {
+        found.insert(layer);
+        EXPECT_GE(line.size(), 2U);
+      });
+  EXPECT_EQ(found.size(), 5U);
 }
 
 TEST_F(MapDatabaseTest, HasNothingBeyondTheWorld) {

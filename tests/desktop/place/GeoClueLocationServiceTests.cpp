@@ -125,23 +125,6 @@ TEST_F(GeoClueLocationServiceTest, AsksOnceTakesOnePositionAndGivesTheClientBack
   EXPECT_EQ(delegate->statuses.size(), 2U) << "the status did not change again";
 }
 
-TEST_F(GeoClueLocationServiceTest, FindsOutEarlierPermissionAtStart) {
-  startDaemon(Agent::allows);
-  daemon->positions = {{kMakkah}};
-  startService(Contact::atStart);
-  EXPECT_EQ(delegate->statuses.back(), Status::authorizedAlways);
-  EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
-}
-
-TEST_F(GeoClueLocationServiceTest, RefusalIsDenied) {
-  startDaemon(Agent::refuses);
-  startService(Contact::whenAsked);
-  service->requestWhenInUseAuthorization();
-  settle();
-  EXPECT_THAT(delegate->statuses, ElementsAre(Status::notDetermined, Status::denied));
-  EXPECT_THAT(delegate->fixes, IsEmpty());
-}
-
 TEST_F(GeoClueLocationServiceTest, AsksAgainAfterARefusalUntilTheUserHasSaidItTwice) {
   startDaemon(Agent::refuses);
   startService(Contact::atStart);
@@ -223,7 +206,16 @@ TEST_F(GeoClueLocationServiceTest, APositionThatCannotBeIsNoPosition) {
   startDaemon(Agent::allows);
   daemon->positions = {{{kNone, 39.8}}, {{21.4, kNone}}, {{91, 39.8}}, {{21.4, -181}}};
   startService(Contact::atStart);
+  loop.advance(Seconds(59));
+  EXPECT_EQ(delegate->failures, 0);
+  loop.advance(Seconds(2));
+  EXPECT_EQ(delegate->failures, 1) << "within a minute none came";
+  settle();
+  EXPECT_EQ(daemon->calls.back(), "DeleteClient");
   EXPECT_THAT(delegate->fixes, IsEmpty());
+  daemon->positions = {};
+  service->requestLocation();
+  settle();
   daemon->tell({kMakkah});
   settle();
   EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
@@ -263,17 +255,6 @@ TEST_F(GeoClueLocationServiceTest, WaitsAMinuteForAPositionOfAFewKilometresThenT
     EXPECT_THAT(delegate->fixes, ElementsAre(taken));
     settle();
   }
-}
-
-TEST_F(GeoClueLocationServiceTest, GivesUpWhereNoPositionComesWithinAMinute) {
-  startDaemon(Agent::allows);
-  startService(Contact::atStart);
-  loop.advance(Seconds(59));
-  EXPECT_EQ(delegate->failures, 0);
-  loop.advance(Seconds(2));
-  EXPECT_EQ(delegate->failures, 1);
-  settle();
-  EXPECT_EQ(daemon->calls.back(), "DeleteClient");
 }
 
 TEST_F(GeoClueLocationServiceTest, LooksAgainWhenTheNetworkIsBackWhileNoPositionCame) {

@@ -145,25 +145,5 @@ TEST_F(SoundStreamTest, PlaysWhatIsLeftOfACutFile) {
   }
 }
 
-TEST_F(SoundStreamTest, OpensThreeHoursAtOnce) {
-  constexpr double kThreeHours = 3 * 3600;
-  writeSound(path("a.mp3"), kMp3, 1, ramp(32000), 32000);
-  const auto second = contentOf(path("a.mp3"));
-  std::ofstream mp3(path("a.mp3"), std::ios::binary | std::ios::app);
-  for (int i = 1; i < 3 * 3600; ++i)
-    mp3 << second;
-  mp3.close();
-  const auto recording = SoundStream::open(path("a.mp3"), Repeat::no);
-  ASSERT_NE(recording, nullptr);
-  std::vector<float> samples(1U << 20U);
-  EXPECT_EQ(recording->read(samples), samples.size());
-
-  writeSound(path("a.aiff"), kAiff, 1, std::vector<float>(3 * 3600 * kTestRate));
-  const auto beep = SoundStream::open(path("a.aiff"), Repeat::no);
-  ASSERT_NE(beep, nullptr);
-  EXPECT_EQ(beep->duration(), Seconds(kThreeHours));
-  EXPECT_EQ(beep->read(samples), samples.size());
-}
-
 }  // namespace
 }  // namespace Hilalor::Desktop

@@ -10,7 +10,7 @@
 #include "desktop/geodata/ZoneDatabase.hpp"
 
 int main(int argc, char** argv) {
-  using namespace Hilalor;
+  using namespace Hilalor::Desktop;
   if (argc != 3) return 2;
   const std::filesystem::path folder(argv[1]);
   const auto zones = ZoneDatabase::open(folder / "zones" / "zones.bin");
