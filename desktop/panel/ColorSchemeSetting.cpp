@@ -24,6 +24,8 @@ constexpr uint kPrefersLight = 2;
 
 ColorSchemeSetting::ColorSchemeSetting(SessionBus& sessionBus)
     : sessionBus_(sessionBus), ofBus_(sessionBus.changed.subscribe([this] { ask(); })) {
+  // Qt finds no slot with a parameter whose type it does not know by name.
+  qRegisterMetaType<QDBusVariant>();
   ask();
 }
 
