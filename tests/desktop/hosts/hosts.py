@@ -15,7 +15,7 @@ OTHER_WAYLAND = "foot -W 80x20 cat"
 
 @dataclasses.dataclass
 class Host:
-    shape: str  # Of the item: "text", "square" or "strip"; "none" where the panel comes by itself.
+    shape: str  # Of the item: "text", "square" or "strip".
     bar: Rect  # Where the item can come, without the bar's own clock.
     programs: tuple  # Started in this order; the last draws the bar and is restarted.
     environment: dict = dataclasses.field(default_factory=dict)
@@ -54,11 +54,16 @@ def told(session):
     return {key: lines[key] for key in ("WAYLAND_DISPLAY", "DISPLAY", "SWAYSOCK") if key in lines}
 
 
-def told_by_shell(session):
-    """GNOME Shell starts no child of ours, but logs where its X server is."""
+def logged(session, program, words):
+    """What the program's log says of its X server's display, after those words."""
     log = "".join(open(file, encoding="utf-8", errors="replace").read()
-                  for file in glob.glob(session.path("*gnome-shell.log")))
-    display = re.search(r"public X11 display (:\d+)", log)
+                  for file in glob.glob(session.path(f"*{program}.log")))
+    return re.search(words + r" display (:\d+)", log)
+
+
+def told_by_shell(session):
+    """GNOME Shell starts no child of ours."""
+    display = logged(session, "gnome-shell", "public X11")
     key = glob.glob(session.path("run", ".mutter-Xwaylandauth*"))
     ready = display and key and os.path.exists(session.path("run", "wayland-test"))
     return {"WAYLAND_DISPLAY": "wayland-test", "DISPLAY": display[1],
@@ -66,9 +71,7 @@ def told_by_shell(session):
 
 
 def told_by_weston(session):
-    log = "".join(open(file, encoding="utf-8", errors="replace").read()
-                  for file in glob.glob(session.path("*weston.log")))
-    display = re.search(r"listening on display (:\d+)", log)
+    display = logged(session, "weston", "listening on")
     return {"WAYLAND_DISPLAY": "wayland-test", "DISPLAY": display[1]} if display else None
 
 

@@ -299,12 +299,16 @@ class Visit:
         place = place_of_noon(self.build, the_minute_of_the_first_tick())
         self.item = self.start_item(prayerNotificationsEnabled=True, **place)
         frame, _ = self.open()
-        beside = self.stage._replace(width=frame.x - SHADOW)
-        with_panel = self.screen.picture(beside)
+        right = frame.x + frame.width + SHADOW
+        sides = [self.stage._replace(width=frame.x - SHADOW),
+                 self.stage._replace(x=right, width=self.stage.width - right)]
+        with_panel = self.picture()
 
         def banner():
-            new = self.screen.picture(beside).difference(with_panel) or NOTHING
-            return new.width > 20 and new.height > 30
+            picture = self.picture()
+            new = [picture.part(side).difference(with_panel.part(side)) or NOTHING
+                   for side in sides if side.width > 0]
+            return any(one.width > 10 and one.height > 30 for one in new)
 
         self.wait(banner, "the banner is there", 50)
         self.screen.settled_picture()
