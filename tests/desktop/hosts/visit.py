@@ -285,7 +285,9 @@ class Visit:
         beside = Rect(left, top, min(400, self.screen.rect.width - left), 200)
         before = self.closed_screen().part(beside)
         self.click_item(RIGHT_BUTTON)
-        self.wait(lambda: self.screen.picture(beside).new_ground(before), "the menu is there")
+        # Wider than the pointer, which some compositors draw into the picture.
+        self.wait(lambda: (self.screen.picture(beside).new_ground(before) or NOTHING).width > 40,
+                  "the menu is there")
         menu = self.screen.settled_picture(beside).new_ground(before)
         self.save("menu")
         self.screen.click((centre(menu)[0], menu.y + menu.height - 12))
