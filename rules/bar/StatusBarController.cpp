@@ -20,12 +20,6 @@ constexpr unsigned kTicksToNewRules = 120;
 constexpr Seconds kReopeningDelay{0.05};
 // Bars that draw the menu take about this long to close it.
 constexpr Seconds kMenuClosing{0.25};
-// How far the pointer may move between the press and the release of a click.
-constexpr double kClickReach = 8;
-// Bars report a click over D-Bus, a moment after the release.
-constexpr Seconds kClickReportDelay{0.3};
-// From a press whose release nobody tells to the report of its click.
-constexpr Seconds kWholeClick{0.6};
 
 constexpr const char* kAdviceKey = "didPutItemAdviceAway";
 
@@ -44,11 +38,9 @@ Appearance appearance(AppTheme theme) {
 }  // namespace
 
 StatusBarController::StatusBarController(const BarContext& context, Updater* updater)
-    : platform_(context.platform),
-      surfaces_(context.surfaces),
-      settings_(context.settings),
-      locationManager_(context.locationManager),
-      alerts_(context.notificationManager),
+    : context_(context),
+      platform_(context_.platform),
+      settings_(context_.settings),
       statusItem_(platform_.statusBar.makeItem()),
       updater_(updater) {
   if (auto* button = statusItem_->button()) {
@@ -60,7 +52,7 @@ StatusBarController::StatusBarController(const BarContext& context, Updater* upd
   platform_.application.setReopenHandler([this] { bringCalendar(); });
   platform_.application.setResumeHandler([this] {
     tick();
-    locationManager_.retryFix();
+    context_.locationManager.retryFix();
   });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();
@@ -89,7 +81,7 @@ void StatusBarController::subscribe() {
   subscriptions_.push_back(std::move(calendar));
   subscriptions_.push_back(settings_.theme.publisher().subscribe(
       onNextPass(platform_.loop, [this](AppTheme theme) { applyTheme(theme); })));
-  subscriptions_.push_back(alerts_.activeAthanTitle.subscribe(retitle));
+  subscriptions_.push_back(context_.notificationManager.activeAthanTitle.subscribe(retitle));
   auto [showCalendar, showPrayerTimes] = subscribeToLatest(
       settings_.showCalendar.publisher(), settings_.showPrayerTimes.publisher(), FirstPair::dropped,
       onNextPass(platform_.loop, [this](bool, bool) { reopenPanelIfVisible(); }));
@@ -100,32 +92,36 @@ void StatusBarController::subscribe() {
 void StatusBarController::tick() {
   if (++ticks_ % kTicksToNewRules == 0) TimeZone::rereadChangedRules();
   updateTitle();
-  alerts_.checkAndNotify();
+  context_.notificationManager.checkAndNotify();
 }
 
 void StatusBarController::updateTitle() {
   auto* button = statusItem_->button();
   if (button == nullptr) return;
-  const auto& announced = alerts_.activeAthanTitle.value();
+  const auto& announced = context_.notificationManager.activeAthanTitle.value();
   button->setTitle(announced ? athanTitle(*announced)
                              : menuBarTitle(course_, platform_.clock.now()));
 }
 
 void StatusBarController::handleClick(const StatusItemClick& click) {
-  pointerOnItem_ = isPointerOnItem(click) ? click.pointer : std::nullopt;
+  if (!panel_) eventMonitor_.reset();
+  const auto item = statusItem_->place();
+  pointerOnItem_ = pointerOnItem(click, item, platform_.screens.all());
   reopening_.reset();
-  const bool closedThePanel = isOfClosingPress(click);
-  closingPress_.reset();
-  if (click.button == StatusItemClick::Button::right) return close();
-  if (closedThePanel) return;
-  if (panel_ && panel_->isVisible()) return close();
-  // A click without the pointer came from the keyboard, which then belongs to the panel.
-  openCalendar(pointerOnItem_ ? KeyboardAtOpening::leftWhereItIs : KeyboardAtOpening::taken);
+  switch (clicks_.click(click, item, panel_ && panel_->isVisible(), platform_.clock.now())) {
+    case ItemClicks::Answer::nothing:
+      return;
+    case ItemClicks::Answer::close:
+      return close();
+    case ItemClicks::Answer::open:
+      // A click by keyboard gives the panel the keyboard.
+      openCalendar(pointerOnItem_ ? KeyboardAtOpening::leftWhereItIs : KeyboardAtOpening::taken);
+  }
 }
 
 void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   platform_.defaults.lookAgain();
-  panel_ = surfaces_.makeCalendarPanel(
+  panel_ = context_.surfaces.makeCalendarPanel(
       {
           .onSizeChange = [this](Size size) { resize(size); },
           .onOpenSettings = [this] { openSettings(); },
@@ -136,10 +132,11 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
   keepOnScreen();
   position(panel_->fittingSize());
   panel_->orderFront(keyboard);
-  eventMonitor_ = platform_.mouse.addGlobalMonitor(
-      {.onPress = [this](Point place) { closeForPress(place); },
-       .onRelease = [this] { forgetClosingPressAfter(kClickReportDelay); }});
-  if (settings_.locationMode == LocationMode::automatic) locationManager_.lookAgain();
+  eventMonitor_ =
+      platform_.mouse.addGlobalMonitor({.onPress = [this](Point place) { closeForPress(place); },
+                                        .onRelease = [this] { stopWatchingAfterRelease(); }});
+  unwatching_.reset();
+  if (settings_.locationMode == LocationMode::automatic) context_.locationManager.lookAgain();
 }
 
 std::optional<Advice> StatusBarController::advice() const {
@@ -167,25 +164,17 @@ void StatusBarController::bringCalendar() {
   panel_->orderFront(KeyboardAtOpening::taken);
 }
 
-std::optional<Rect> StatusBarController::itemPlace(const std::optional<Point>& pointer) const {
-  if (const auto place = statusItem_->place()) return place;
-  if (pointer) return Rect{*pointer, {}};
-  return std::nullopt;
-}
-
-bool StatusBarController::isPointerOnItem(const StatusItemClick& click) const {
-  // Bars on D-Bus do not tell clicks from the keyboard's; the pointer is anywhere then.
-  return click.pointer &&
-         (statusItem_->place() || mayBeOnBar(*click.pointer, platform_.screens.all()));
+std::optional<Rect> StatusBarController::itemPlace() const {
+  return itemOrPointer(statusItem_->place(), pointerOnItem_);
 }
 
 void StatusBarController::position(Size size) {
-  const auto origin = panelOrigin(size, itemPlace(pointerOnItem_), platform_.screens.all());
+  const auto origin = panelOrigin(size, itemPlace(), platform_.screens.all());
   panel_->setFrame({origin.value_or(Point{}), size});
 }
 
 double StatusBarController::keepOnScreen() {
-  const auto height = greatestPanelHeight(itemPlace(pointerOnItem_), platform_.screens.all());
+  const auto height = greatestPanelHeight(itemPlace(), platform_.screens.all());
   if (height) panel_->setGreatestHeight(*height);
   return height.value_or(std::numeric_limits<double>::infinity());
 }
@@ -204,38 +193,26 @@ void StatusBarController::reopenPanelIfVisible() {
 }
 
 void StatusBarController::closeForPress(Point place) {
-  if (!panel_) return;
-  // The item's own click closes the panel.
-  if (const auto item = statusItem_->place(); item && isWithin(0, *item, place)) return;
+  if (!panel_ || !clicks_.press(place, statusItem_->place())) return;
   // Another monitor might be too late for the release.
-  closingPress_ =
-      ClosingPress{.place = place, .monitor = std::move(eventMonitor_), .forgetting = nullptr};
-  close();
+  panel_.reset();
+}
+
+void StatusBarController::stopWatchingAfterRelease() {
+  if (!clicks_.release(platform_.clock.now())) return;
+  // Not while it tells of the release.
+  unwatching_ = platform_.loop.once(Seconds(0), [this] { eventMonitor_.reset(); });
 }
 
 void StatusBarController::closeForDismissal(Dismissal how) {
-  if (how == Dismissal::byDesktop) {
-    closingPress_ = ClosingPress{};
-    forgetClosingPressAfter(kWholeClick);
-  }
+  clicks_.dismissal(how, platform_.clock.now());
   close();
-}
-
-void StatusBarController::forgetClosingPressAfter(Seconds delay) {
-  if (!closingPress_) return;
-  closingPress_->forgetting = platform_.loop.once(delay, [this] { closingPress_.reset(); });
-}
-
-bool StatusBarController::isOfClosingPress(const StatusItemClick& click) const {
-  if (!closingPress_) return false;
-  if (!closingPress_->place) return true;
-  const auto item = itemPlace(click.pointer);
-  return item && isWithin(kClickReach, *item, *closingPress_->place);
 }
 
 void StatusBarController::openSettings() {
   if (!settingsWindow_) {
-    settingsWindow_ = surfaces_.makeSettingsWindow(updater_, [this] { settingsWindow_.reset(); });
+    settingsWindow_ =
+        context_.surfaces.makeSettingsWindow(updater_, [this] { settingsWindow_.reset(); });
     if (!settingsWindow_) return;
     settingsWindow_->setAppearance(appearance(settings_.theme));
   }

@@ -11,6 +11,7 @@
 #include "platform/StatusItem.hpp"
 #include "platform/Updater.hpp"
 #include "rules/bar/BarContext.hpp"
+#include "rules/bar/ItemClicks.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 
 namespace Hilalor {
@@ -30,14 +31,6 @@ class StatusBarController {
   void openSettings();
 
  private:
-  /// A press outside the panel that closed it. If it was on the item, the click that the bar
-  /// reports for it must not open the panel again.
-  struct ClosingPress {
-    std::optional<Point> place;             // Absent where the desktop does not tell.
-    std::unique_ptr<EventMonitor> monitor;  // The panel's, which waits for the release.
-    std::unique_ptr<Timer> forgetting;
-  };
-
   // The item and its text.
   void fillMenus(StatusButton& button);
   void subscribe();
@@ -51,30 +44,28 @@ class StatusBarController {
   void openCalendarFromMenu();
   void bringCalendar();
   void close();
-  [[nodiscard]] std::optional<Rect> itemPlace(const std::optional<Point>& pointer) const;
-  [[nodiscard]] bool isPointerOnItem(const StatusItemClick& click) const;
+  [[nodiscard]] std::optional<Rect> itemPlace() const;
   void position(Size size);
   void resize(Size size);
   /// The greatest height of the panel, which it is told.
   double keepOnScreen();
   void reopenPanelIfVisible();
   void closeForPress(Point place);
+  void stopWatchingAfterRelease();
   void closeForDismissal(Dismissal how);
-  void forgetClosingPressAfter(Seconds delay);
-  [[nodiscard]] bool isOfClosingPress(const StatusItemClick& click) const;
   void applyTheme(AppTheme theme);
 
+  BarContext context_;
   const Platform& platform_;
-  Surfaces& surfaces_;
   AppSettings& settings_;
-  LocationManager& locationManager_;
-  PrayerNotificationManager& alerts_;
   PrayerCourse course_{settings_};
   std::unique_ptr<StatusItem> statusItem_;
+  ItemClicks clicks_;
   std::optional<Point> pointerOnItem_;  // At the last click.
   std::unique_ptr<Panel> panel_;
+  // While the panel is open, and after a press that closed it until the release.
   std::unique_ptr<EventMonitor> eventMonitor_;
-  std::optional<ClosingPress> closingPress_;
+  std::unique_ptr<Timer> unwatching_;
   std::unique_ptr<Timer> reopening_;
   std::unique_ptr<Window> settingsWindow_;
   Updater* updater_;

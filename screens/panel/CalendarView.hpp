@@ -1,18 +1,17 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <optional>
 #include <vector>
 
 #include "platform/Geometry.hpp"
+#include "platform/Signal.hpp"
 #include "platform/Surfaces.hpp"
-#include "rules/calendar/CalendarModel.hpp"
 #include "rules/calendar/DayTexts.hpp"
-#include "rules/calendar/Weekdays.hpp"
-#include "screens/panel/DayCellView.hpp"
+#include "rules/calendar/PanelModel.hpp"
+#include "screens/panel/DayGrid.hpp"
 #include "screens/panel/PanelContext.hpp"
-#include "screens/panel/PrayerTimesView.hpp"
+#include "ui/Popover.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor::Screens {
@@ -34,66 +33,35 @@ class CalendarView final : public Ui::View {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
-  static constexpr std::size_t kCells = 42;
-
   // The parts, from top to bottom.
-  [[nodiscard]] QWidget* headerRow();
-  [[nodiscard]] QWidget* titleBlock();
+  [[nodiscard]] QWidget* header();
   [[nodiscard]] QWidget* scrollingPart();
   [[nodiscard]] QWidget* month();
   [[nodiscard]] QWidget* secondaryRow();
-  [[nodiscard]] QWidget* weekdayLabels();
   [[nodiscard]] QWidget* dayGrid();
-  [[nodiscard]] DayCellView* dayCell(std::size_t index);
   [[nodiscard]] QWidget* hoverLine();
   [[nodiscard]] QWidget* prayerTimes();
-  [[nodiscard]] QWidget* bottomBar();
-  [[nodiscard]] Ui::Button* stopButton();
 
-  void observe();
-  void refreshPage();
   void showDays();
-  [[nodiscard]] std::size_t neededWeeks() const;
+  [[nodiscard]] ShownDay shownDay(const DayCell& cell,
+                                  const std::optional<DaySpeech>& speech) const;
   void fitWeeks();
-  [[nodiscard]] std::optional<ShownDay> shownDay(std::size_t index) const;
-  [[nodiscard]] QString title() const;
-  [[nodiscard]] QString stopTitle() const;
-  void stopSound();
-
-  void hover(const QString& text);
-  void resetModel();
-  void showPrevious();
-  void showNext();
-  void toggleSelection(std::size_t index);
-  void undoSelection();
+  void hover(const std::string& text);
 
   // The keyboard.
-  [[nodiscard]] Date keyboardDay() const;
-  void moveSelection(CalendarUnit unit, int amount);
-  void select(Date day);
-  void focusOn(Date day);
+  void move(CalendarUnit unit, int amount);
+  void focusOnKeyboardDay();
   void openNote();
 
+  /// The note that the model has open.
+  void showNote();
+  void putAwayNote();
+
   PanelContext context_;
-  AppSettings& settings_ = context_.settings;
-  PrayerNotificationManager& notificationManager_ = context_.notificationManager;
-  NotesStore& notes_ = context_.notes;
-  std::function<void()> onOpenSettings_;
-
-  Date now_;       // As of the last redraw.
-  TimeZone zone_;  // The machine's, in which the page's days begin; as of the last redraw.
-  CalendarModel model_;
-  bool yearMode_ = false;
-  QString hoveredHoliday_;
-  std::optional<Date> selectedDate_;
-
-  /// The sections shown when the panel was last built; with others it begins anew.
-  std::array<bool, 2> identity_;
-  std::optional<Date> selectedBefore_;  // The last click.
-  MonthPage page_;
-  std::array<DayCellView*, kCells> cells_{};
-  std::size_t shownWeeks_ = 6;
-  std::optional<DaySpeech> speech_;  // While a screen reader listens.
+  const AppSettings& settings_;
+  PanelModel model_;
+  DayGrid* days_ = nullptr;
+  Ui::Popover* note_ = nullptr;  // While it is open; belongs to the window.
   std::vector<Subscription> changes_;
 };
 

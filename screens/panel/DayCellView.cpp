@@ -2,9 +2,9 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <utility>
 #include <vector>
 
-#include "screens/panel/NoteEditorView.hpp"
 #include "ui/FocusRing.hpp"
 #include "ui/TextStyle.hpp"
 
@@ -57,13 +57,12 @@ std::vector<QColor> dots(const ShownDay& day, const Colors& colors) {
 
 }  // namespace
 
-DayCellView::DayCellView(NotesStore& store, const AppSettings& settings, DayCellEvents events)
-    : store_(store), settings_(settings), events_(std::move(events)) {
+DayCellView::DayCellView(DayCellEvents events) : events_(std::move(events)) {
   setFixedSize(kCellSize);
   setMouseTracking(true);
   setFocusPolicy(Qt::NoFocus);
   connect(this, &QAbstractButton::clicked, this, [this] {
-    if (day_ && events_.onSelect) events_.onSelect();
+    if (day_ && events_.onSelect) events_.onSelect(day_->cell.date);
   });
 }
 
@@ -171,28 +170,20 @@ void DayCellView::mouseMoveEvent(QMouseEvent* event) {
 
 void DayCellView::leaveEvent(QEvent* event) {
   QAbstractButton::leaveEvent(event);
-  events_.onHolidayHover(QString());
+  events_.onHolidayHover("");
 }
 
 void DayCellView::mouseDoubleClickEvent(QMouseEvent* event) {
   // Not a second press: its release must not count as a click.
   event->accept();
   if (!day_ || event->button() != Qt::LeftButton) return;
-  events_.onSelectUndone();
-  openNote();
+  events_.onOpen(day_->cell.date);
 }
 
 void DayCellView::keyPressEvent(QKeyEvent* event) {
   // Arrow keys move the selection, which is the panel's to do.
   if (event->key() == Qt::Key_Space) return QAbstractButton::keyPressEvent(event);
   event->ignore();
-}
-
-void DayCellView::openNote() {
-  if (!day_ || note_ != nullptr) return;
-  note_ = new Popover(*this, new NoteEditorView(day_->cell.date, store_, settings_));
-  note_->onDismiss = [this] { std::exchange(note_, nullptr)->deleteLater(); };
-  note_->open();
 }
 
 }  // namespace Hilalor::Screens

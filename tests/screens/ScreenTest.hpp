@@ -10,6 +10,7 @@
 
 #include "screens/panel/CalendarView.hpp"
 #include "screens/panel/NoteEditorView.hpp"
+#include "screens/panel/PrayerTimesView.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"

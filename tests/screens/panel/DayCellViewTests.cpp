@@ -4,7 +4,6 @@
 
 #include <QTest>
 
-#include "tests/fakes/FakePlatform.hpp"
 #include "ui/Colors.hpp"
 
 namespace Hilalor::Screens {
@@ -61,10 +60,7 @@ class DayCellViewTest : public testing::Test {
     return found;
   }
 
-  FakePlatform desktop;
-  DayCellView view{desktop.notes(),
-                   desktop.settings(),
-                   {.onSelect = {}, .onSelectUndone = {}, .onHolidayHover = {}}};
+  DayCellView view{{.onSelect = {}, .onOpen = {}, .onHolidayHover = {}}};
   ShownDay ordinary{.cell = {.day = 17,
                              .date = {},
                              .secondaryDay = "",
