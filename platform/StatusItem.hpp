@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Geometry.hpp"
+#include "platform/ItemTitle.hpp"
 
 namespace Hilalor {
 
@@ -33,8 +34,8 @@ class StatusButton {
  public:
   virtual ~StatusButton() = default;
 
-  /// The text in the bar, UTF-8. It is also the item's accessible title.
-  virtual void setTitle(const std::string& title) = 0;
+  /// What the bar shows. The whole title is also the item's accessible one.
+  virtual void setTitle(const ItemTitle& title) = 0;
 
   /// Called for every release of the left or right button over the item.
   virtual void setAction(std::function<void(const StatusItemClick&)> action) = 0;

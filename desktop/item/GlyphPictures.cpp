@@ -11,22 +11,21 @@
 namespace Hilalor::Desktop {
 namespace {
 
-using Glyph = TitleParts::Glyph;
-
 /// Colour emoji fonts hold pictures of about this size.
 constexpr int kFontPixelSize = 109;
 constexpr int kCanvas = 2 * kFontPixelSize;
 
-char32_t codePoint(Glyph glyph) {
-  return glyph == Glyph::calendar ? U'\U0001F4C5' : U'\U0001F54C';
+QString text(TitleGlyph glyph) {
+  const auto utf8 = character(glyph);
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
 using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
 using CharSet = std::unique_ptr<FcCharSet, decltype(&FcCharSetDestroy)>;
 
 /// The family of the colour font that has the glyph, if the machine has one.
-std::optional<QString> colourFamily(Glyph glyph) {
-  const FcChar32 wanted = codePoint(glyph);
+std::optional<QString> colourFamily(TitleGlyph glyph) {
+  const FcChar32 wanted = text(glyph).toUcs4().value(0);
   const CharSet charSet(FcCharSetCreate(), &FcCharSetDestroy);
   FcCharSetAddChar(charSet.get(), wanted);
   const Pattern query(FcPatternCreate(), &FcPatternDestroy);
@@ -68,7 +67,7 @@ QImage squared(const QImage& image, QRect part) {
 }
 
 /// Blank (no result) also where the font's kind of colour is one that Qt cannot draw.
-std::optional<QImage> pictureOfFont(Glyph glyph) {
+std::optional<QImage> pictureOfFont(TitleGlyph glyph) {
   const auto family = colourFamily(glyph);
   if (!family) return std::nullopt;
   QImage canvas(kCanvas, kCanvas, QImage::Format_ARGB32_Premultiplied);
@@ -78,8 +77,7 @@ std::optional<QImage> pictureOfFont(Glyph glyph) {
   {
     QPainter painter(&canvas);
     painter.setFont(font);
-    const char32_t text = codePoint(glyph);
-    painter.drawText(canvas.rect(), Qt::AlignCenter, QString::fromUcs4(&text, 1));
+    painter.drawText(canvas.rect(), Qt::AlignCenter, text(glyph));
   }
   const QRect part = drawnPart(canvas);
   if (part.isEmpty()) return std::nullopt;
@@ -91,7 +89,7 @@ std::optional<QImage> pictureOfFont(Glyph glyph) {
 GlyphPictures::GlyphPictures(const std::filesystem::path& folder)
     : folder_(QString::fromStdString(folder.string())) {}
 
-const QImage& GlyphPictures::picture(Glyph glyph) {
+const QImage& GlyphPictures::picture(TitleGlyph glyph) {
   const auto known = pictures_.find(glyph);
   if (known != pictures_.end()) return known->second;
   auto picture = pictureOfFont(glyph);
@@ -101,17 +99,17 @@ const QImage& GlyphPictures::picture(Glyph glyph) {
   return pictures_.emplace(glyph, std::move(*picture)).first->second;
 }
 
-bool GlyphPictures::fontHas(Glyph glyph) {
+bool GlyphPictures::fontHas(TitleGlyph glyph) {
   return colourFamily(glyph).has_value();
 }
 
-QString GlyphPictures::file(Glyph glyph) const {
+QString GlyphPictures::file(TitleGlyph glyph) const {
   switch (glyph) {
-    case Glyph::none:
+    case TitleGlyph::none:
       return folder_ + QStringLiteral("/blank.png");
-    case Glyph::calendar:
+    case TitleGlyph::calendar:
       return folder_ + QStringLiteral("/calendar.png");
-    case Glyph::mosque:
+    case TitleGlyph::mosque:
       return folder_ + QStringLiteral("/mosque.png");
   }
   return {};

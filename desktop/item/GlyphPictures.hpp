@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <map>
 
-#include "desktop/item/CompactTitle.hpp"
+#include "platform/ItemTitle.hpp"
 
 namespace Hilalor::Desktop {
 
@@ -16,22 +16,22 @@ class GlyphPictures {
   explicit GlyphPictures(const std::filesystem::path& folder);
 
   /// A square picture at least 100 pixels wide, to be scaled down; read on first use and kept.
-  [[nodiscard]] const QImage& picture(TitleParts::Glyph glyph);
+  [[nodiscard]] const QImage& picture(TitleGlyph glyph);
 
   /// Whether programs that draw text themselves find the glyph in a font.
-  [[nodiscard]] static bool fontHas(TitleParts::Glyph glyph);
+  [[nodiscard]] static bool fontHas(TitleGlyph glyph);
 
   /// Whether the pictures stand in for the glyph with programs that draw text themselves.
-  [[nodiscard]] static bool standInFor(TitleParts::Glyph glyph) {
-    return glyph != TitleParts::Glyph::none && !fontHas(glyph);
+  [[nodiscard]] static bool standInFor(TitleGlyph glyph) {
+    return glyph != TitleGlyph::none && !fontHas(glyph);
   }
 
   /// Our own picture as a file, for bars that want a path; of no glyph, a transparent one.
-  [[nodiscard]] QString file(TitleParts::Glyph glyph) const;
+  [[nodiscard]] QString file(TitleGlyph glyph) const;
 
  private:
   QString folder_;
-  std::map<TitleParts::Glyph, QImage> pictures_;
+  std::map<TitleGlyph, QImage> pictures_;
 };
 
 }  // namespace Hilalor::Desktop

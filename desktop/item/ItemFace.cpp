@@ -68,9 +68,10 @@ int ItemFace::naturalWidth(int barHeight) const {
 }
 
 void ItemFace::titleChanged() {
-  setWindowTitle(content_.title);
-  setAccessibleName(content_.title);
-  Ui::setPlainToolTip(*this, content_.title);
+  const auto title = content_.wholeTitle();
+  setWindowTitle(title);
+  setAccessibleName(title);
+  Ui::setPlainToolTip(*this, title);
   update();
 }
 

@@ -12,8 +12,6 @@
 namespace Hilalor::Desktop {
 namespace {
 
-using Glyph = TitleParts::Glyph;
-
 /// A bar's text is as tall as a desktop's ordinary one, unless the bar is lower than that needs.
 constexpr double kTextPoints = 10.0;
 constexpr double kTallestText = 0.66;   // of the bar's height
@@ -37,21 +35,23 @@ QFont barFont(int barHeight) {
 
 /// Where the parts of a title stand, from its left end.
 struct TitleLayout {
+  QString text;
   QFont font;
   double glyphSide = 0;
   double textLeft = 0;
   double width = 0;
 
-  TitleLayout(const TitleParts& parts, int barHeight) : font(barFont(barHeight)) {
+  TitleLayout(const ItemTitle& title, int barHeight)
+      : text(QString::fromStdString(title.words())), font(barFont(barHeight)) {
     const double pixels = font.pixelSize();
     double x = std::round(pixels * kAirAtEnds);
-    if (parts.glyph != Glyph::none) {
+    if (title.glyph != TitleGlyph::none) {
       glyphSide = std::min(std::round(pixels * kGlyphOfText), static_cast<double>(barHeight));
       x += glyphSide;
-      if (!parts.text.isEmpty()) x += std::round(pixels * kAirAfterGlyph);
+      if (!text.isEmpty()) x += std::round(pixels * kAirAfterGlyph);
     }
     textLeft = x;
-    width = x + std::ceil(QFontMetricsF(font).horizontalAdvance(parts.text)) +
+    width = x + std::ceil(QFontMetricsF(font).horizontalAdvance(text)) +
             std::round(pixels * kAirAtEnds);
   }
 };
@@ -89,29 +89,28 @@ Ink Ink::on(const QColor& ground) {
   return {lightness(ground) > kLightGround ? kPrint : kPaper, std::nullopt};
 }
 
-int ItemPainter::naturalWidth(const QString& title, int barHeight) const {
-  return static_cast<int>(std::ceil(TitleLayout(TitleParts::of(title), barHeight).width));
+int ItemPainter::naturalWidth(const ItemTitle& title, int barHeight) const {
+  return static_cast<int>(std::ceil(TitleLayout(title, barHeight).width));
 }
 
-void ItemPainter::drawTitle(QPainter& painter, const QRect& rect, const QString& title,
+void ItemPainter::drawTitle(QPainter& painter, const QRect& rect, const ItemTitle& title,
                             const Ink& ink) const {
-  const auto parts = TitleParts::of(title);
-  const TitleLayout layout(parts, rect.height());
+  const TitleLayout layout(title, rect.height());
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setFont(layout.font);
   const double left = rect.x() + std::floor((rect.width() - layout.width) / 2);
-  if (parts.glyph != Glyph::none) {
+  if (title.glyph != TitleGlyph::none) {
     const double glyphLeft = left + std::round(layout.font.pixelSize() * kAirAtEnds);
     const double top = rect.y() + std::round((rect.height() - layout.glyphSide) / 2);
     drawPicture(painter, QRectF(glyphLeft, top, layout.glyphSide, layout.glyphSide),
-                pictures_.picture(parts.glyph));
+                pictures_.picture(title.glyph));
   }
   const double capitals = QFontMetricsF(layout.font).capHeight();
   const double baseline = rect.y() + std::round((rect.height() + capitals) / 2);
-  drawText(painter, {left + layout.textLeft, baseline}, parts.text, ink);
+  drawText(painter, {left + layout.textLeft, baseline}, layout.text, ink);
 }
 
-void ItemPainter::drawCompact(QPainter& painter, const QRect& rect, const QString& title) const {
+void ItemPainter::drawCompact(QPainter& painter, const QRect& rect, const ItemTitle& title) const {
   // Small letters need whole pixels of the screen, of which the painter's may be fractions.
   const QTransform toScreen = painter.deviceTransform();
   const QRectF screenRect = toScreen.mapRect(QRectF(rect));
@@ -123,12 +122,12 @@ void ItemPainter::drawCompact(QPainter& painter, const QRect& rect, const QStrin
   painter.drawImage(toScreen.inverted().mapRect(square), compactPicture(title, side));
 }
 
-QImage ItemPainter::compactPicture(const QString& title, int side) const {
-  return squares_.picture(CompactTitle::of(title), side);
+QImage ItemPainter::compactPicture(const ItemTitle& title, int side) const {
+  return squares_.picture(title, side);
 }
 
-QImage ItemPainter::widePicture(const QString& title, int scale) const {
-  if (TitleParts::of(title).text.isEmpty()) return compactPicture(title, kWideHeight * scale);
+QImage ItemPainter::widePicture(const ItemTitle& title, int scale) const {
+  if (title.words().empty()) return compactPicture(title, kWideHeight * scale);
   const QRect rect(0, 0, naturalWidth(title, kWideHeight) + kWideHeight / 4, kWideHeight);
   QImage image(rect.size() * scale, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);

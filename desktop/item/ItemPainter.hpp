@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QFont>
 #include <QImage>
-#include <QString>
 #include <optional>
 
 #include "desktop/item/GlyphPictures.hpp"
@@ -39,20 +38,21 @@ class ItemPainter {
   explicit ItemPainter(GlyphPictures& pictures) : pictures_(pictures), squares_(pictures) {}
 
   /// What the whole title takes on a bar of that height, with a little air at both ends.
-  [[nodiscard]] int naturalWidth(const QString& title, int barHeight) const;
+  [[nodiscard]] int naturalWidth(const ItemTitle& title, int barHeight) const;
 
   /// The whole title in one line in the middle of the rectangle.
-  void drawTitle(QPainter& painter, const QRect& rect, const QString& title, const Ink& ink) const;
+  void drawTitle(QPainter& painter, const QRect& rect, const ItemTitle& title,
+                 const Ink& ink) const;
 
   /// The title as a square in the middle of the rectangle, readable on any bar.
-  void drawCompact(QPainter& painter, const QRect& rect, const QString& title) const;
+  void drawCompact(QPainter& painter, const QRect& rect, const ItemTitle& title) const;
 
   /// The square as a picture with a transparent ground.
-  [[nodiscard]] QImage compactPicture(const QString& title, int side) const;
+  [[nodiscard]] QImage compactPicture(const ItemTitle& title, int side) const;
 
   /// The whole title as a picture for a bar of ordinary height, readable on any; `scale` is how
   /// many pixels the bar's screen has for one.
-  [[nodiscard]] QImage widePicture(const QString& title, int scale) const;
+  [[nodiscard]] QImage widePicture(const ItemTitle& title, int scale) const;
 
  private:
   GlyphPictures& pictures_;

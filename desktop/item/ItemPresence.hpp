@@ -10,10 +10,13 @@ namespace Hilalor::Desktop {
 
 /// What the item says and does, whatever shows it at the moment.
 struct ItemContent {
-  QString title;
+  ItemTitle title;
   std::function<void(const StatusItemClick&)> action;
   Menu menu;        ///< Where we open it ourselves.
   Menu hostedMenu;  ///< Where the bar draws it.
+
+  [[nodiscard]] QString wholeTitle() const { return QString::fromStdString(title.whole()); }
+  [[nodiscard]] QString titleWords() const { return QString::fromStdString(title.words()); }
 
   void tell(const StatusItemClick& click) const {
     // The action may replace itself or take the item away.

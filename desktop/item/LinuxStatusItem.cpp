@@ -80,13 +80,12 @@ std::optional<std::string> LinuxStatusItem::advice() const {
   return kind_ == ItemKind::none ? std::optional<std::string>(kNowhereAdvice) : std::nullopt;
 }
 
-void LinuxStatusItem::setTitle(const std::string& title) {
-  auto text = QString::fromStdString(title);
-  if (text == content_.title) {
+void LinuxStatusItem::setTitle(const ItemTitle& title) {
+  if (title == content_.title) {
     if (presence_) presence_->lookAround();
     return;
   }
-  content_.title = std::move(text);
+  content_.title = title;
   if (presence_) presence_->titleChanged();
 }
 

@@ -29,7 +29,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   void setUnseenHandler(std::function<void()> handler) override;
   [[nodiscard]] std::optional<Rect> place() const override;
   [[nodiscard]] std::optional<std::string> advice() const override;
-  void setTitle(const std::string& title) override;
+  void setTitle(const ItemTitle& title) override;
   void setAction(std::function<void(const StatusItemClick&)> action) override;
   void setContextMenu(Menu menu) override;
   void setHostedMenu(Menu menu) override;

@@ -77,8 +77,8 @@ void NotifierItem::titleChanged() {
 
 QString NotifierItem::iconName() const {
   if (drawing_ != NotifierDrawing::label) return {};
-  const auto glyph = TitleParts::of(content_.title).glyph;
-  return pictures_.file(isGlyphLeftToThePicture() ? glyph : TitleParts::Glyph::none);
+  const auto glyph = content_.title.glyph;
+  return pictures_.file(isGlyphLeftToThePicture() ? glyph : TitleGlyph::none);
 }
 
 QList<NotifierPixmap> NotifierItem::iconPixmap() const {
@@ -105,7 +105,7 @@ QDBusObjectPath NotifierItem::menuPath() const {
 }
 
 QString NotifierItem::label() const {
-  return isGlyphLeftToThePicture() ? TitleParts::of(content_.title).text : content_.title;
+  return isGlyphLeftToThePicture() ? content_.titleWords() : content_.wholeTitle();
 }
 
 QString NotifierItem::labelGuide() const {
@@ -136,8 +136,7 @@ void NotifierItem::tell(StatusItemClick::Button button) const {
 }
 
 bool NotifierItem::isGlyphLeftToThePicture() const {
-  return drawing_ == NotifierDrawing::label &&
-         GlyphPictures::standInFor(TitleParts::of(content_.title).glyph);
+  return drawing_ == NotifierDrawing::label && GlyphPictures::standInFor(content_.title.glyph);
 }
 
 }  // namespace Hilalor::Desktop

@@ -53,7 +53,7 @@ class NotifierItem : public QObject, public ItemPresence {
 
   [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
   [[nodiscard]] QString id() const { return QStringLiteral("hilalor"); }
-  [[nodiscard]] QString title() const { return content_.title; }
+  [[nodiscard]] QString title() const { return content_.wholeTitle(); }
   [[nodiscard]] QString status() const { return QStringLiteral("Active"); }
   [[nodiscard]] int windowId() const { return 0; }
   [[nodiscard]] QString iconName() const;
@@ -62,7 +62,7 @@ class NotifierItem : public QObject, public ItemPresence {
   [[nodiscard]] QList<NotifierPixmap> noPixmap() const { return {}; }
   /// Bars read it as markup.
   [[nodiscard]] NotifierToolTip toolTip() const {
-    return {{}, {}, content_.title.toHtmlEscaped(), {}};
+    return {{}, {}, content_.wholeTitle().toHtmlEscaped(), {}};
   }
   [[nodiscard]] bool itemIsMenu() const { return false; }
   [[nodiscard]] QDBusObjectPath menuPath() const;

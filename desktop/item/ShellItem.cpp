@@ -59,11 +59,11 @@ void ShellItem::titleChanged() {
 }
 
 QString ShellItem::text() const {
-  return picture().isEmpty() ? content_.title : TitleParts::of(content_.title).text;
+  return picture().isEmpty() ? content_.wholeTitle() : content_.titleWords();
 }
 
 QString ShellItem::picture() const {
-  const auto glyph = TitleParts::of(content_.title).glyph;
+  const auto glyph = content_.title.glyph;
   return GlyphPictures::standInFor(glyph) ? pictures_.file(glyph) : QString();
 }
 

@@ -13,7 +13,6 @@
 namespace Hilalor::Desktop {
 namespace {
 
-using Glyph = TitleParts::Glyph;
 using Form = CompactTitle::Form;
 
 const QColor kPaperEdge(109, 122, 114);
@@ -25,6 +24,18 @@ constexpr int kNarrowest = 75;  // percent
 constexpr int kLeastLight = 16;
 constexpr int kLeastBold = 22;
 constexpr int kLeastFont = 28;
+
+/// What stands on a plate in two lines.
+struct Lines {
+  QString upper;
+  QString lower;
+  QString minutes;
+
+  explicit Lines(const CompactTitle& title)
+      : upper(QString::fromStdString(title.upper)),
+        lower(QString::fromStdString(title.lower)),
+        minutes(QString::fromStdString(title.minutes)) {}
+};
 
 int part(int side, double share) {
   return static_cast<int>(std::lround(side * share));
@@ -80,76 +91,74 @@ void drawPage(QPainter& painter, int side, const QString& day) {
   drawFitting(painter, QRectF(body).adjusted(air, air, -air, -air), day);
 }
 
-void drawLinesOfFont(QPainter& painter, int side, const CompactTitle& title) {
+void drawLinesOfFont(QPainter& painter, int side, const Lines& lines) {
   const double air = std::max(1.0, side * 0.05);
   const QRectF inside = QRectF(0, 0, side, side).adjusted(air, 1.5 * air, -air, -1.5 * air);
-  if (title.lower.isEmpty()) return drawFitting(painter, inside, title.upper);
   // Between the lines there is room for what hangs below letters.
   const double line = (inside.height() - 2.5 * air) / 2;
   QRectF box(inside.x(), inside.y(), inside.width(), line);
-  drawFitting(painter, box, title.upper);
+  drawFitting(painter, box, lines.upper);
   box.moveBottom(inside.bottom());
-  drawFitting(painter, box, title.lower + title.minutes);
+  drawFitting(painter, box, lines.lower + lines.minutes);
 }
 
-void drawLightLines(QPainter& painter, int side, const CompactTitle& title) {
+void drawLightLines(QPainter& painter, int side, const Lines& lines) {
   const auto& letters = PixelLetters::light();
   const int top = (side - kLeastLight) / 2;
   const auto drawLine = [&](int y, const QString& text) {
     letters.draw(painter, {(side - letters.width(text)) / 2, top + y}, text);
   };
-  drawLine(1, title.upper);
-  drawLine(9, title.lower + title.minutes);
+  drawLine(1, lines.upper);
+  drawLine(9, lines.lower + lines.minutes);
 }
 
-void drawBoldLines(QPainter& painter, int side, const CompactTitle& title) {
+void drawBoldLines(QPainter& painter, int side, const Lines& lines) {
   const auto& letters = PixelLetters::bold();
   const auto& raised = PixelLetters::raised();
   const int top = (side - kLeastBold) / 2;
-  letters.draw(painter, {(side - letters.width(title.upper)) / 2, top}, title.upper);
+  letters.draw(painter, {(side - letters.width(lines.upper)) / 2, top}, lines.upper);
 
-  const int hours = letters.width(title.lower);
-  const int gap = title.minutes.isEmpty() ? 0 : 1;
-  const int left = (side - hours - gap - raised.width(title.minutes) + 1) / 2;
-  letters.draw(painter, {left, top + 12}, title.lower);
-  raised.draw(painter, {left + hours + gap, top + 12}, title.minutes);
+  const int hours = letters.width(lines.lower);
+  const int gap = lines.minutes.isEmpty() ? 0 : 1;
+  const int left = (side - hours - gap - raised.width(lines.minutes) + 1) / 2;
+  letters.draw(painter, {left, top + 12}, lines.lower);
+  raised.draw(painter, {left + hours + gap, top + 12}, lines.minutes);
 }
 
-bool hasPixelLetters(int side, const CompactTitle& title) {
-  if (side < kLeastLight || side >= kLeastFont || title.lower.isEmpty()) return false;
+bool hasPixelLetters(int side, const Lines& lines) {
+  if (side < kLeastLight || side >= kLeastFont) return false;
   const auto& letters = side < kLeastBold ? PixelLetters::light() : PixelLetters::bold();
-  const QString all = title.upper + title.lower;
-  return letters.has(all) && letters.width(title.upper) <= side &&
-         PixelLetters::raised().has(title.minutes);
+  const QString all = lines.upper + lines.lower;
+  return letters.has(all) && letters.width(lines.upper) <= side &&
+         PixelLetters::raised().has(lines.minutes);
 }
 
-void drawLines(QPainter& painter, int side, const CompactTitle& title) {
+void drawLines(QPainter& painter, int side, const Lines& lines) {
   const double radius = side * 0.2;
   painter.setPen(Qt::NoPen);
   painter.setBrush(kGreen);
   painter.drawRoundedRect(0, 0, side, side, radius, radius);
 
   painter.setPen(kPaper);
-  if (!hasPixelLetters(side, title)) return drawLinesOfFont(painter, side, title);
-  if (side < kLeastBold) return drawLightLines(painter, side, title);
-  drawBoldLines(painter, side, title);
+  if (!hasPixelLetters(side, lines)) return drawLinesOfFont(painter, side, lines);
+  if (side < kLeastBold) return drawLightLines(painter, side, lines);
+  drawBoldLines(painter, side, lines);
 }
 
 }  // namespace
 
-QImage SquarePainter::picture(const CompactTitle& title, int side) const {
-  const auto glyph = [&](Glyph which) {
-    return pictures_.picture(which).scaled(side, side, Qt::IgnoreAspectRatio,
-                                           Qt::SmoothTransformation);
-  };
-  if (title.form == Form::calendar) return glyph(Glyph::calendar);
-  if (title.form == Form::mosque) return glyph(Glyph::mosque);
+QImage SquarePainter::picture(const ItemTitle& title, int side) const {
+  const auto form = title.compact.form;
+  if (form == Form::glyph) {
+    return pictures_.picture(title.glyph)
+        .scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
   QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (title.form == Form::page) drawPage(painter, side, title.upper);
-  if (title.form == Form::lines) drawLines(painter, side, title);
+  if (form == Form::page) drawPage(painter, side, QString::fromStdString(title.compact.upper));
+  if (form == Form::lines) drawLines(painter, side, Lines(title.compact));
   return image;
 }
 

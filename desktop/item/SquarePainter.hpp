@@ -2,7 +2,6 @@
 
 #include <QImage>
 
-#include "desktop/item/CompactTitle.hpp"
 #include "desktop/item/GlyphPictures.hpp"
 
 class QPainter;
@@ -16,7 +15,7 @@ class SquarePainter {
   explicit SquarePainter(GlyphPictures& pictures) : pictures_(pictures) {}
 
   /// A picture of `side` by `side` of the screen's own pixels, its ground transparent.
-  [[nodiscard]] QImage picture(const CompactTitle& title, int side) const;
+  [[nodiscard]] QImage picture(const ItemTitle& title, int side) const;
 
  private:
   GlyphPictures& pictures_;

@@ -9,46 +9,83 @@
 namespace Hilalor {
 namespace {
 
-constexpr const char* kCalendarGlyph = "\U0001F4C5";
-constexpr const char* kMosqueGlyph = "\U0001F54C";
+using Form = CompactTitle::Form;
 
-std::string todaysDate(PrimaryCalendar primaryCalendar, Date now) {
-  const auto identifier = primaryCalendar == PrimaryCalendar::hijri
-                              ? CalendarIdentifier::islamicUmmAlQura
-                              : CalendarIdentifier::gregorian;
-  return DateFormatter("d MMM", Calendar(identifier)).string(now);
+/// A square has room for four letters, but half a name reads better with three.
+constexpr std::size_t kMostLetters = 4;
+constexpr std::size_t kLettersOfMore = 3;
+
+/// Two figures for the hours leave no room for the minutes.
+constexpr std::int64_t kHoursWithMinutes = 10;
+
+/// Of the first word, which is one of ours, in ASCII.
+std::string beginning(const std::string& text) {
+  const auto word = text.substr(0, text.find(' '));
+  return word.size() <= kMostLetters ? word : word.substr(0, kLettersOfMore);
+}
+
+std::string twoDigits(std::int64_t number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+ItemTitle glyphAlone(TitleGlyph glyph) {
+  return {.glyph = glyph, .text = std::nullopt, .compact = {.form = Form::glyph}};
 }
 
 }  // namespace
 
-std::string menuBarTitle(const PrayerCourse& course, Date now) {
+ItemTitle menuBarTitle(const PrayerCourse& course, Date now) {
   const auto& settings = course.settings();
   switch (settings.menuBarStyle.value()) {
     case MenuBarStyle::emoji:
-      return kCalendarGlyph;
+      return glyphAlone(TitleGlyph::calendar);
     case MenuBarStyle::nextPrayer:
       return nextPrayerTitle(course, now);
     case MenuBarStyle::date:
       break;
   }
-  return todaysDate(settings.primaryCalendar, now);
+  return dateTitle(settings.primaryCalendar, now);
 }
 
-std::string nextPrayerTitle(const PrayerCourse& course, Date now) {
+ItemTitle dateTitle(PrimaryCalendar primaryCalendar, Date now) {
+  const Calendar calendar(primaryCalendar == PrimaryCalendar::hijri
+                              ? CalendarIdentifier::islamicUmmAlQura
+                              : CalendarIdentifier::gregorian);
+  return {.text = DateFormatter("d MMM", calendar).string(now),
+          .compact = {.form = Form::page, .upper = DateFormatter("d", calendar).string(now)}};
+}
+
+ItemTitle nextPrayerTitle(const PrayerCourse& course, Date now) {
   const auto next = course.next(now);
-  return next ? countdown(*next, now) : kMosqueGlyph;
+  return next ? countdown(*next, now) : glyphAlone(TitleGlyph::mosque);
 }
 
-std::string countdown(const CalledPrayer& prayer, Date now) {
+ItemTitle countdown(const CalledPrayer& prayer, Date now) {
   const auto secondsLeft = std::max(Seconds(0), prayer.time - now);
-  const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(secondsLeft).count();
-  const auto name = std::string(displayName(prayer.prayer));
-  if (minutes < 60) return name + " " + std::to_string(minutes) + "m";
-  return name + " " + std::to_string(minutes / 60) + "h " + std::to_string(minutes % 60) + "m";
+  const std::int64_t minutesLeft =
+      std::chrono::duration_cast<std::chrono::minutes>(secondsLeft).count();
+  const auto hours = minutesLeft / 60;
+  const auto minutes = minutesLeft % 60;
+  const std::string name(displayName(prayer.prayer));
+  ItemTitle title{.text = name + " ", .compact = {.form = Form::lines, .upper = beginning(name)}};
+  if (hours > 0) {
+    *title.text += std::to_string(hours) + "h ";
+    title.compact.lower = std::to_string(hours) + "h";
+    if (hours < kHoursWithMinutes) title.compact.minutes = twoDigits(minutes);
+  } else {
+    title.compact.lower = std::to_string(minutes) + "m";
+  }
+  *title.text += std::to_string(minutes) + "m";
+  return title;
 }
 
-std::string athanTitle(const std::string& activeAthanTitle) {
-  return std::string(kMosqueGlyph) + " " + activeAthanTitle;
+ItemTitle athanTitle(const std::string& activeAthanTitle) {
+  auto title = glyphAlone(TitleGlyph::mosque);
+  title.text = activeAthanTitle;
+  if (!activeAthanTitle.empty()) {
+    title.compact = {.form = Form::lines, .upper = beginning(activeAthanTitle), .lower = "now"};
+  }
+  return title;
 }
 
 }  // namespace Hilalor

@@ -3,24 +3,29 @@
 #include <string>
 
 #include "datetime/Date.hpp"
+#include "platform/ItemTitle.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 
 namespace Hilalor {
 
-/// The text of the item in the bar, for the user's style, at that instant: the calendar glyph
-/// alone, today's date in the primary calendar and the machine's time zone, or the countdown.
-[[nodiscard]] std::string menuBarTitle(const PrayerCourse& course, Date now);
+/// The title of the item in the bar, for the user's style, at that instant: the calendar glyph
+/// alone, today's date, or the countdown.
+[[nodiscard]] ItemTitle menuBarTitle(const PrayerCourse& course, Date now);
+
+/// Today's date in that calendar and the machine's time zone, "6 Apr"; compact, the page 6.
+[[nodiscard]] ItemTitle dateTitle(PrimaryCalendar calendar, Date now);
 
 /// The countdown to the next of Fajr, Dhuhr, Asr, Maghrib and Isha: after Isha it is the next day's
 /// Fajr, after midnight still Isha where that is to come. The mosque glyph alone where the sun
 /// gives neither today nor tomorrow a prayer to come.
-[[nodiscard]] std::string nextPrayerTitle(const PrayerCourse& course, Date now);
+[[nodiscard]] ItemTitle nextPrayerTitle(const PrayerCourse& course, Date now);
 
 /// The prayer and the time left until it, in whole minutes rounded down: "Maghrib 45m", "Dhuhr 2h
-/// 5m".
-[[nodiscard]] std::string countdown(const CalledPrayer& prayer, Date now);
+/// 5m". Compact, "Mag" over "45m", "Dhu" over "2h" and "05"; from ten hours on without minutes.
+[[nodiscard]] ItemTitle countdown(const CalledPrayer& prayer, Date now);
 
-/// The mosque glyph, a space and the title of the announcement in progress.
-[[nodiscard]] std::string athanTitle(const std::string& activeAthanTitle);
+/// The mosque glyph, a space and the title of the announcement in progress; compact, the beginning
+/// of that over "now".
+[[nodiscard]] ItemTitle athanTitle(const std::string& activeAthanTitle);
 
 }  // namespace Hilalor

@@ -32,7 +32,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
     return std::make_unique<Item>(*this);
   }
 
-  void setTitle(const std::string& title) override { titles.push_back(title); }
+  void setTitle(const ItemTitle& title) override { titles.push_back(title.whole()); }
   void setAction(std::function<void(const StatusItemClick&)> newAction) override {
     action = std::move(newAction);
   }

@@ -7,13 +7,20 @@
 
 #include "desktop/item/ItemMenu.hpp"
 #include "desktop/item/PixelLetters.hpp"
+#include "rules/bar/MenuBarTitle.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
 
-const QString kCalendar = QString::fromUtf8("\U0001F4C5");
-const QString kMosque = QString::fromUtf8("\U0001F54C");
-const QString kAthan = kMosque + " Maghrib Athan";
+using Adhan::Prayer;
+
+const ItemTitle kCalendar{TitleGlyph::calendar, {}, {.form = CompactTitle::Form::glyph}};
+const ItemTitle kMosque{TitleGlyph::mosque, {}, {.form = CompactTitle::Form::glyph}};
+const ItemTitle kApril6 = dateTitle(PrimaryCalendar::gregorian, {1775476800});
+
+ItemTitle minutesTo(Prayer prayer, int minutes) {
+  return countdown({prayer, Date{60.0 * minutes}}, Date{0});
+}
 
 /// The part of a picture that is not transparent.
 QRect drawnPart(const QImage& image) {
@@ -31,9 +38,10 @@ class ItemPainterTest : public testing::Test {
 };
 
 TEST_F(ItemPainterTest, ATitleFitsItsNaturalWidthOnEveryBar) {
-  for (const auto& title : {QString("Maghrib 12h 45m"), QString("29 Rab. II"), kCalendar, kAthan}) {
+  for (const auto& title :
+       {minutesTo(Prayer::maghrib, 765), kApril6, kCalendar, athanTitle("Maghrib Athan")}) {
     for (const int height : {12, 16, 22, 30, 64}) {
-      SCOPED_TRACE(title.toStdString() + " on " + std::to_string(height));
+      SCOPED_TRACE(title.whole() + " on " + std::to_string(height));
       const int width = painter.naturalWidth(title, height);
       QImage bar(width + 40, height, QImage::Format_ARGB32_Premultiplied);
       bar.fill(Qt::transparent);
@@ -49,12 +57,18 @@ TEST_F(ItemPainterTest, ATitleFitsItsNaturalWidthOnEveryBar) {
 }
 
 TEST_F(ItemPainterTest, EveryTitleHasASquareOfItsOwn) {
-  const QStringList titles = {"Maghrib 1h 5m", "Maghrib 1h 6m", "Isha 45m", "6 Apr",
-                              "7 Apr",         kCalendar,       kMosque};
+  const ItemTitle titles[] = {minutesTo(Prayer::maghrib, 65),
+                              minutesTo(Prayer::maghrib, 66),
+                              minutesTo(Prayer::isha, 45),
+                              athanTitle("Isha Athan"),
+                              kApril6,
+                              dateTitle(PrimaryCalendar::hijri, {1775476800}),
+                              kCalendar,
+                              kMosque};
   for (const int side : {16, 22, 48}) {
     QList<QImage> squares;
     for (const auto& title : titles) {
-      SCOPED_TRACE(title.toStdString() + " of " + std::to_string(side));
+      SCOPED_TRACE(title.whole() + " of " + std::to_string(side));
       const auto square = painter.compactPicture(title, side);
       EXPECT_EQ(square.size(), QSize(side, side));
       EXPECT_GT(drawnPart(square).height(), side / 2);
@@ -65,10 +79,14 @@ TEST_F(ItemPainterTest, EveryTitleHasASquareOfItsOwn) {
 }
 
 TEST_F(ItemPainterTest, SmallLettersFitAndKeepTheirPixelsOnEveryScreen) {
-  for (const QString title : {"Fajr", "Dhuhr", "Asr", "Maghrib", "Isha"}) {
-    for (const QString left : {" 48m", " 59m", " 3h 26m", " 10h 7m"}) {
-      SCOPED_TRACE((title + left).toStdString());
-      const auto [form, upper, lower, minutes] = CompactTitle::of(title + left);
+  for (const auto prayer :
+       {Prayer::fajr, Prayer::dhuhr, Prayer::asr, Prayer::maghrib, Prayer::isha}) {
+    for (const int left : {48, 59, 206, 607}) {
+      const auto title = minutesTo(prayer, left);
+      SCOPED_TRACE(title.whole());
+      const auto upper = QString::fromStdString(title.compact.upper);
+      const auto lower = QString::fromStdString(title.compact.lower);
+      const auto minutes = QString::fromStdString(title.compact.minutes);
       EXPECT_LE(PixelLetters::light().width(upper), 16);
       EXPECT_LE(PixelLetters::light().width(lower + minutes), 16);
       EXPECT_LE(PixelLetters::bold().width(upper), 22);
@@ -81,16 +99,18 @@ TEST_F(ItemPainterTest, SmallLettersFitAndKeepTheirPixelsOnEveryScreen) {
   dense.setDevicePixelRatio(1.5);
   dense.fill(Qt::transparent);
   QPainter onDense(&dense);
-  painter.drawCompact(onDense, QRect(3, 3, 15, 15), "Asr 45m");
+  painter.drawCompact(onDense, QRect(3, 3, 15, 15), minutesTo(Prayer::asr, 45));
   onDense.end();
   EXPECT_EQ(dense.copy(4, 4, 22, 22).convertToFormat(QImage::Format_ARGB32),
-            painter.compactPicture("Asr 45m", 22).convertToFormat(QImage::Format_ARGB32));
+            painter.compactPicture(minutesTo(Prayer::asr, 45), 22)
+                .convertToFormat(QImage::Format_ARGB32));
 }
 
 TEST_F(ItemPainterTest, AWidePictureIsAsWideAsItsTextAndTheSameAtEveryScale) {
-  const QSize one = painter.widePicture("Maghrib 1h 5m", 1).size();
-  EXPECT_GT(one.width(), painter.widePicture("Asr 5m", 1).width());
-  EXPECT_EQ(painter.widePicture("Maghrib 1h 5m", 2).size(), 2 * one);
+  const auto maghrib = minutesTo(Prayer::maghrib, 65);
+  const QSize one = painter.widePicture(maghrib, 1).size();
+  EXPECT_GT(one.width(), painter.widePicture(minutesTo(Prayer::asr, 5), 1).width());
+  EXPECT_EQ(painter.widePicture(maghrib, 2).size(), 2 * one);
   EXPECT_EQ(painter.widePicture(kCalendar, 2).size(), QSize(2 * one.height(), 2 * one.height()));
 
   const auto letters = [](const QImage& picture) {
@@ -100,20 +120,20 @@ TEST_F(ItemPainterTest, AWidePictureIsAsWideAsItsTextAndTheSameAtEveryScale) {
         if (lightness(picture.pixelColor(x, y)) > 180) ++count;
     return count;
   };
-  const int atOne = letters(painter.widePicture("Maghrib 1h 5m", 1));
-  const int atTwo = letters(painter.widePicture("Maghrib 1h 5m", 2));
+  const int atOne = letters(painter.widePicture(maghrib, 1));
+  const int atTwo = letters(painter.widePicture(maghrib, 2));
   EXPECT_GT(atTwo, 3 * atOne) << "letters must grow with the picture";
 }
 
 TEST(GlyphPictures, HasOwnPicturesForMachinesWithoutEmoji) {
   const GlyphPictures pictures(HILALOR_ITEM_PICTURES);
-  for (const auto glyph : {TitleParts::Glyph::calendar, TitleParts::Glyph::mosque}) {
+  for (const auto glyph : {TitleGlyph::calendar, TitleGlyph::mosque}) {
     const QImage picture(pictures.file(glyph));
     EXPECT_GE(picture.width(), 100);
     EXPECT_EQ(picture.width(), picture.height());
     EXPECT_GT(drawnPart(picture).height(), 100);
   }
-  const QImage blank(pictures.file(TitleParts::Glyph::none));
+  const QImage blank(pictures.file(TitleGlyph::none));
   ASSERT_FALSE(blank.isNull());
   EXPECT_TRUE(drawnPart(blank).isEmpty());
 }

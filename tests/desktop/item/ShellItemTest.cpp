@@ -44,7 +44,7 @@ TEST(ShellItem, IsThereForTheExtensionAndLearnsItsPlace) {
   waitUntilThere(true);
 
   std::optional<StatusItemClick> told;
-  const ItemContent content{.title = QStringLiteral("Dhuhr 5m"),
+  const ItemContent content{.title = {.text = "Dhuhr 5m", .compact = {}},
                             .action = [&](const auto& click) { told = click; },
                             .menu = {},
                             .hostedMenu = {}};
@@ -53,7 +53,8 @@ TEST(ShellItem, IsThereForTheExtensionAndLearnsItsPlace) {
     const ShellItem item(extension, content, pictures);
     const auto text = answer(shell, "org.freedesktop.DBus.Properties", "Get",
                              {QStringLiteral("org.hilalor.Item"), QStringLiteral("Text")});
-    EXPECT_EQ(text.arguments().value(0).value<QDBusVariant>().variant(), content.title);
+    EXPECT_EQ(text.arguments().value(0).value<QDBusVariant>().variant(),
+              QStringLiteral("Dhuhr 5m"));
     EXPECT_FALSE(item.place());
     answer(shell, "org.hilalor.Item", "Activate", {600, 0, 80, 24});
     EXPECT_EQ(item.place(), (Rect{{600, 0}, {80, 24}}));

@@ -1,5 +1,7 @@
 // The item in the bar, with the titles that a test gives it by lines on the input:
-//   title TEXT         shows it
+//   title GLYPH|TEXT|UPPER|LOWER|MINUTES
+//                      shows that title; GLYPH is "mosque" or nothing, and a square without LOWER a
+//                      calendar's page
 //   whole HEIGHT       prints how wide and high the letters are of the whole title in a bar window
 //                      of that height, in the screen's pixels
 //   square SIDE        the same of the title drawn as a square
@@ -12,6 +14,7 @@
 #include <QSocketNotifier>
 #include <cmath>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include "desktop/item/LinuxStatusBar.hpp"
@@ -41,27 +44,36 @@ class Probe {
     const auto value = space == std::string::npos ? std::string() : line.substr(space + 1);
     if (what == "title") show(value);
     if (what == "whole") print(whole(std::stoi(value)));
-    if (what == "square") print(painter_.compactPicture(title(), std::stoi(value)));
+    if (what == "square") print(painter_.compactPicture(title_, std::stoi(value)));
     if (what == "quit") QApplication::quit();
   }
 
  private:
-  [[nodiscard]] QString title() const { return QString::fromStdString(title_); }
-
-  void show(const std::string& title) {
-    title_ = title;
-    item_->button()->setTitle(title);
+  void show(const std::string& value) {
+    std::istringstream fields(value);
+    const auto field = [&] {
+      std::string text;
+      std::getline(fields, text, '|');
+      return text;
+    };
+    title_.glyph = field() == "mosque" ? TitleGlyph::mosque : TitleGlyph::none;
+    title_.text = field();
+    auto& compact = title_.compact;
+    for (auto* part : {&compact.upper, &compact.lower, &compact.minutes})
+      *part = field();
+    compact.form = compact.lower.empty() ? CompactTitle::Form::page : CompactTitle::Form::lines;
+    item_->button()->setTitle(title_);
   }
 
   [[nodiscard]] QImage whole(int deviceHeight) const {
     const double scale = qApp->devicePixelRatio();
     const int height = static_cast<int>(std::lround(deviceHeight / scale));
-    const QRect rect(0, 0, painter_.naturalWidth(title(), height), height);
+    const QRect rect(0, 0, painter_.naturalWidth(title_, height), height);
     QImage picture((QSizeF(rect.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    painter_.drawTitle(painter, rect, title(), Ink{Qt::black, std::nullopt});
+    painter_.drawTitle(painter, rect, title_, Ink{Qt::black, std::nullopt});
     return picture;
   }
 
@@ -77,7 +89,7 @@ class Probe {
   GlyphPictures pictures_{HILALOR_ITEM_PICTURES};
   ItemPainter painter_{pictures_};
   std::unique_ptr<StatusItem> item_ = bar_.makeItem();
-  std::string title_;
+  ItemTitle title_;
 };
 
 }  // namespace

@@ -173,7 +173,7 @@ TEST_P(HardDayTest, TitleListAndAnnouncementsAgree) {
     // The second of two in a minute was next together with the first.
     if (!minutes.empty() && minutes.back() == before) return;
     minutes.push_back(now);
-    EXPECT_EQ(nextPrayerTitle(course, before), name + " 0m");
+    EXPECT_EQ(nextPrayerTitle(course, before).whole(), name + " 0m");
     EXPECT_THAT(marked(before), ElementsAre(name));
   });
   const Date midnight = *local.date(GetParam().date);
