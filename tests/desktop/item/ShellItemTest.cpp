@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
@@ -51,6 +52,8 @@ TEST(ShellItem, IsThereForTheExtensionAndLearnsItsPlace) {
   const GlyphPictures pictures(HILALOR_ITEM_PICTURES);
   {
     const ShellItem item(extension, content, pictures);
+    while (!shell.interface()->isServiceRegistered(QStringLiteral("org.hilalor.Hilalor.Item")))
+      QCoreApplication::processEvents();
     const auto text = answer(shell, "org.freedesktop.DBus.Properties", "Get",
                              {QStringLiteral("org.hilalor.Item"), QStringLiteral("Text")});
     EXPECT_EQ(text.arguments().value(0).value<QDBusVariant>().variant(),
