@@ -42,8 +42,7 @@ std::vector<std::array<QRect, 4>> bars() {
   std::vector<std::array<QRect, 4>> found;
   const auto server = XConnection::open();
   if (!server) return found;
-  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(server->get())).data;
-  const QSize root(screen->width_in_pixels, screen->height_in_pixels);
+  const QSize root(server->screen().width_in_pixels, server->screen().height_in_pixels);
   for (const xcb_window_t window : server->numbers(server->root(), "_NET_CLIENT_LIST")) {
     const auto strut = server->numbers(window, "_NET_WM_STRUT_PARTIAL");
     if (strut.size() == 12) found.push_back(strutRects(strut, root));
@@ -66,18 +65,6 @@ Rect rect(const QRectF& from) {
   return {{from.x(), from.y()}, {from.width(), from.height()}};
 }
 
-/// The screen's rectangle in the server's pixels; Qt leaves its corner there unscaled.
-QRect nativeFrame(const QScreen& screen) {
-  return {screen.geometry().topLeft(), screen.geometry().size() * screen.devicePixelRatio()};
-}
-
-Rect logical(const QRect& native, const QScreen& screen) {
-  const QPointF corner = screen.geometry().topLeft();
-  const double ratio = screen.devicePixelRatio();
-  return rect(
-      QRectF(corner + (QPointF(native.topLeft()) - corner) / ratio, QSizeF(native.size()) / ratio));
-}
-
 }  // namespace
 
 std::vector<Screen> LinuxScreens::all() const {
@@ -94,7 +81,7 @@ std::vector<Screen> LinuxScreens::all() const {
       QRect visible = frame;
       for (const auto& bar : struts)
         cut(visible, frame, bar);
-      found.visibleFrame = logical(visible, *screen);
+      found.visibleFrame = logicalRect(visible, *screen);
     }
     for (const QRect& area : free) {
       if (screen->geometry().contains(area)) found.visibleFrame = rect(area);

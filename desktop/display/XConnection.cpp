@@ -5,17 +5,6 @@
 #include <QtMath>
 
 namespace Hilalor::Desktop {
-namespace {
-
-const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-  for (; number > 0; --number)
-    xcb_screen_next(&screens);
-  return screens.data;
-}
-
-}  // namespace
-
 std::unique_ptr<XConnection> XConnection::open() {
   if (!isOnX11()) return nullptr;
   int screenNumber = 0;
@@ -30,7 +19,7 @@ std::unique_ptr<XConnection> XConnection::open() {
 XConnection::XConnection(xcb_connection_t* connection, int screenNumber)
     : connection_(connection),
       screenNumber_(screenNumber),
-      screen_(screenOf(connection, screenNumber)) {}
+      screen_(screenNumbered(connection, screenNumber)) {}
 
 XConnection::~XConnection() {
   *isAlive_ = false;
@@ -47,23 +36,12 @@ xcb_atom_t XConnection::atom(std::string_view name) const {
 
 std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window,
                                                 std::string_view property) const {
-  return values<std::uint32_t>(window, property);
+  return Xcb::values<std::uint32_t>(connection_, window, atom(property));
 }
 
 std::string XConnection::text(xcb_window_t window, std::string_view property) const {
-  const auto bytes = values<char>(window, property);
+  const auto bytes = Xcb::values<char>(connection_, window, atom(property));
   return {bytes.begin(), bytes.end()};
-}
-
-template <typename Value>
-std::vector<Value> XConnection::values(xcb_window_t window, std::string_view property) const {
-  constexpr std::uint32_t kMost = 4096;
-  const auto cookie =
-      xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
-  const auto reply = Xcb::answer(xcb_get_property_reply, connection_, cookie);
-  if (!reply || reply->format != 8 * sizeof(Value)) return {};
-  const auto* first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
-  return {first, first + reply->value_len};
 }
 
 void XConnection::watch(std::function<void(const xcb_generic_event_t&)> handler) {
@@ -86,6 +64,13 @@ void XConnection::readEvents() {
   if (*isAlive && xcb_connection_has_error(connection_) != 0) notifier_->setEnabled(false);
 }
 
+const xcb_screen_t* screenNumbered(xcb_connection_t* connection, int number) {
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+  for (; screens.rem > 1 && number > 0; --number)
+    xcb_screen_next(&screens);
+  return screens.data;
+}
+
 bool isOnX11() {
   // Qt's platform without a display has the interface, and no connection.
   const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -101,19 +86,22 @@ Point logicalPoint(double x, double y) {
 }
 
 Rect logicalRect(const QRectF& native) {
-  const QPointF at = native.topLeft();
   const QPoint middle(qFloor(native.center().x()), qFloor(native.center().y()));
-  // Qt keeps a screen's corner in the server's pixels and scales what lies within.
   for (const QScreen* screen : QGuiApplication::screens()) {
-    const double ratio = screen->devicePixelRatio();
-    const QPointF corner = screen->geometry().topLeft();
-    const QRect whole(screen->geometry().topLeft(), screen->geometry().size() * ratio);
-    if (!whole.contains(middle)) continue;
-    return {
-        {corner.x() + (at.x() - corner.x()) / ratio, corner.y() + (at.y() - corner.y()) / ratio},
-        {native.width() / ratio, native.height() / ratio}};
+    if (nativeFrame(*screen).contains(middle)) return logicalRect(native, *screen);
   }
-  return {{at.x(), at.y()}, {native.width(), native.height()}};
+  return {{native.x(), native.y()}, {native.width(), native.height()}};
+}
+
+Rect logicalRect(const QRectF& native, const QScreen& screen) {
+  const double ratio = screen.devicePixelRatio();
+  const QPointF corner = screen.geometry().topLeft();
+  const QPointF origin = corner + (native.topLeft() - corner) / ratio;
+  return {{origin.x(), origin.y()}, {native.width() / ratio, native.height() / ratio}};
+}
+
+QRect nativeFrame(const QScreen& screen) {
+  return {screen.geometry().topLeft(), screen.geometry().size() * screen.devicePixelRatio()};
 }
 
 }  // namespace Hilalor::Desktop

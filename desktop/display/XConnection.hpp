@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <QRect>
 #include <QRectF>
 #include <QSocketNotifier>
 #include <cstdint>
@@ -13,6 +14,8 @@
 
 #include "desktop/display/Xcb.hpp"
 #include "platform/Geometry.hpp"
+
+class QScreen;
 
 namespace Hilalor::Desktop {
 
@@ -28,6 +31,7 @@ class XConnection {
   XConnection& operator=(const XConnection&) = delete;
 
   [[nodiscard]] xcb_connection_t* get() const { return connection_; }
+  [[nodiscard]] const xcb_screen_t& screen() const { return *screen_; }
   [[nodiscard]] xcb_window_t root() const { return screen_->root; }
   [[nodiscard]] int screenNumber() const { return screenNumber_; }
 
@@ -48,9 +52,6 @@ class XConnection {
   XConnection(xcb_connection_t* connection, int screenNumber);
   void readEvents();
 
-  template <typename Value>
-  [[nodiscard]] std::vector<Value> values(xcb_window_t window, std::string_view property) const;
-
   xcb_connection_t* connection_;
   int screenNumber_;
   const xcb_screen_t* screen_;
@@ -58,6 +59,9 @@ class XConnection {
   std::unique_ptr<QSocketNotifier> notifier_;
   std::shared_ptr<bool> isAlive_ = std::make_shared<bool>(true);
 };
+
+/// The display's screen of that number.
+[[nodiscard]] const xcb_screen_t* screenNumbered(xcb_connection_t* connection, int number);
 
 /// Whether the program is on X11.
 [[nodiscard]] bool isOnX11();
@@ -70,5 +74,9 @@ class XConnection {
 
 /// The logical rectangle of one in the X server's pixels, by the screen that its middle is on.
 [[nodiscard]] Rect logicalRect(const QRectF& native);
+[[nodiscard]] Rect logicalRect(const QRectF& native, const QScreen& screen);
+
+/// The screen's rectangle in the server's pixels; Qt leaves its corner there unscaled.
+[[nodiscard]] QRect nativeFrame(const QScreen& screen);
 
 }  // namespace Hilalor::Desktop

@@ -2,8 +2,10 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace Hilalor::Desktop::Xcb {
 
@@ -28,6 +30,19 @@ template <typename Reply, typename Cookie>
   Owned<Reply> answered(reply(connection, request, &error));
   const Owned<xcb_generic_error_t> failure(error);
   return answered;
+}
+
+/// The window's property as values of that size; empty where it has none.
+template <typename Value>
+[[nodiscard]] std::vector<Value> values(xcb_connection_t* connection, xcb_window_t window,
+                                        xcb_atom_t property) {
+  constexpr std::uint32_t kMost = 4096;
+  const auto request =
+      xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
+  const auto reply = answer(xcb_get_property_reply, connection, request);
+  if (!reply || reply->format != 8 * sizeof(Value)) return {};
+  const auto* first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+  return {first, first + reply->value_len};
 }
 
 }  // namespace Hilalor::Desktop::Xcb

@@ -5,22 +5,12 @@
 #include <cstring>
 #include <string>
 
-#include "desktop/display/Xcb.hpp"
+#include "desktop/display/XConnection.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
 
 constexpr std::uint32_t kRequestDock = 0;
-/// A property longer than this many 32-bit values is not one of ours.
-constexpr std::uint32_t kLongestProperty = 64;
-
-const xcb_screen_t* screenNumbered(xcb_connection_t* connection, int number) {
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-  for (; screens.rem > 1 && number > 0; --number) {
-    xcb_screen_next(&screens);
-  }
-  return screens.data;
-}
 
 int defaultScreenNumber() {
   char* host = nullptr;
@@ -45,9 +35,8 @@ std::uint8_t depthOf(const xcb_screen_t& screen, xcb_visualid_t visual) {
 }  // namespace
 
 std::unique_ptr<SystemTray> SystemTray::ofDisplay() {
-  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr || x11->connection() == nullptr) return nullptr;
-  xcb_connection_t* connection = x11->connection();
+  if (!isOnX11()) return nullptr;
+  xcb_connection_t* connection = qtConnection();
   const int number = defaultScreenNumber();
   std::unique_ptr<SystemTray> tray(new SystemTray(  // NOLINT: the constructor is private
       connection, *screenNumbered(connection, number), internAtoms(connection, number)));
@@ -102,12 +91,12 @@ bool SystemTray::hasWindowManager() const {
 }
 
 bool SystemTray::isTransparent() const {
-  const auto visual = managerProperty(atoms_.visual);
+  const auto visual = Xcb::values<std::uint32_t>(connection_, manager_, atoms_.visual);
   return visual.size() == 1 && depthOf(screen_, visual.front()) == 32;
 }
 
 std::optional<QColor> SystemTray::textColour() const {
-  const auto colours = managerProperty(atoms_.colours);
+  const auto colours = Xcb::values<std::uint32_t>(connection_, manager_, atoms_.colours);
   // Red, green and blue of 16 bits each for text, error, warning and success.
   if (colours.size() != 12) return std::nullopt;
   const auto channel = [&](std::size_t i) { return static_cast<int>((colours[i] >> 8U) & 0xFFU); };
@@ -185,17 +174,6 @@ const Signal<>* SystemTray::signalOf(const xcb_generic_event_t& event) const {
     default:
       return nullptr;
   }
-}
-
-std::vector<std::uint32_t> SystemTray::managerProperty(xcb_atom_t name) const {
-  const auto reply = Xcb::answer(xcb_get_property_reply, connection_,
-                                 xcb_get_property(connection_, 0, manager_, name,
-                                                  XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestProperty));
-  if (!reply || reply->format != 32) return {};
-  std::vector<std::uint32_t> values(reply->value_len);
-  std::memcpy(values.data(), xcb_get_property_value(reply.get()),
-              values.size() * sizeof(std::uint32_t));
-  return values;
 }
 
 }  // namespace Hilalor::Desktop

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "desktop/item/DockedWindow.hpp"
 #include "platform/Signal.hpp"
@@ -63,7 +62,6 @@ class SystemTray : public QAbstractNativeEventFilter {
   void findManager();
   void tellLater(const Signal<>& signal);
   [[nodiscard]] const Signal<>* signalOf(const xcb_generic_event_t& event) const;
-  [[nodiscard]] std::vector<std::uint32_t> managerProperty(xcb_atom_t name) const;
 
   xcb_connection_t* connection_;
   const xcb_screen_t& screen_;
