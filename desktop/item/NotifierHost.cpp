@@ -1,28 +1,20 @@
 #include "desktop/item/NotifierHost.hpp"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
-#include <functional>
 #include <utility>
+
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
 
 const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kPath = QStringLiteral("/StatusNotifierWatcher");
-const QString kBusService = QStringLiteral("org.freedesktop.DBus");
-const QString kBusPath = QStringLiteral("/org/freedesktop/DBus");
-
-QDBusMessage busCall(const QString& method, const QString& argument) {
-  auto call = QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, method);
-  call << argument;
-  return call;
-}
 
 QDBusMessage propertyCall(const char* property) {
   auto call = QDBusMessage::createMethodCall(
@@ -42,17 +34,6 @@ QString processName(uint process) {
 bool names(const QStringList& items, const QString& connection) {
   const QRegularExpression name(QRegularExpression::escape(connection) + QStringLiteral("(?!\\d)"));
   return !items.filter(name).isEmpty();
-}
-
-/// Calls back with the reply, good or bad, unless the receiver has gone.
-void whenAnswered(const QDBusPendingCall& call, QObject* receiver,
-                  std::function<void(const QDBusPendingCall&)> answer) {
-  auto* watcher = new QDBusPendingCallWatcher(call, receiver);  // NOLINT: the receiver owns it
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, receiver,
-                   [answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
-                     finished->deleteLater();
-                     answer(*finished);
-                   });
 }
 
 }  // namespace
@@ -75,7 +56,7 @@ void NotifierHost::begin() {
   for (const auto* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
     connection.connect({}, kPath, kService, QLatin1String(signal), this, SLOT(askIfItShows()));
   }
-  const auto call = connection.asyncCall(busCall(QStringLiteral("GetNameOwner"), kService));
+  const auto call = connection.asyncCall(busCall("GetNameOwner", {kService}));
   whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
     const QDBusPendingReply<QString> owner = answer;
     if (generation == generation_) find(owner.isError() ? QString() : owner.value());
@@ -86,8 +67,7 @@ void NotifierHost::find(const QString& owner) {
   ++generation_;
   if (owner.isEmpty()) return setState(State::absent);
   if (state_ == State::present) setState(State::absent);
-  const auto call =
-      bus_.connection()->asyncCall(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner));
+  const auto call = bus_.connection()->asyncCall(busCall("GetConnectionUnixProcessID", {owner}));
   whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
     if (generation != generation_) return;
     const QDBusPendingReply<uint> process = answer;

@@ -1,9 +1,9 @@
 #include "desktop/item/ShellExtension.hpp"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <utility>
+
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -24,17 +24,12 @@ void ShellExtension::begin() {
   watcher_ = std::make_unique<QDBusServiceWatcher>(kName, *bus_.connection());
   connect(watcher_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
           [this](const QString&, const QString&, const QString& owner) { find(owner); });
-  auto call = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-  call << kName;
   // Goes with the watcher, so that it is not heard after a change of the bus.
-  auto* answer = new QDBusPendingCallWatcher(bus_.connection()->asyncCall(call), watcher_.get());
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-    const QDBusPendingReply<bool> hasOwner = *answer;
-    answer->deleteLater();
-    if (!hasOwner.isError()) setThere(hasOwner.value());
-  });
+  whenAnswered(bus_.connection()->asyncCall(busCall("NameHasOwner", {kName})), watcher_.get(),
+               [this](const QDBusPendingCall& answer) {
+                 const QDBusPendingReply<bool> hasOwner = answer;
+                 if (!hasOwner.isError()) setThere(hasOwner.value());
+               });
 }
 
 void ShellExtension::find(const QString& owner) {

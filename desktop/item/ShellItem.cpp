@@ -4,6 +4,7 @@
 #include <QDBusPendingCall>
 
 #include "desktop/display/XConnection.hpp"
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -31,21 +32,13 @@ ShellItem::ShellItem(ShellExtension& extension, const ItemContent& content,
                              QDBusConnection::ExportAllProperties |
                                  QDBusConnection::ExportAllSlots |
                                  QDBusConnection::ExportAllSignals);
-  callBus(QStringLiteral("RequestName"), {kName, kDoNotQueue});
+  connection_.asyncCall(busCall("RequestName", {kName, kDoNotQueue}));
 }
 
 ShellItem::~ShellItem() {
   connection_.unregisterObject(kItemPath);
   connection_.unregisterObject(kMenuPath);
-  callBus(QStringLiteral("ReleaseName"), {kName});
-}
-
-void ShellItem::callBus(const QString& method, const QVariantList& arguments) {
-  auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                             QStringLiteral("/org/freedesktop/DBus"),
-                                             QStringLiteral("org.freedesktop.DBus"), method);
-  call.setArguments(arguments);
-  connection_.asyncCall(call);
+  connection_.asyncCall(busCall("ReleaseName", {kName}));
 }
 
 void ShellItem::titleChanged() {

@@ -41,7 +41,6 @@ class ShellItem : public QObject, public ItemPresence {
   void Place(int x, int y, int width, int height);
 
  private:
-  void callBus(const QString& method, const QVariantList& arguments);
   void tell(StatusItemClick::Button button) const;
 
   QDBusConnection connection_;

@@ -1,13 +1,13 @@
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QVariantMap>
 #include <limits>
 #include <utility>
 
 #include "desktop/process/ProgramId.hpp"
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -60,18 +60,15 @@ void LinuxNotificationCenter::authorizationStatus(Answer answer) {
 }
 
 void LinuxNotificationCenter::ask(const QDBusConnection& bus, Answer answer) {
-  auto* call = new QDBusPendingCallWatcher(bus.asyncCall(callTo(QStringLiteral("GetCapabilities")),
-                                                         static_cast<int>(answersWithin_.count())),
-                                           &calls_);
-  QObject::connect(call, &QDBusPendingCallWatcher::finished, &calls_,
-                   [this, answer = std::move(answer)](QDBusPendingCallWatcher* finished) {
-                     const QDBusPendingReply<QStringList> reply = *finished;
-                     finished->deleteLater();
-                     capabilities_ = reply.isValid() ? reply.value() : QStringList();
-                     if (!reply.isValid()) return deny(answer);
-                     expectService();
-                     answer(NotificationAuthorization::authorized);
-                   });
+  const auto call = bus.asyncCall(callTo(QStringLiteral("GetCapabilities")),
+                                  static_cast<int>(answersWithin_.count()));
+  whenAnswered(call, &calls_, [this, answer = std::move(answer)](const QDBusPendingCall& answered) {
+    const QDBusPendingReply<QStringList> reply = answered;
+    capabilities_ = reply.isValid() ? reply.value() : QStringList();
+    if (!reply.isValid()) return deny(answer);
+    expectService();
+    answer(NotificationAuthorization::authorized);
+  });
 }
 
 void LinuxNotificationCenter::expectService() {

@@ -2,9 +2,9 @@
 
 #include <QApplication>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+#include "desktop/session/BusCall.hpp"
 #include "ui/Colors.hpp"
 
 namespace Hilalor::Desktop {
@@ -37,11 +37,9 @@ void ColorSchemeSetting::ask() {
   QDBusMessage read =
       QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
   read << kGroup << kKey;
-  auto* answer = new QDBusPendingCallWatcher(bus->asyncCall(read), this);
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [](QDBusPendingCallWatcher* call) {
-    const QDBusPendingReply<QDBusVariant> reply = *call;
+  whenAnswered(bus->asyncCall(read), this, [](const QDBusPendingCall& answer) {
+    const QDBusPendingReply<QDBusVariant> reply = answer;
     if (!reply.isError()) apply(reply.value().variant());
-    call->deleteLater();
   });
 }
 

@@ -1,12 +1,11 @@
 #include "desktop/place/GeoClueLocationService.hpp"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QStringList>
 #include <utility>
 
 #include "desktop/process/ProgramId.hpp"
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -15,12 +14,6 @@ const QString kService = QStringLiteral("org.freedesktop.GeoClue2");
 
 // Some desktops do not keep the answer and ask the user each time. Twice is enough.
 constexpr int kRefusalsToRespect = 2;
-
-QDBusMessage activatableNames() {
-  return QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ListActivatableNames"));
-}
 
 AuthorizationStatus statusAfter(GeoClueAnswer answer) {
   switch (answer) {
@@ -122,14 +115,13 @@ void GeoClueLocationService::serviceAppeared() {
 void GeoClueLocationService::serviceVanished() {
   if (session_) session_->serviceVanished();
   // A service that the bus starts when it is called goes whenever it is idle.
-  auto* names = new QDBusPendingCallWatcher(bus_.asyncCall(activatableNames()), watcher_.get());
-  QObject::connect(names, &QDBusPendingCallWatcher::finished, watcher_.get(), [this, names] {
-    names->deleteLater();
-    const QDBusPendingReply<QStringList> reply = *names;
-    if (!session_ && !reply.value().contains(kService)) {
-      setStatus(AuthorizationStatus::restricted);
-    }
-  });
+  whenAnswered(bus_.asyncCall(busCall("ListActivatableNames")), watcher_.get(),
+               [this](const QDBusPendingCall& answer) {
+                 const QDBusPendingReply<QStringList> names = answer;
+                 if (!session_ && !names.value().contains(kService)) {
+                   setStatus(AuthorizationStatus::restricted);
+                 }
+               });
 }
 
 void GeoClueLocationService::setStatus(AuthorizationStatus status) {

@@ -2,10 +2,11 @@
 
 #include <QDBusArgument>
 #include <QDBusError>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <limits>
 #include <utility>
+
+#include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -67,11 +68,10 @@ void GeoClueSession::serviceVanished() {
 }
 
 void GeoClueSession::call(const QDBusMessage& message, Reply handle) {
-  auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(message, kNoTimeout), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, handle] {
-    watcher->deleteLater();
-    if (!hasEnded_) (this->*handle)(watcher->reply());
-  });
+  whenAnswered(bus_.asyncCall(message, kNoTimeout), this,
+               [this, handle](const QDBusPendingCall& answer) {
+                 if (!hasEnded_) (this->*handle)(answer.reply());
+               });
 }
 
 void GeoClueSession::clientArrived(const QDBusMessage& reply) {

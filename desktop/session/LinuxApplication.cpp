@@ -9,7 +9,6 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -22,6 +21,7 @@
 #include <utility>
 
 #include "desktop/process/ProgramId.hpp"
+#include "desktop/session/BusCall.hpp"
 #include "desktop/session/BusProbe.hpp"
 
 namespace Hilalor::Desktop {
@@ -143,16 +143,12 @@ void LinuxApplication::takeNameOn(QDBusConnection bus) {
   constexpr uint kIsTaken = 3;
   named_ = bus;
   bus.registerObject(kBusPath, this);
-  auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                "org.freedesktop.DBus", "RequestName");
-  request << kProgramId << kDoNotQueue;
-  auto* call = new QDBusPendingCallWatcher(bus.asyncCall(request), this);
-  QObject::connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-    const QDBusPendingReply<uint> reply = *call;
-    call->deleteLater();
-    // Two copies would announce every prayer twice.
-    if (reply.isValid() && reply.value() == kIsTaken) terminate();
-  });
+  whenAnswered(bus.asyncCall(busCall("RequestName", {kProgramId, kDoNotQueue})), this,
+               [this](const QDBusPendingCall& answer) {
+                 const QDBusPendingReply<uint> reply = answer;
+                 // Two copies would announce every prayer twice.
+                 if (reply.isValid() && reply.value() == kIsTaken) terminate();
+               });
 }
 
 void LinuxApplication::terminate() {
