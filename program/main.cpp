@@ -27,6 +27,7 @@
 #include "desktop/session/SessionBus.hpp"
 #include "desktop/sound/LinuxSoundService.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
+#include "desktop/store/UserFolders.hpp"
 #include "platform/Platform.hpp"
 #include "program/ScreenSurfaces.hpp"
 #include "program/SharedObjects.hpp"

@@ -9,8 +9,4 @@ namespace Hilalor::Desktop {
 /// moved; a program that is not installed uses the source tree's.
 [[nodiscard]] std::filesystem::path resourceFolder();
 
-/// The folder of the user's own data for all programs: XDG_DATA_HOME where it is an absolute path,
-/// else ".local/share" in the home folder.
-[[nodiscard]] std::filesystem::path userDataFolder();
-
 }  // namespace Hilalor::Desktop

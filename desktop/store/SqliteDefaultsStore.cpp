@@ -1,16 +1,13 @@
 #include "desktop/store/SqliteDefaultsStore.hpp"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <system_error>
 #include <type_traits>
 #include <utility>
 
 #include "desktop/store/SetAside.hpp"
+#include "desktop/store/UserFolders.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -27,18 +24,6 @@ constexpr std::int64_t kLongLog = 4 * 1024 * 1024;
 
 constexpr Seconds kFirstRetry{1};
 constexpr Seconds kLongestRetry{64};
-
-std::filesystem::path absolutePath(const char* variable) {
-  const char* text = std::getenv(variable);
-  const std::filesystem::path path(text != nullptr ? text : "");
-  return path.is_absolute() ? path : std::filesystem::path();
-}
-
-std::filesystem::path homeFolder() {
-  if (auto home = absolutePath("HOME"); !home.empty()) return home;
-  const passwd* user = getpwuid(getuid());
-  return user != nullptr ? user->pw_dir : "/";
-}
 
 DefaultsContent part(const DefaultsContent& content, const UnwrittenPlaces& places) {
   DefaultsContent found;
@@ -60,9 +45,7 @@ bool hasLongText(const DefaultsContent& content, const UnwrittenPlaces& places) 
 }  // namespace
 
 std::filesystem::path SqliteDefaultsStore::userFile() {
-  auto folder = absolutePath("XDG_CONFIG_HOME");
-  if (folder.empty()) folder = homeFolder() / ".config";
-  return folder / "hilalor" / "defaults.sqlite";
+  return userConfigFolder() / "hilalor" / "defaults.sqlite";
 }
 
 SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file, RunLoop& loop)

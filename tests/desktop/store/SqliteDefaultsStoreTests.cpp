@@ -189,16 +189,5 @@ TEST_F(SqliteDefaultsStoreTest, WritesLaterWhatAnotherProgramsLockHoldsUp) {
   EXPECT_THAT(open()->string("key"), Optional("new"s));
 }
 
-TEST_F(SqliteDefaultsStoreTest, LiesUnderTheXdgConfigHome) {
-  setenv("XDG_CONFIG_HOME", "/somewhere/config", 1);
-  EXPECT_EQ(SqliteDefaultsStore::userFile(), "/somewhere/config/hilalor/defaults.sqlite");
-  setenv("XDG_CONFIG_HOME", "not/absolute", 1);
-  setenv("HOME", "/home/someone", 1);
-  EXPECT_EQ(SqliteDefaultsStore::userFile(), "/home/someone/.config/hilalor/defaults.sqlite");
-  unsetenv("XDG_CONFIG_HOME");
-  unsetenv("HOME");
-  EXPECT_TRUE(SqliteDefaultsStore::userFile().is_absolute());
-}
-
 }  // namespace
 }  // namespace Hilalor::Desktop
