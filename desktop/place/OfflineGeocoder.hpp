@@ -24,9 +24,6 @@ class OfflineGeocoder final : public Geocoder {
   /// in territorial waters the country and its time zone alone.
   void reverseGeocode(LocationCoordinate coordinate, Answer answer) override;
 
-  /// The places to search by name; null where there are no data.
-  [[nodiscard]] const PlaceDatabase* places() const { return places_ ? &*places_ : nullptr; }
-
  private:
   [[nodiscard]] std::vector<Placemark> placemarks(LocationCoordinate coordinate) const;
 
