@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <optional>
 #include <string_view>
+
+#include "Adhan/Models/RawValue.hpp"
 
 namespace Hilalor {
 
@@ -41,21 +41,28 @@ enum class AthanVoice { none, vemran, tolsar };
 /// Light or dark, or as the desktop is.
 enum class AppTheme { system, light, dark };
 
-/// The strings that stand for an enumeration's cases in the store, in the order of declaration.
-template <typename Enumeration>
-inline constexpr std::array<std::string_view, 0> kRawValues{};
+using Adhan::allCases;
+using Adhan::fromRawValue;
+using Adhan::rawValue;
+
+}  // namespace Hilalor
+
+// The strings that stand for the cases in the store.
+namespace Adhan {
 
 template <>
-inline constexpr std::array<std::string_view, 3> kRawValues<MenuBarStyle>{"emoji", "date",
-                                                                          "nextPrayer"};
+inline constexpr std::array<std::string_view, 3> kRawValues<Hilalor::MenuBarStyle>{"emoji", "date",
+                                                                                   "nextPrayer"};
 template <>
-inline constexpr std::array<std::string_view, 2> kRawValues<PrimaryCalendar>{"gregorian", "hijri"};
+inline constexpr std::array<std::string_view, 2> kRawValues<Hilalor::PrimaryCalendar>{"gregorian",
+                                                                                      "hijri"};
 
 template <>
-inline constexpr std::array<std::string_view, 2> kRawValues<LocationMode>{"automatic", "manual"};
+inline constexpr std::array<std::string_view, 2> kRawValues<Hilalor::LocationMode>{"automatic",
+                                                                                   "manual"};
 
 template <>
-inline constexpr std::array<std::string_view, 12> kRawValues<PrayerCalculationMethod>{
+inline constexpr std::array<std::string_view, 12> kRawValues<Hilalor::PrayerCalculationMethod>{
     "ummAlQura",    "muslimWorldLeague",
     "egyptian",     "karachi",
     "dubai",        "moonsightingCommittee",
@@ -64,37 +71,15 @@ inline constexpr std::array<std::string_view, 12> kRawValues<PrayerCalculationMe
     "tehran",       "turkey"};
 
 template <>
-inline constexpr std::array<std::string_view, 2> kRawValues<AsrCalculation>{"shafi", "hanafi"};
+inline constexpr std::array<std::string_view, 2> kRawValues<Hilalor::AsrCalculation>{"shafi",
+                                                                                     "hanafi"};
 
 template <>
-inline constexpr std::array<std::string_view, 3> kRawValues<AthanVoice>{"none", "vemran", "tolsar"};
+inline constexpr std::array<std::string_view, 3> kRawValues<Hilalor::AthanVoice>{"none", "vemran",
+                                                                                 "tolsar"};
 
 template <>
-inline constexpr std::array<std::string_view, 3> kRawValues<AppTheme>{"system", "light", "dark"};
+inline constexpr std::array<std::string_view, 3> kRawValues<Hilalor::AppTheme>{"system", "light",
+                                                                               "dark"};
 
-/// Every case in the order of declaration.
-template <typename Enumeration>
-[[nodiscard]] constexpr auto allCases() {
-  std::array<Enumeration, kRawValues<Enumeration>.size()> cases{};
-  for (std::size_t index = 0; index < cases.size(); ++index) {
-    cases[index] = static_cast<Enumeration>(index);
-  }
-  return cases;
-}
-
-/// The string that stands for the case in the store.
-template <typename Enumeration>
-[[nodiscard]] constexpr std::string_view rawValue(Enumeration value) {
-  return kRawValues<Enumeration>[static_cast<std::size_t>(value)];
-}
-
-/// The case of exactly that string, letter case included; none for any other.
-template <typename Enumeration>
-[[nodiscard]] constexpr std::optional<Enumeration> fromRawValue(std::string_view string) {
-  for (const auto value : allCases<Enumeration>()) {
-    if (rawValue(value) == string) return value;
-  }
-  return std::nullopt;
-}
-
-}  // namespace Hilalor
+}  // namespace Adhan
