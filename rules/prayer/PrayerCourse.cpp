@@ -38,7 +38,7 @@ std::vector<PrayerDay> daysAround(SolarDays& days, Date from, Date until) {
 PrayerCourse::PrayerCourse(const AppSettings& settings) : settings_(settings) {}
 
 SolarDays& PrayerCourse::days(const EffectiveLocation& place) const {
-  const Adhan::Coordinates coordinates{place.latitude, place.longitude};
+  const auto coordinates = adhanCoordinates(place);
   const auto parameters = PrayerTimesCalculator::parameters(settings_);
   if (!days_ || !days_->areOf(coordinates, parameters)) days_.emplace(coordinates, parameters);
   return *days_;

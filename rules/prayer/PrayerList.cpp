@@ -1,10 +1,7 @@
 #include "rules/prayer/PrayerList.hpp"
 
-#include <string_view>
-
 #include "datetime/Calendar.hpp"
 #include "datetime/DateFormatter.hpp"
-#include "rules/prayer/PrayerTimesCalculator.hpp"
 
 namespace Hilalor {
 namespace {
@@ -12,19 +9,18 @@ namespace {
 std::vector<PrayerRow> prayerRows(const PrayerDay& day, const std::optional<CalledPrayer>& active,
                                   Date now, const DateFormatter& timeFormatter, bool showSunnah) {
   std::vector<PrayerRow> rows;
-  const auto add = [&](std::string_view name, Date time) -> PrayerRow& {
-    return rows.emplace_back(PrayerRow{.name = std::string(name),
-                                       .time = timeFormatter.string(time),
-                                       .isPast = day.isPast(time, now)});
+  const auto add = [&](ListedTime listed, Date time) -> PrayerRow& {
+    return rows.emplace_back(PrayerRow{
+        .listed = listed, .time = timeFormatter.string(time), .isPast = day.isPast(time, now)});
   };
   for (const auto prayer : Adhan::allCases<Adhan::Prayer>()) {
     const auto time = day.time(prayer);
-    if (time) add(displayName(prayer), *time).isActive = active == CalledPrayer{prayer, *time};
+    if (time) add(listed(prayer), *time).isActive = active == CalledPrayer{prayer, *time};
   }
   const auto sunnah = showSunnah ? day.sunnahTimes() : std::nullopt;
   if (sunnah) {
-    add("Middle of Night", sunnah->middleOfTheNight).isSunnah = true;
-    add("Last Third", sunnah->lastThirdOfTheNight).isSunnah = true;
+    add(ListedTime::middleOfTheNight, sunnah->middleOfTheNight);
+    add(ListedTime::lastThirdOfTheNight, sunnah->lastThirdOfTheNight);
   }
   return rows;
 }

@@ -4,17 +4,17 @@
 #include <vector>
 
 #include "datetime/Date.hpp"
+#include "rules/prayer/ListedTime.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 
 namespace Hilalor {
 
 /// One line of the prayer list, as it is written.
 struct PrayerRow {
-  std::string name;  ///< "Maghrib"
+  ListedTime listed = ListedTime::fajr;
   std::string time;  ///< "05:12 PM"
   bool isActive = false;
   bool isPast = false;
-  bool isSunnah = false;
 
   friend bool operator==(const PrayerRow&, const PrayerRow&) = default;
 };

@@ -36,18 +36,12 @@ const MethodEntry& entryOf(PrayerCalculationMethod setting) {
   return kMethods[static_cast<std::size_t>(setting)];
 }
 
-constexpr std::array<std::string_view, Adhan::kCaseCount<Adhan::Prayer>> kPrayerNames{
-    "Fajr", "Sunrise", "Dhuhr", "Asr", "Maghrib", "Isha"};
-
-PrayerTime row(std::string_view name, Date time) {
-  return {.id = Uuid::random(), .name = std::string(name), .time = time};
-}
-
-void addSunnahRows(const Adhan::SunnahTimes& sunnah, std::vector<PrayerTime>& rows) {
-  rows.push_back(row("Middle of Night", sunnah.middleOfTheNight));
-  rows.back().isSunnah = true;
-  rows.push_back(row("Last Third", sunnah.lastThirdOfTheNight));
-  rows.back().isSunnah = true;
+PrayerTime row(ListedTime listed, Date time) {
+  return {.id = Uuid::random(),
+          .name = std::string(displayName(listed)),
+          .time = time,
+          .isSunrise = listed == ListedTime::sunrise,
+          .isSunnah = isSunnah(listed)};
 }
 
 }  // namespace
@@ -58,10 +52,6 @@ Adhan::CalculationMethod adhanMethod(PrayerCalculationMethod method) {
 
 std::string_view displayName(PrayerCalculationMethod method) {
   return entryOf(method).displayName;
-}
-
-std::string_view displayName(Adhan::Prayer prayer) {
-  return kPrayerNames[static_cast<std::size_t>(prayer)];
 }
 
 Adhan::CalculationParameters PrayerTimesCalculator::parameters(const AppSettings& settings) {
@@ -81,12 +71,12 @@ std::vector<PrayerTime> PrayerTimesCalculator::calculate(Date date, double latit
   std::vector<PrayerTime> rows;
   if (!times) return rows;
   rows.reserve(8);
-  for (const auto prayer : Adhan::allCases<Adhan::Prayer>()) {
-    rows.push_back(row(displayName(prayer), times->time(prayer)));
-    rows.back().isSunrise = prayer == Adhan::Prayer::sunrise;
+  for (const auto prayer : Adhan::allCases<Adhan::Prayer>())
+    rows.push_back(row(listed(prayer), times->time(prayer)));
+  if (const auto sunnah = showSunnah ? Adhan::SunnahTimes::make(*times) : std::nullopt) {
+    rows.push_back(row(ListedTime::middleOfTheNight, sunnah->middleOfTheNight));
+    rows.push_back(row(ListedTime::lastThirdOfTheNight, sunnah->lastThirdOfTheNight));
   }
-  const auto sunnah = showSunnah ? Adhan::SunnahTimes::make(*times) : std::nullopt;
-  if (sunnah) addSunnahRows(*sunnah, rows);
   return rows;
 }
 

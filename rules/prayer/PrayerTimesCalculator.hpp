@@ -7,10 +7,12 @@
 
 #include "Adhan/Models/CalculationMethod.hpp"
 #include "Adhan/Models/CalculationParameters.hpp"
-#include "Adhan/Models/Prayer.hpp"
+#include "Adhan/Models/Coordinates.hpp"
 #include "datetime/Date.hpp"
 #include "datetime/TimeZone.hpp"
+#include "platform/LocationService.hpp"
 #include "rules/calendar/Uuid.hpp"
+#include "rules/prayer/ListedTime.hpp"
 #include "rules/settings/AppSettings.hpp"
 #include "rules/settings/SettingsValues.hpp"
 
@@ -28,11 +30,13 @@ struct PrayerTime {
 /// The engine's method of that preference.
 [[nodiscard]] Adhan::CalculationMethod adhanMethod(PrayerCalculationMethod method);
 
+/// The place as the engine has it.
+[[nodiscard]] constexpr Adhan::Coordinates adhanCoordinates(LocationCoordinate place) {
+  return {place.latitude, place.longitude};
+}
+
 /// What the settings screen calls the method: "Umm Al-Qura, Makkah".
 [[nodiscard]] std::string_view displayName(PrayerCalculationMethod method);
-
-/// What the screens, the title and the banners call it: "Fajr".
-[[nodiscard]] std::string_view displayName(Adhan::Prayer prayer);
 
 /// From the user's preferences to the engine and back to named rows, for a date as the engine has
 /// it. What the program shows and calls is chosen from the engine's days by `PrayerCourse`.

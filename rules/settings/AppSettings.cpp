@@ -7,7 +7,8 @@ namespace Hilalor {
 namespace {
 
 EffectiveLocation fallbackLocation() {
-  return {24.6877, 46.7219, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
+  return {
+      {24.6877, 46.7219}, "Riyadh", TimeZone::named("Asia/Riyadh").value_or(TimeZone::current())};
 }
 
 bool isSound(const std::filesystem::path& file) {
@@ -28,13 +29,18 @@ EffectiveLocation AppSettings::effectiveLocation() const {
   return locationMode == LocationMode::manual ? manualLocation() : automaticLocation();
 }
 
-EffectiveLocation AppSettings::manualLocation() const {
+std::optional<LocationCoordinate> AppSettings::manualCoordinate() const {
+  const LocationCoordinate stored{manualLatitude, manualLongitude};
   // The Gulf of Guinea, where nobody lives: the place was never set.
-  if (manualLatitude == 0.0 && manualLongitude == 0.0) return fallbackLocation();
+  return stored != LocationCoordinate{} ? std::optional(stored) : std::nullopt;
+}
+
+EffectiveLocation AppSettings::manualLocation() const {
+  const auto coordinate = manualCoordinate();
+  if (!coordinate) return fallbackLocation();
   const auto zone = TimeZone::named(manualTimeZoneId.value());
   const auto& name = manualLocationName.value();
-  return {manualLatitude, manualLongitude, name.empty() ? "Custom Location" : name,
-          zone ? *zone : TimeZone::current()};
+  return {*coordinate, name.empty() ? "Custom Location" : name, zone ? *zone : TimeZone::current()};
 }
 
 EffectiveLocation AppSettings::automaticLocation() const {
@@ -43,7 +49,7 @@ EffectiveLocation AppSettings::automaticLocation() const {
   const auto& name = locationManager_.locationName.value();
   // The fix may be weeks old, and the zone's rules have changed since.
   const auto& zone = locationManager_.detectedTimeZone.value();
-  return {coordinate->latitude, coordinate->longitude, name.empty() ? "My Location" : name,
+  return {*coordinate, name.empty() ? "My Location" : name,
           TimeZone::named(zone.identifier()).value_or(zone)};
 }
 

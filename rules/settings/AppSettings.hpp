@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,7 @@
 namespace Hilalor {
 
 /// The place that prayer times are computed for.
-struct EffectiveLocation {
-  double latitude = 0;   ///< Degrees, north positive.
-  double longitude = 0;  ///< Degrees, east positive.
+struct EffectiveLocation : LocationCoordinate {
   std::string name;
   TimeZone timeZone;
 
@@ -76,6 +75,9 @@ class AppSettings : public Shared<AppSettings> {
   Setting<bool> playBeepBeforeAthan{store_, willChange, "playBeepBeforeAthan", false};
   Setting<bool> playDuaAfterAthan{store_, willChange, "playDuaAfterAthan", false};
   Setting<AppTheme> theme{store_, willChange, "appTheme", AppTheme::system};
+
+  /// The place that the user set by hand; none until then.
+  [[nodiscard]] std::optional<LocationCoordinate> manualCoordinate() const;
 
   /// Where prayer times are computed for: the user's manual place or the location service's fix, as
   /// `locationMode` says, and Riyadh where the chosen source has nothing. Computed at every call.

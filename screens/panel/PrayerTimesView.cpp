@@ -16,8 +16,6 @@ constexpr Insets kHeaderPadding{.top = 2, .bottom = 2};
 constexpr TextStyle kGregorianStyle{.size = 11, .weight = QFont::Medium};
 constexpr TextStyle kHijriStyle{.size = 10, .color = &Colors::secondary};
 constexpr TextStyle kPlaceStyle{.size = 9, .color = &Colors::secondary, .opacity = 0.7};
-// Places of rows: sunrise counted; the Sunnah times come after them.
-constexpr std::size_t kPrayers = 6;
 constexpr int kRowSpacing = 1;
 constexpr Insets kSunnahDividerPadding{.top = 2, .leading = 6, .bottom = 2, .trailing = 6};
 constexpr Insets kRowPadding{.top = 4, .leading = 6, .bottom = 4, .trailing = 6};
@@ -30,7 +28,7 @@ TextStyle rowStyle(const PrayerRow& row) {
   if (row.isActive) {
     style.weight = QFont::DemiBold;
     style.color = &Colors::white;
-  } else if (row.isSunnah || row.isPast) {
+  } else if (isSunnah(row.listed) || row.isPast) {
     style.color = &Colors::secondary;
   }
   return style;
@@ -45,7 +43,8 @@ class PrayerRowView final : public View {
     isActive_ = row.isActive;
     for (Text* text : {name_, time_})
       text->setStyle(rowStyle(row));
-    name_->setText(QString::fromStdString(row.name));
+    const auto name = displayName(row.listed);
+    name_->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     time_->setText(QString::fromStdString(row.time));
     setAccessibleName(name_->text() + u' ' + time_->text());
     update();
@@ -111,28 +110,26 @@ QWidget* PrayerTimesView::header() {
 }
 
 QWidget* PrayerTimesView::prayerRows() {
-  auto* beforeSunnah =
-      onlyWhile([this] { return shownRow(kPrayers) != nullptr; }, divider(kSunnahDividerPadding));
-  return column({.spacing = kRowSpacing},
-                {prayerRow(0), prayerRow(1), prayerRow(2), prayerRow(3), prayerRow(4), prayerRow(5),
-                 beforeSunnah, prayerRow(6), prayerRow(7)});
+  using enum ListedTime;
+  auto* beforeSunnah = onlyWhile([this] { return shownRow(middleOfTheNight) != nullptr; },
+                                 divider(kSunnahDividerPadding));
+  return column(
+      {.spacing = kRowSpacing},
+      {prayerRow(fajr), prayerRow(sunrise), prayerRow(dhuhr), prayerRow(asr), prayerRow(maghrib),
+       prayerRow(isha), beforeSunnah, prayerRow(middleOfTheNight), prayerRow(lastThirdOfTheNight)});
 }
 
-QWidget* PrayerTimesView::prayerRow(std::size_t place) {
-  auto* row = onlyWhile([this, place] { return shownRow(place) != nullptr; }, new PrayerRowView);
-  atRedraw([this, place, row] {
-    if (const auto* shown = shownRow(place)) row->show(*shown);
+QWidget* PrayerTimesView::prayerRow(ListedTime listed) {
+  auto* row = onlyWhile([this, listed] { return shownRow(listed) != nullptr; }, new PrayerRowView);
+  atRedraw([this, listed, row] {
+    if (const auto* shown = shownRow(listed)) row->show(*shown);
   });
   return row;
 }
 
-const PrayerRow* PrayerTimesView::shownRow(std::size_t place) const {
-  const auto& rows = prayers_.rows;
-  const auto prayers = static_cast<std::size_t>(
-      std::ranges::count_if(rows, [](const PrayerRow& row) { return !row.isSunnah; }));
-  if (place < kPrayers) return place < prayers ? &rows[place] : nullptr;
-  const auto index = prayers + place - kPrayers;
-  return index < rows.size() ? &rows[index] : nullptr;
+const PrayerRow* PrayerTimesView::shownRow(ListedTime listed) const {
+  const auto row = std::ranges::find(prayers_.rows, listed, &PrayerRow::listed);
+  return row != prayers_.rows.end() ? &*row : nullptr;
 }
 
 void PrayerTimesView::refreshNow() {

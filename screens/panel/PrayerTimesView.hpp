@@ -28,10 +28,10 @@ class PrayerTimesView final : public Ui::View {
  private:
   [[nodiscard]] QWidget* header();
   [[nodiscard]] QWidget* prayerRows();
-  [[nodiscard]] QWidget* prayerRow(std::size_t place);
+  [[nodiscard]] QWidget* prayerRow(ListedTime listed);
 
-  /// What stands at that place, of six for the prayers and two for the Sunnah times.
-  [[nodiscard]] const PrayerRow* shownRow(std::size_t place) const;
+  /// Null where the day has no such time, or does not show it.
+  [[nodiscard]] const PrayerRow* shownRow(ListedTime listed) const;
   void refreshNow();
 
   const Clock& clock_;

@@ -123,12 +123,8 @@ bool LocationSettings::hasManualName() const {
 }
 
 void LocationSettings::showMap() {
-  std::optional<LocationCoordinate> initial;
-  // The Gulf of Guinea, where nobody lives: the place was never set.
-  const LocationCoordinate stored{settings_.manualLatitude, settings_.manualLongitude};
-  if (stored != LocationCoordinate{0.0, 0.0}) initial = stored;
   auto* map =
-      new MapPickerView(context_.map, initial,
+      new MapPickerView(context_.map, settings_.manualCoordinate(),
                         [this](LocationCoordinate coordinate, const std::string& name,
                                const TimeZone& timeZone) { take(coordinate, name, timeZone); });
   // Its own, until it is closed.

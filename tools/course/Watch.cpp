@@ -240,10 +240,10 @@ class Watcher {
     for (const double ago : {kDay, 0.0}) {
       bool wasActive = false;
       for (const auto& row : prayerList(course_, Date{now - ago}, Date{now}).rows) {
-        if (row.isActive) marked.emplace_back(row.name, row.time);
+        if (row.isActive) marked.emplace_back(displayName(row.listed), row.time);
         wasActive = wasActive || row.isActive;
         if (row.isActive && row.isPast) isDimmedInOrder = false;
-        if (wasActive && row.isPast && row.name != "Isha") isDimmedInOrder = false;
+        if (wasActive && row.isPast && row.listed != ListedTime::isha) isDimmedInOrder = false;
       }
     }
     std::vector<std::pair<std::string, std::string>> expected;

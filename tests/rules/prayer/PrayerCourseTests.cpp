@@ -149,7 +149,7 @@ class HardDayTest : public testing::TestWithParam<HardDay> {
     std::vector<std::string> names;
     for (const Date day : {now - kDay, now}) {
       for (const auto& row : prayerList(course, day, now).rows)
-        if (row.isActive) names.push_back(row.name);
+        if (row.isActive) names.emplace_back(displayName(row.listed));
     }
     return names;
   }
