@@ -47,8 +47,8 @@ Calendar::Calendar(Calendar&&) noexcept = default;
 Calendar& Calendar::operator=(Calendar&&) noexcept = default;
 Calendar::~Calendar() = default;
 
-Calendar Calendar::current() {
-  return {CalendarIdentifier::gregorian, std::nullopt, Region::current()};
+Calendar Calendar::ofUser(const Moment& moment) {
+  return {CalendarIdentifier::gregorian, moment.zone, moment.region};
 }
 
 TimeZone Calendar::timeZone() const {

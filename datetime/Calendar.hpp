@@ -5,6 +5,7 @@
 
 #include "datetime/Date.hpp"
 #include "datetime/DateComponents.hpp"
+#include "datetime/Moment.hpp"
 #include "datetime/Region.hpp"
 #include "datetime/TimeZone.hpp"
 
@@ -33,8 +34,9 @@ class Calendar {
   Calendar& operator=(Calendar&&) noexcept;
   ~Calendar();
 
-  /// The Gregorian calendar with the week of the user's region (first weekday, weekend).
-  [[nodiscard]] static Calendar current();
+  /// The Gregorian calendar with the week of the user's region (first weekday, weekend), in the
+  /// machine's time zone as it was at the moment.
+  [[nodiscard]] static Calendar ofUser(const Moment& moment);
 
   [[nodiscard]] CalendarIdentifier identifier() const { return identifier_; }
 

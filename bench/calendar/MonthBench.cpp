@@ -26,7 +26,7 @@ void page(benchmark::State& state, PrimaryCalendar calendar) {
   Months months(calendar);
   for (auto _ : state) {
     const auto model = months.next();
-    benchmark::DoNotOptimize(model.page(model.displayDate, HolidayLabels::shown));
+    benchmark::DoNotOptimize(model.page(Moment::at(model.displayDate), HolidayLabels::shown));
   }
 }
 BENCHMARK_CAPTURE(page, gregorian, PrimaryCalendar::gregorian)->Unit(benchmark::kMicrosecond);
@@ -45,7 +45,7 @@ void properties(benchmark::State& state, PrimaryCalendar calendar) {
       benchmark::DoNotOptimize(model.secondaryDay(*day));
       benchmark::DoNotOptimize(model.secondaryMonthName(*day));
       benchmark::DoNotOptimize(model.todayDay(model.displayDate));
-      benchmark::DoNotOptimize(Calendar::current().isWeekend(date));
+      benchmark::DoNotOptimize(Calendar::ofUser(Moment::at(date)).isWeekend(date));
       benchmark::DoNotOptimize(HolidaysProvider::label(HolidaysProvider::holidays(date)));
     }
   }

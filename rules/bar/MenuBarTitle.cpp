@@ -4,7 +4,7 @@
 
 #include "datetime/Calendar.hpp"
 #include "datetime/DateFormatter.hpp"
-#include "rules/prayer/PrayerTimesCalculator.hpp"
+#include "rules/prayer/ListedTime.hpp"
 
 namespace Hilalor {
 namespace {
@@ -34,25 +34,27 @@ ItemTitle glyphAlone(TitleGlyph glyph) {
 
 }  // namespace
 
-ItemTitle menuBarTitle(const PrayerCourse& course, Date now) {
+ItemTitle menuBarTitle(const PrayerCourse& course, const Moment& moment) {
   const auto& settings = course.settings();
   switch (settings.menuBarStyle.value()) {
     case MenuBarStyle::emoji:
       return glyphAlone(TitleGlyph::calendar);
     case MenuBarStyle::nextPrayer:
-      return nextPrayerTitle(course, now);
+      return nextPrayerTitle(course, moment.now);
     case MenuBarStyle::date:
       break;
   }
-  return dateTitle(settings.primaryCalendar, now);
+  return dateTitle(settings.primaryCalendar, moment);
 }
 
-ItemTitle dateTitle(PrimaryCalendar primaryCalendar, Date now) {
+ItemTitle dateTitle(PrimaryCalendar primaryCalendar, const Moment& moment) {
   const Calendar calendar(primaryCalendar == PrimaryCalendar::hijri
                               ? CalendarIdentifier::islamicUmmAlQura
-                              : CalendarIdentifier::gregorian);
-  return {.text = DateFormatter("d MMM", calendar).string(now),
-          .compact = {.form = Form::page, .upper = DateFormatter("d", calendar).string(now)}};
+                              : CalendarIdentifier::gregorian,
+                          moment.zone);
+  return {
+      .text = DateFormatter("d MMM", calendar).string(moment.now),
+      .compact = {.form = Form::page, .upper = DateFormatter("d", calendar).string(moment.now)}};
 }
 
 ItemTitle nextPrayerTitle(const PrayerCourse& course, Date now) {

@@ -2,18 +2,19 @@
 
 #include <string>
 
-#include "datetime/Date.hpp"
+#include "datetime/Moment.hpp"
 #include "platform/ItemTitle.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 
 namespace Hilalor {
 
-/// The title of the item in the bar, for the user's style, at that instant: the calendar glyph
+/// The title of the item in the bar, for the user's style, at the moment: the calendar glyph
 /// alone, today's date, or the countdown.
-[[nodiscard]] ItemTitle menuBarTitle(const PrayerCourse& course, Date now);
+[[nodiscard]] ItemTitle menuBarTitle(const PrayerCourse& course, const Moment& moment);
 
-/// Today's date in that calendar and the machine's time zone, "6 Apr"; compact, the page 6.
-[[nodiscard]] ItemTitle dateTitle(PrimaryCalendar calendar, Date now);
+/// The date at the moment in that calendar and the machine's time zone, "6 Apr"; compact, the
+/// page 6.
+[[nodiscard]] ItemTitle dateTitle(PrimaryCalendar calendar, const Moment& moment);
 
 /// The countdown to the next of Fajr, Dhuhr, Asr, Maghrib and Isha: after Isha it is the next day's
 /// Fajr, after midnight still Isha where that is to come. The mosque glyph alone where the sun

@@ -44,7 +44,7 @@ StatusBarController::StatusBarController(const BarContext& context, Updater* upd
       statusItem_(platform_.statusBar.makeItem()),
       updater_(updater) {
   if (auto* button = statusItem_->button()) {
-    button->setTitle(menuBarTitle(course_, platform_.clock.now()));
+    button->setTitle(menuBarTitle(course_, Moment::at(platform_.clock.now())));
     button->setAction([this](const StatusItemClick& click) { handleClick(click); });
     fillMenus(*button);
   }
@@ -73,7 +73,8 @@ void StatusBarController::fillMenus(StatusButton& button) {
 }
 
 void StatusBarController::subscribe() {
-  const auto retitle = onNextPass(platform_.loop, [this](const auto&...) { updateTitle(); });
+  const auto retitle = onNextPass(
+      platform_.loop, [this](const auto&...) { updateTitle(Moment::at(platform_.clock.now())); });
   auto [style, calendar] =
       subscribeToLatest(settings_.menuBarStyle.publisher(), settings_.primaryCalendar.publisher(),
                         FirstPair::told, retitle);
@@ -91,16 +92,16 @@ void StatusBarController::subscribe() {
 
 void StatusBarController::tick() {
   if (++ticks_ % kTicksToNewRules == 0) TimeZone::rereadChangedRules();
-  updateTitle();
-  context_.notificationManager.checkAndNotify();
+  const auto moment = Moment::at(platform_.clock.now());
+  updateTitle(moment);
+  context_.notificationManager.checkAndNotify(moment.now);
 }
 
-void StatusBarController::updateTitle() {
+void StatusBarController::updateTitle(const Moment& moment) {
   auto* button = statusItem_->button();
   if (button == nullptr) return;
   const auto& announced = context_.notificationManager.activeAthanTitle.value();
-  button->setTitle(announced ? athanTitle(*announced)
-                             : menuBarTitle(course_, platform_.clock.now()));
+  button->setTitle(announced ? athanTitle(*announced) : menuBarTitle(course_, moment));
 }
 
 void StatusBarController::handleClick(const StatusItemClick& click) {

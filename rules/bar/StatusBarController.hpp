@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "datetime/Moment.hpp"
 #include "platform/MouseMonitor.hpp"
 #include "platform/Panel.hpp"
 #include "platform/RunLoop.hpp"
@@ -35,7 +36,7 @@ class StatusBarController {
   void fillMenus(StatusButton& button);
   void subscribe();
   void tick();
-  void updateTitle();
+  void updateTitle(const Moment& moment);
 
   // The panel.
   void handleClick(const StatusItemClick& click);

@@ -30,7 +30,7 @@ std::string CalendarModel::monthName() const {
 }
 
 std::vector<std::optional<int>> CalendarModel::days() const {
-  return days(Calendar::current().firstWeekday());
+  return days(Calendar::ofUser(Moment::at(displayDate)).firstWeekday());
 }
 
 std::vector<std::optional<int>> CalendarModel::days(int firstWeekday) const {
@@ -82,14 +82,14 @@ std::string CalendarModel::secondaryMonthHeader() const {
   return secondaryText("MMM", *first) + " – " + secondaryText("MMM yyyy", *last);
 }
 
-MonthPage CalendarModel::page(Date now, HolidayLabels labels) const {
+MonthPage CalendarModel::page(const Moment& moment, HolidayLabels labels) const {
   MonthPage page{.monthName = monthName(),
                  .year = primary().components(displayDate).year.value_or(0),
                  .secondaryMonthHeader = secondaryMonthHeader(),
                  .cells = {}};
-  const auto today = todayDay(now);
-  const auto region = Calendar::current();
-  for (const auto& day : days()) {
+  const auto today = todayDay(moment.now);
+  const auto region = Calendar::ofUser(moment);
+  for (const auto& day : days(region.firstWeekday())) {
     auto& cell = page.cells.emplace_back();
     const auto start = day ? date(*day) : std::nullopt;
     if (!start) continue;

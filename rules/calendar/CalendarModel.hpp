@@ -6,6 +6,7 @@
 
 #include "datetime/Calendar.hpp"
 #include "datetime/Date.hpp"
+#include "datetime/Moment.hpp"
 #include "rules/calendar/MonthPage.hpp"
 #include "rules/settings/SettingsValues.hpp"
 
@@ -53,8 +54,8 @@ class CalendarModel {
   /// "Feb – Mar 2025".
   [[nodiscard]] std::string secondaryMonthHeader() const;
 
-  /// All that is drawn of the month, in one pass over its days.
-  [[nodiscard]] MonthPage page(Date now, HolidayLabels labels) const;
+  /// All that is drawn of the month at the moment, in one pass over its days.
+  [[nodiscard]] MonthPage page(const Moment& moment, HolidayLabels labels) const;
 
   /// The neighbouring months and years of the primary calendar; the same month where it ends.
   [[nodiscard]] CalendarModel previousMonth() const;

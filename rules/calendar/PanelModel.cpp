@@ -1,6 +1,7 @@
 #include "rules/calendar/PanelModel.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace Hilalor {
 namespace {
@@ -9,31 +10,28 @@ constexpr std::size_t kWeek = 7;
 
 }  // namespace
 
-PanelModel::PanelModel(const AppSettings& settings, Date now)
+PanelModel::PanelModel(const AppSettings& settings, const Moment& moment)
     : settings_(settings),
-      now_(now),
-      zone_(TimeZone::current()),
+      moment_(moment),
       shownSections_(sections()),
-      month_(now, settings.primaryCalendar) {}
+      month_(moment.now, settings.primaryCalendar) {}
 
 PanelSections PanelModel::sections() const {
   return {.calendar = settings_.showCalendar, .prayerTimes = settings_.showPrayerTimes};
 }
 
-void PanelModel::refresh(Date now) {
-  now_ = now;
+void PanelModel::refresh(const Moment& moment) {
+  const auto zoneBefore = std::exchange(moment_, moment).zone;
   if (const auto wanted = sections(); wanted != shownSections_) {
     shownSections_ = wanted;
     hoverText_.clear();
-    returnToToday(now);
+    returnToToday(moment.now);
   }
-  if (auto zone = TimeZone::current(); zone != zone_) {
-    zone_ = std::move(zone);
-    returnToToday(now);
-  }
-  if (settings_.primaryCalendar != month_.primaryCalendar) returnToToday(now);
+  if (moment.zone != zoneBefore) returnToToday(moment.now);
+  if (settings_.primaryCalendar != month_.primaryCalendar) returnToToday(moment.now);
   if (!shownSections_.calendar) return;
-  page_ = month_.page(now, settings_.showHolidays ? HolidayLabels::shown : HolidayLabels::hidden);
+  page_ =
+      month_.page(moment, settings_.showHolidays ? HolidayLabels::shown : HolidayLabels::hidden);
 }
 
 std::size_t PanelModel::neededWeeks() const {
@@ -49,7 +47,7 @@ std::string PanelModel::title() const {
 
 Date PanelModel::keyboardDay() const {
   if (selectedDay_) return *selectedDay_;
-  const auto day = month_.date(month_.todayDay(now_).value_or(1));
+  const auto day = month_.date(month_.todayDay(moment_.now).value_or(1));
   return day.value_or(month_.displayDate);
 }
 

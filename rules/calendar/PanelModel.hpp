@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "datetime/Date.hpp"
-#include "datetime/TimeZone.hpp"
+#include "datetime/Moment.hpp"
 #include "rules/calendar/CalendarModel.hpp"
 #include "rules/calendar/MonthPage.hpp"
 #include "rules/settings/AppSettings.hpp"
@@ -25,11 +25,11 @@ struct PanelSections {
 /// machine's time zone. Whatever is done is on the page after the next `refresh`. Main thread.
 class PanelModel {
  public:
-  PanelModel(const AppSettings& settings, Date now);
+  PanelModel(const AppSettings& settings, const Moment& moment);
 
   /// Follows clock and settings. It begins anew with today when the sections, the primary calendar
   /// or the machine's time zone have changed; an open note stays.
-  void refresh(Date now);
+  void refresh(const Moment& moment);
 
   [[nodiscard]] PanelSections sections() const;
 
@@ -48,7 +48,7 @@ class PanelModel {
   [[nodiscard]] const std::optional<Date>& selectedDay() const { return selectedDay_; }
 
   /// A moment of the day whose prayers are listed: the selected day, or today.
-  [[nodiscard]] Date listedMoment() const { return selectedDay_.value_or(now_); }
+  [[nodiscard]] Date listedMoment() const { return selectedDay_.value_or(moment_.now); }
 
   /// The day that keys act on: the selected one, else today, else the first of the shown month.
   [[nodiscard]] Date keyboardDay() const;
@@ -81,9 +81,7 @@ class PanelModel {
 
  private:
   const AppSettings& settings_;
-  // As of the last refresh.
-  Date now_;
-  TimeZone zone_;
+  Moment moment_;  // Of the last refresh.
   PanelSections shownSections_;
   MonthPage page_;
 

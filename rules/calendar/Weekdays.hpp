@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "datetime/Date.hpp"
+#include "datetime/Moment.hpp"
 
 namespace Hilalor {
 
@@ -17,9 +17,9 @@ struct WeekdayColumn {
 };
 
 /// The seven columns, from the first weekday of the user's region on.
-[[nodiscard]] std::vector<WeekdayColumn> orderedWeekdays();
+[[nodiscard]] std::vector<WeekdayColumn> orderedWeekdays(const Moment& moment);
 
-/// The weekdays that the user's region counts as weekend, in the week from now on.
-[[nodiscard]] std::set<int> weekendWeekdays(Date now);
+/// The weekdays that the user's region counts as weekend, in the week from the moment on.
+[[nodiscard]] std::set<int> weekendWeekdays(const Moment& moment);
 
 }  // namespace Hilalor

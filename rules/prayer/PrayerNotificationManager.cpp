@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "rules/calendar/Uuid.hpp"
-#include "rules/prayer/PrayerTimesCalculator.hpp"
+#include "rules/prayer/ListedTime.hpp"
 
 namespace Hilalor {
 namespace {
@@ -42,15 +42,19 @@ PrayerNotificationManager::~PrayerNotificationManager() {
 }
 
 void PrayerNotificationManager::checkAndNotify() {
+  checkAndNotify(clock_.now());
+}
+
+void PrayerNotificationManager::checkAndNotify(Date now) {
   if (!settings_.prayerNotificationsEnabled) return;
-  const auto now = clock_.now();
   const auto due = duePrayer(course_, announced_, now);
   if (!due) return;
   announced_.add(*due, now);
-  deliver(std::string(displayName(due->prayer)));
+  deliver(due->prayer);
 }
 
-void PrayerNotificationManager::deliver(const std::string& name) {
+void PrayerNotificationManager::deliver(Adhan::Prayer prayer) {
+  const std::string name(displayName(prayer));
   const auto elements = announcementElements(settings_);
   if (elements.banner) postBanner("🕌 " + name, "It's time for " + name + " prayer");
   activeAthanTitle.assign(name + " Athan");

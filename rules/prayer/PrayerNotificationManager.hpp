@@ -55,6 +55,9 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
   /// minute; a minute without a call is not caught up.
   void checkAndNotify();
 
+  /// The same, for a caller that has asked the clock.
+  void checkAndNotify(Date now);
+
   /// Asks for permission to show banners with sound; answers whether it was given.
   void requestPermission(std::function<void(bool granted)> completion = {});
 
@@ -78,7 +81,7 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
   [[nodiscard]] NotificationOptions willPresent(const NotificationRequest& request) override;
   void audioPlayerDidFinishPlaying(AudioPlayer& player, bool successfully) override;
 
-  void deliver(const std::string& name);
+  void deliver(Adhan::Prayer prayer);
   void postBanner(const std::string& title, const std::string& body);
   void beepOnce(const AnnouncementElements& elements);
   void beepInLoop(Seconds length, const AnnouncementElements& elements);

@@ -63,9 +63,11 @@ std::optional<Step> stepOf(const QKeyEvent& event) {
 
 CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
                            std::function<void()> onOpenSettings, std::optional<Advice> advice)
-    : context_(context), settings_(context.settings), model_(settings_, context.clock.now()) {
+    : context_(context),
+      settings_(context.settings),
+      model_(settings_, Moment::at(context.clock.now())) {
   setFixedWidth(kWidth);
-  atRedraw([this] { model_.refresh(context_.clock.now()); });
+  atRedraw([this] { model_.refresh(Moment::at(context_.clock.now())); });
   setBody(column(
       {.spacing = kSpacing, .padding = kPadding},
       {onlyWhile([this] { return model_.sections().calendar; }, header()),
@@ -104,7 +106,8 @@ QWidget* CalendarView::month() {
   return column(
       {.spacing = kSpacing},
       {onlyWhile([this] { return settings_.showSecondaryCalendar.value(); }, secondaryRow()),
-       divider(kInset), DayGrid::weekdays(context_.clock.now()), dayGrid(), hoverLine()});
+       divider(kInset), DayGrid::weekdays(Moment::at(context_.clock.now())), dayGrid(),
+       hoverLine()});
 }
 
 QWidget* CalendarView::secondaryRow() {

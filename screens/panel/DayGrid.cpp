@@ -17,10 +17,10 @@ constexpr TextStyle kWeekendStyle{
 
 }  // namespace
 
-QWidget* DayGrid::weekdays(Date now) {
+QWidget* DayGrid::weekdays(const Moment& moment) {
   std::vector<QWidget*> headings;
-  const auto weekend = weekendWeekdays(now);
-  for (const WeekdayColumn& column : orderedWeekdays()) {
+  const auto weekend = weekendWeekdays(moment);
+  for (const WeekdayColumn& column : orderedWeekdays(moment)) {
     const auto& style = weekend.contains(column.weekday) ? kWeekendStyle : kWeekdayStyle;
     auto* heading = centred(new Text(style, QString::fromStdString(column.symbol)));
     headings.push_back(framed(heading, kHeadingSize.width(), kHeadingSize.height()));

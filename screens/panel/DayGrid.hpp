@@ -18,8 +18,8 @@ class DayGrid final : public Ui::View {
   static constexpr Ui::GridStyle kColumns{.columns = kWeek, .columnWidth = 32, .spacing = 2};
   static constexpr int kWeekHeight = 40 + kColumns.spacing;
 
-  /// The headings of its columns, as of now.
-  [[nodiscard]] static QWidget* weekdays(Date now);
+  /// The headings of its columns, as of the moment.
+  [[nodiscard]] static QWidget* weekdays(const Moment& moment);
 
   /// Every cell tells of its day.
   explicit DayGrid(const DayCellEvents& events);

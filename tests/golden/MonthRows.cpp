@@ -65,7 +65,7 @@ void checkMonth(const Json& row, Checks& checks) {
   const SystemTimeZone zone(row.at("systemTimeZone").get<std::string>());
   const auto calendar = fromRawValue<PrimaryCalendar>(row.at("primaryCalendar").get<std::string>());
   const CalendarModel model(noonOf(row.at("displayDate")), calendar.value());
-  auto actual = rowOf(model.page(Date{}, HolidayLabels::shown));
+  auto actual = rowOf(model.page(Moment::at({}), HolidayLabels::shown));
   for (const auto& day : model.days(row.at("firstWeekday").get<int>()))
     actual["days"].push_back(day ? Json(*day) : Json());
   for (const auto& [name, value] : actual.items())

@@ -16,7 +16,7 @@ using Adhan::Prayer;
 
 const ItemTitle kCalendar{TitleGlyph::calendar, {}, {.form = CompactTitle::Form::glyph}};
 const ItemTitle kMosque{TitleGlyph::mosque, {}, {.form = CompactTitle::Form::glyph}};
-const ItemTitle kApril6 = dateTitle(PrimaryCalendar::gregorian, {1775476800});
+const ItemTitle kApril6 = dateTitle(PrimaryCalendar::gregorian, Moment::at({1775476800}));
 
 ItemTitle minutesTo(Prayer prayer, int minutes) {
   return countdown({prayer, Date{60.0 * minutes}}, Date{0});
@@ -62,7 +62,7 @@ TEST_F(ItemPainterTest, EveryTitleHasASquareOfItsOwn) {
                               minutesTo(Prayer::isha, 45),
                               athanTitle("Isha Athan"),
                               kApril6,
-                              dateTitle(PrimaryCalendar::hijri, {1775476800}),
+                              dateTitle(PrimaryCalendar::hijri, Moment::at({1775476800})),
                               kCalendar,
                               kMosque};
   for (const int side : {16, 22, 48}) {

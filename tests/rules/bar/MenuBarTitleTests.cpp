@@ -41,7 +41,7 @@ TEST_F(MenuBarTitleTest, SaysAllAndWhatMattersOfIt) {
   };
   const auto of = [this](MenuBarStyle style) {
     settings().menuBarStyle = style;
-    return menuBarTitle(course_, kMidnight);
+    return menuBarTitle(course_, Moment::at(kMidnight));
   };
   const struct {
     ItemTitle title;
@@ -64,7 +64,7 @@ TEST_F(MenuBarTitleTest, SaysAllAndWhatMattersOfIt) {
        "\U0001F54C Maghrib Athan",
        {kMosque, "Maghrib Athan", {Form::lines, "Mag", "now", {}}}},
       {athanTitle(""), "\U0001F54C ", {kMosque, "", {.form = Form::glyph}}},
-      {dateTitle(PrimaryCalendar::hijri, kMidnight),
+      {dateTitle(PrimaryCalendar::hijri, Moment::at(kMidnight)),
        "18 Shaw.",
        {{}, "18 Shaw.", {Form::page, "18", {}, {}}}},
       {of(MenuBarStyle::date), "6 Apr", {{}, "6 Apr", {Form::page, "6", {}, {}}}},

@@ -102,7 +102,8 @@ TEST(CalendarModel, HasNoCellsForWhatIsNoInstant) {
     EXPECT_EQ(model.secondaryMonthName(1), "");
     EXPECT_EQ(model.secondaryMonthHeader(), "");
     EXPECT_TRUE(std::isnan(seconds) || model.nextMonth().displayDate == Date{seconds});
-    EXPECT_THAT(model.page(utc(2025, 3, 1), HolidayLabels::shown).cells, testing::IsEmpty());
+    EXPECT_THAT(model.page(Moment::at(utc(2025, 3, 1)), HolidayLabels::shown).cells,
+                testing::IsEmpty());
   }
 }
 
@@ -166,7 +167,7 @@ class EveryMonth : public testing::TestWithParam<const char*> {
   }
 
   static void expectPageOfProperties(const CalendarModel& model, Date now) {
-    const auto page = model.page(now, HolidayLabels::shown);
+    const auto page = model.page(Moment::at(now), HolidayLabels::shown);
     const auto days = model.days();
     ASSERT_EQ(page.monthName, model.monthName());
     ASSERT_EQ(page.secondaryMonthHeader, model.secondaryMonthHeader());
@@ -182,7 +183,7 @@ class EveryMonth : public testing::TestWithParam<const char*> {
       ASSERT_EQ(cell->secondaryMonthName, model.secondaryMonthName(day));
       ASSERT_EQ(cell->isNewSecondary, cell->secondaryDay == "1");
       ASSERT_EQ(cell->isToday, model.todayDay(now) == day);
-      ASSERT_EQ(cell->isWeekend, Calendar::current().isWeekend(cell->date));
+      ASSERT_EQ(cell->isWeekend, Calendar::ofUser(Moment::at(now)).isWeekend(cell->date));
       ASSERT_EQ(cell->holidayLabel,
                 HolidaysProvider::label(HolidaysProvider::holidays(cell->date)));
     }

@@ -56,7 +56,7 @@ TEST(HolidaysProvider, LabelsCellsUnlessHidden) {
   const CalendarModel model(utc(2025, 3, 10), PrimaryCalendar::gregorian);
   const auto labelsOf = [&](HolidayLabels labels) {
     std::vector<std::string> found;
-    for (const auto& cell : model.page(utc(2025, 3, 10), labels).cells)
+    for (const auto& cell : model.page(Moment::at(utc(2025, 3, 10)), labels).cells)
       if (cell && !cell->holidayLabel.empty()) found.push_back(cell->holidayLabel);
     return found;
   };

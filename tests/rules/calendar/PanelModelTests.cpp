@@ -27,7 +27,7 @@ class PanelModelTest : public testing::Test {
 
   /// All that the user sees of it: "February 2026, selected 2026-02-10, note 2026-02-12".
   std::string seen() {
-    model.refresh(desktop.loop.now());
+    model.refresh(Moment::at(desktop.loop.now()));
     auto seen = model.title();
     if (model.selectedDay()) seen += ", selected " + text(*model.selectedDay());
     if (model.noteDay()) seen += ", note " + text(*model.noteDay());
@@ -39,7 +39,7 @@ class PanelModelTest : public testing::Test {
   SystemTimeZone zone{"Asia/Riyadh"};
   FakePlatform desktop{kNow};
   AppSettings& settings = desktop.settings();
-  PanelModel model{settings, kNow};
+  PanelModel model{settings, Moment::at(kNow)};
 };
 
 TEST_F(PanelModelTest, ShowsWhatWasDoneStepByStep) {
@@ -94,18 +94,18 @@ TEST_F(PanelModelTest, ShowsWhatWasDoneStepByStep) {
 }
 
 TEST_F(PanelModelTest, KnowsTodayHolidaysAndTheWeeksItTakes) {
-  model.refresh(kNow);
+  model.refresh(Moment::at(kNow));
   const auto& today = model.page().cells.at(21);
   EXPECT_TRUE(today->isToday);
   EXPECT_EQ(today->holidayLabel, "Saudi Founding Day");
   settings.showHolidays = false;
   for (const std::size_t weeks : {4U, 5U, 5U, 6U}) {
-    model.refresh(kNow);
+    model.refresh(Moment::at(kNow));
     EXPECT_EQ(model.neededWeeks(), weeks) << model.title();
     model.showNext();
   }
   model.returnToToday(kNow);
-  model.refresh(kNow);
+  model.refresh(Moment::at(kNow));
   EXPECT_EQ(today->holidayLabel, "");
 }
 
