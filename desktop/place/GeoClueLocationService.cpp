@@ -36,10 +36,9 @@ GeoClueLocationService::GeoClueLocationService(QDBusConnection bus, RunLoop& loo
 void GeoClueLocationService::setDelegate(Delegate* delegate) {
   delegate_ = delegate;
   if (delegate == nullptr) return;
-  loop_.post([weak = std::weak_ptr(self_)] {
-    const auto self = weak.lock();
-    if (self && self->delegate_) self->delegate_->locationServiceDidChangeAuthorization();
-  });
+  loop_.post(lifetime_.whileAlive([this] {
+    if (delegate_ != nullptr) delegate_->locationServiceDidChangeAuthorization();
+  }));
   if (std::exchange(isContactDue_, false)) beginSession();
 }
 
@@ -47,10 +46,9 @@ void GeoClueLocationService::requestLocation() {
   isLocationWanted_ = true;
   if (session_) return;
   if (status_ == AuthorizationStatus::authorizedAlways) return beginSession();
-  loop_.post([weak = std::weak_ptr(self_)] {
-    const auto self = weak.lock();
-    if (self && !self->session_) self->deliver(std::nullopt);
-  });
+  loop_.post(lifetime_.whileAlive([this] {
+    if (!session_) deliver(std::nullopt);
+  }));
 }
 
 void GeoClueLocationService::requestWhenInUseAuthorization() {

@@ -8,6 +8,7 @@
 
 #include "desktop/place/GeoClueSession.hpp"
 #include "desktop/place/NetworkWatch.hpp"
+#include "platform/Lifetime.hpp"
 #include "platform/LocationService.hpp"
 #include "platform/RunLoop.hpp"
 
@@ -56,8 +57,7 @@ class GeoClueLocationService final : public LocationService {
   std::unique_ptr<NetworkWatch> networkWatch_;
   std::unique_ptr<QDBusServiceWatcher> watcher_;
   std::unique_ptr<GeoClueSession> session_;
-  /// What is posted holds this weakly.
-  std::shared_ptr<GeoClueLocationService> self_{this, [](GeoClueLocationService*) {}};
+  Lifetime lifetime_;
 };
 
 }  // namespace Hilalor::Desktop

@@ -15,14 +15,13 @@ void FilePlayer::play() {
   const auto stage = stage_.lock();
   const auto stream = std::exchange(recording_, nullptr);
   if (!stage || !stream) return;
-  playing_ = stage->play(stream, [weak = std::weak_ptr(self_), stream] {
-    if (const auto self = weak.lock()) self->finish(!stream->isBroken());
-  });
+  playing_ =
+      stage->play(stream, lifetime_.whileAlive([this, stream] { finish(!stream->isBroken()); }));
 }
 
 void FilePlayer::stop() {
   playing_.request_stop();
-  self_.reset();
+  lifetime_.end();
 }
 
 void FilePlayer::finish(bool successfully) {

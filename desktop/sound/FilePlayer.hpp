@@ -5,6 +5,7 @@
 
 #include "desktop/sound/SoundStage.hpp"
 #include "desktop/sound/SoundStream.hpp"
+#include "platform/Lifetime.hpp"
 #include "platform/SoundService.hpp"
 
 namespace Hilalor::Desktop {
@@ -28,8 +29,7 @@ class FilePlayer final : public AudioPlayer {
   std::shared_ptr<SoundStream> recording_;  // null once it was played
   Delegate* delegate_ = nullptr;
   std::stop_source playing_{std::nostopstate};
-  /// Held weakly by the report of the end, which so comes to nothing after a stop.
-  std::shared_ptr<FilePlayer> self_{this, [](FilePlayer*) {}};
+  Lifetime lifetime_;  // Of the wish to hear of the recording's end.
 };
 
 }  // namespace Hilalor::Desktop

@@ -73,7 +73,7 @@ void PrayerNotificationManager::deliver(Adhan::Prayer prayer) {
 void PrayerNotificationManager::beepOnce(const AnnouncementElements& elements) {
   if (beepSound_) beepSound_->play();
   const auto wait = beepSound_ ? beepSound_->duration() + kPauseAfterBeep : kWaitWithoutBeep;
-  loop_.after(wait, whileAlive([this, elements] { followBeep(elements); }));
+  loop_.after(wait, lifetime_.whileAlive([this, elements] { followBeep(elements); }));
 }
 
 void PrayerNotificationManager::beepInLoop(Seconds length, const AnnouncementElements& elements) {
@@ -86,7 +86,7 @@ void PrayerNotificationManager::beepInLoop(Seconds length, const AnnouncementEle
     if (sound.lock() == beepSound_) stopAndDrop(beepSound_);
     followBeep(elements);
   };
-  beepLoopStopTimer_.schedule(loop_, length, whileAlive(end));
+  beepLoopStopTimer_.schedule(loop_, length, lifetime_.whileAlive(end));
 }
 
 void PrayerNotificationManager::followBeep(const AnnouncementElements& elements) {
@@ -99,8 +99,9 @@ void PrayerNotificationManager::followBeep(const AnnouncementElements& elements)
 }
 
 void PrayerNotificationManager::scheduleCleanup() {
-  athanTitleTimer_.schedule(loop_, kTitleLingers,
-                            whileAlive([this] { activeAthanTitle.assign(std::nullopt); }));
+  athanTitleTimer_.schedule(loop_, kTitleLingers, lifetime_.whileAlive([this] {
+    activeAthanTitle.assign(std::nullopt);
+  }));
 }
 
 void PrayerNotificationManager::postBanner(const std::string& title, const std::string& body) {
@@ -113,18 +114,14 @@ void PrayerNotificationManager::postBanner(const std::string& title, const std::
 void PrayerNotificationManager::requestPermission(std::function<void(bool granted)> completion) {
   notifications_.requestAuthorization(
       NotificationOptions::alert | NotificationOptions::sound,
-      [weak = std::weak_ptr(self_), completion = std::move(completion)](bool granted) {
-        if (completion && !weak.expired()) completion(granted);
-      });
+      lifetime_.whileAlive([completion = std::move(completion)](bool granted) {
+        if (completion) completion(granted);
+      }));
 }
 
 void PrayerNotificationManager::checkAuthorizationStatus(
     std::function<void(NotificationAuthorization)> completion) {
-  notifications_.authorizationStatus(
-      [weak = std::weak_ptr(self_),
-       completion = std::move(completion)](NotificationAuthorization status) {
-        if (!weak.expired()) completion(status);
-      });
+  notifications_.authorizationStatus(lifetime_.whileAlive(std::move(completion)));
 }
 
 NotificationOptions PrayerNotificationManager::willPresent(const NotificationRequest&) {
@@ -160,11 +157,9 @@ void PrayerNotificationManager::playDua() {
 
 void PrayerNotificationManager::open(const std::filesystem::path& recording,
                                      std::function<void(std::shared_ptr<AudioPlayer>)> then) {
-  loop_.inBackground([&sounds = sounds_, recording, weak = std::weak_ptr(self_),
-                      then = std::move(then)]() -> RunLoop::Task {
-    return [weak, then, player = sounds.player(recording)] {
-      if (!weak.expired()) then(player);
-    };
+  loop_.inBackground([&sounds = sounds_, recording,
+                      then = lifetime_.whileAlive(std::move(then))]() -> RunLoop::Task {
+    return [then, player = sounds.player(recording)] { then(player); };
   });
 }
 
@@ -206,12 +201,6 @@ void PrayerNotificationManager::stopAll() {
 void PrayerNotificationManager::stopDua() {
   stopAndDrop(duaPlayer_);
   playingDua.assign(false);
-}
-
-RunLoop::Task PrayerNotificationManager::whileAlive(RunLoop::Task task) const {
-  return [weak = std::weak_ptr(self_), task = std::move(task)] {
-    if (!weak.expired()) task();
-  };
 }
 
 }  // namespace Hilalor

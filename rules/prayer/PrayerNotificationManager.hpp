@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/Clock.hpp"
+#include "platform/Lifetime.hpp"
 #include "platform/NotificationCenter.hpp"
 #include "platform/OneShotTimer.hpp"
 #include "platform/Published.hpp"
@@ -91,9 +92,6 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
             std::function<void(std::shared_ptr<AudioPlayer>)> then);
   void start(std::shared_ptr<AudioPlayer>& place, std::shared_ptr<AudioPlayer> player);
 
-  /// A task that does nothing once the monitor is gone.
-  [[nodiscard]] RunLoop::Task whileAlive(RunLoop::Task task) const;
-
   const AppSettings& settings_;
   const Clock& clock_;
   RunLoop& loop_;
@@ -109,8 +107,7 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
   OneShotTimer beepLoopStopTimer_;
   bool pendingDua_ = false;
 
-  /// What is on its way holds this weakly.
-  std::shared_ptr<PrayerNotificationManager> self_{this, [](PrayerNotificationManager*) {}};
+  Lifetime lifetime_;
 };
 
 }  // namespace Hilalor

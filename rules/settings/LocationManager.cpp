@@ -37,9 +37,7 @@ void LocationManager::retryFix() {
 }
 
 void LocationManager::locationServiceDidChangeAuthorization() {
-  loop_.post([weak = std::weak_ptr(self_)] {
-    if (const auto self = weak.lock()) self->authStatus.assign(self->manager.authorizationStatus());
-  });
+  loop_.post(lifetime_.whileAlive([this] { authStatus.assign(manager.authorizationStatus()); }));
   if (manager.authorizationStatus() == AuthorizationStatus::authorizedAlways) {
     isFixMissing_ = false;
     manager.requestLocation();
@@ -50,13 +48,10 @@ void LocationManager::locationServiceDidUpdate(const std::vector<LocationCoordin
   if (locations.empty()) return;
   isFixMissing_ = false;
   const auto latest = locations.back();
-  const std::weak_ptr weak(self_);
-  loop_.post([weak, latest] {
-    if (const auto self = weak.lock()) self->coordinate.assign(latest);
-  });
-  geocoder_.reverseGeocode(latest, [weak](const std::vector<Placemark>& placemarks) {
-    if (const auto self = weak.lock()) self->take(placemarks);
-  });
+  loop_.post(lifetime_.whileAlive([this, latest] { coordinate.assign(latest); }));
+  geocoder_.reverseGeocode(
+      latest,
+      lifetime_.whileAlive([this](const std::vector<Placemark>& placemarks) { take(placemarks); }));
 }
 
 void LocationManager::take(const std::vector<Placemark>& placemarks) {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "datetime/TimeZone.hpp"
 #include "platform/Geocoder.hpp"
+#include "platform/Lifetime.hpp"
 #include "platform/LocationService.hpp"
 #include "platform/Published.hpp"
 #include "platform/RunLoop.hpp"
@@ -62,8 +62,7 @@ class LocationManager final : public Shared<LocationManager>, private LocationSe
   Geocoder& geocoder_;
   RunLoop& loop_;
   bool isFixMissing_ = false;
-  /// What is on its way holds this weakly and comes to nothing once the manager is gone.
-  std::shared_ptr<LocationManager> self_{this, [](LocationManager*) {}};
+  Lifetime lifetime_;
 };
 
 }  // namespace Hilalor

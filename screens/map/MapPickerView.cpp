@@ -110,9 +110,8 @@ void MapPickerView::resolveLocation(LocationCoordinate coordinate) {
   locationName_.clear();
   redraw();
   context_.geocoder.reverseGeocode(
-      coordinate, [weak = std::weak_ptr(self_)](const std::vector<Placemark>& placemarks) {
-        if (const auto self = weak.lock()) self->take(placemarks);
-      });
+      coordinate,
+      lifetime_.whileAlive([this](const std::vector<Placemark>& placemarks) { take(placemarks); }));
 }
 
 void MapPickerView::take(const std::vector<Placemark>& placemarks) {

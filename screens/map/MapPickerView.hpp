@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "datetime/TimeZone.hpp"
+#include "platform/Lifetime.hpp"
 #include "screens/map/MapContext.hpp"
 #include "ui/View.hpp"
 
@@ -49,8 +49,7 @@ class MapPickerView final : public Ui::View {
   TimeZone detectedTimeZone_ = TimeZone::current();
   bool isResolving_ = false;
 
-  /// Answers on their way hold this weakly and come to nothing once the picker is gone.
-  std::shared_ptr<MapPickerView> self_{this, [](MapPickerView*) {}};
+  Lifetime lifetime_;
 };
 
 }  // namespace Hilalor::Screens

@@ -4,70 +4,71 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QImage>
 #include <QTest>
+#include <algorithm>
 #include <memory>
+#include <stdexcept>
 
-#include "screens/panel/CalendarView.hpp"
-#include "screens/panel/NoteEditorView.hpp"
-#include "screens/panel/PrayerTimesView.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
-#include "ui/Containers.hpp"
-#include "ui/DoubleClickable.hpp"
+#include "ui/Button.hpp"
+#include "ui/Colors.hpp"
+#include "ui/Text.hpp"
 
 namespace Hilalor::Screens {
 
 // A Sunday in Riyadh at 13:00: 22 February 2026, 5 Ramadan 1447, a national day.
 inline constexpr Date kNow{1771754400};
 
-/// A panel over fakes, shown without a display, in light.
+/// A screen over fakes, shown without a display, in light.
+template <typename Screen>
 class ScreenTest : public testing::Test {
  protected:
-  void show() {
-    panel = std::make_unique<CalendarView>(
-        panelContext(desktop), [this](Size size) { sizes.push_back(size); },
-        [this] { ++settingsOpened; });
-    panel->setPalette(windowPalette(Ui::ColorScheme::light));
-    panel->setAutoFillBackground(true);
-    panel->resize(panel->sizeHint());
-    panel->show();
+  /// Shows the screen, at its own size where none is given.
+  void show(std::unique_ptr<Screen> shown, QSize size = {}) {
+    screen = std::move(shown);
+    screen->setPalette(windowPalette(Ui::ColorScheme::light));
+    screen->setAutoFillBackground(true);
+    screen->resize(size.isValid() ? size : screen->sizeHint());
+    screen->show();
     settle();
   }
 
-  /// Lets what was asked for happen: redraws, layouts, sizes.
-  static void settle() {
+  /// Lets what was asked for happen: answers, redraws, layouts, sizes.
+  void settle() {
     // A change of size goes up through the layouts, one pass a level.
     constexpr int kPasses = 10;
-    for (int pass = 0; pass < kPasses; ++pass)
+    for (int pass = 0; pass < kPasses; ++pass) {
+      desktop.loop.runPosted();
       QApplication::processEvents();
+    }
   }
 
-  [[nodiscard]] QString titleText() const { return part<Ui::Text>(titleBlock())->text(); }
-
-  [[nodiscard]] QWidget& titleBlock() const { return *part<Ui::DoubleClickable>(*panel); }
-
-  /// The cell of that day of the shown month.
-  [[nodiscard]] DayCellView& cell(int day) const {
-    for (DayCellView* found : parts<DayCellView>(*panel))
-      if (found->day() && found->day()->cell.day == day) return *found;
-    throw std::out_of_range("no such day");
-  }
-
-  /// The button of that accessible name, if it is shown.
-  [[nodiscard]] Ui::Button* button(const char* name) const {
-    for (Ui::Button* found : parts<Ui::Button>(*panel))
-      if (found->accessibleName() == name && found->isVisible()) return found;
+  /// The first part that is shown and that the condition holds for; null for none.
+  template <typename Part, typename Condition>
+  [[nodiscard]] Part* find(Condition condition) const {
+    for (Part* found : parts<Part>(*screen))
+      if (found->isVisible() && condition(*found)) return found;
     return nullptr;
+  }
+
+  /// The shown button that a screen reader calls that; null for none.
+  [[nodiscard]] Ui::Button* button(const QString& name) const {
+    return find<Ui::Button>(
+        [&](const Ui::Button& found) { return found.accessibleName() == name; });
+  }
+
+  [[nodiscard]] bool showsText(const QString& text) const {
+    return find<Ui::Text>([&](const Ui::Text& found) { return found.text() == text; }) != nullptr;
   }
 
   /// Every text that is shown, from top to bottom and from left to right.
   [[nodiscard]] QStringList texts() const {
-    auto shown = parts<Ui::Text>(*panel);
+    auto shown = parts<Ui::Text>(*screen);
     std::erase_if(shown, [](const Ui::Text* text) { return !text->isVisible(); });
     std::ranges::stable_sort(shown, {}, [this](const Ui::Text* text) {
-      const QPoint place = text->mapTo(panel.get(), QPoint(0, 0));
+      const QPoint place = frame(*text).topLeft();
       return std::pair(place.y(), place.x());
     });
     QStringList texts;
@@ -76,27 +77,30 @@ class ScreenTest : public testing::Test {
     return texts;
   }
 
-  static void click(QWidget& widget) {
-    QTest::mouseClick(&widget, Qt::LeftButton);
+  void click(QWidget* widget) {
+    if (widget == nullptr) throw std::out_of_range("nothing to click on");
+    // At its beginning: rows may have nothing in their middle.
+    QTest::mouseClick(widget, Qt::LeftButton, {},
+                      QPoint(std::min(8, widget->width() / 2), widget->height() / 2));
     settle();
   }
 
   /// As a pointer does it: press, release, double click, release.
-  static void doubleClick(QWidget& widget) {
+  void doubleClick(QWidget& widget) {
     QTest::mouseClick(&widget, Qt::LeftButton);
     QTest::mouseDClick(&widget, Qt::LeftButton);
     settle();
   }
 
   [[nodiscard]] QRect frame(const QWidget& part) const {
-    return {part.mapTo(panel.get(), QPoint(0, 0)), part.size()};
+    return {part.mapTo(screen.get(), QPoint(0, 0)), part.size()};
   }
+
+  [[nodiscard]] AppSettings& settings() { return desktop.settings(); }
 
   SystemTimeZone zone{"Asia/Riyadh"};
   FakePlatform desktop{kNow};
-  std::unique_ptr<CalendarView> panel;
-  std::vector<Size> sizes;
-  int settingsOpened = 0;
+  std::unique_ptr<Screen> screen;
 };
 
 }  // namespace Hilalor::Screens

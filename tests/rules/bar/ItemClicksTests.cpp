@@ -13,9 +13,10 @@ constexpr Point kFarOff{300, 400};
 
 using Button = StatusItemClick::Button;
 
-/// Deeds in one letter each: a press on the (i)tem or (e)lsewhere, a release (r), a dismissal by
-/// the (d)esktop or by E(s)cape, a click (c), one of which the pointer is not told (k), a right
-/// click (R), a wait of a tenth of a second (.) or half a second (-), a clock set back (<).
+/// Deeds in one letter each: a press on the (i)tem, (n)ear where it is clicked, or (e)lsewhere, a
+/// release (r), a dismissal by the (d)esktop or by E(s)cape, a click (c), one of which the pointer
+/// is not told (k), a right click (R), a wait of a tenth of a second (.) or half a second (-), a
+/// clock set back (<).
 std::string play(const char* deeds, const std::optional<Rect>& item) {
   ItemClicks clicks;
   bool isOpen = false;
@@ -31,6 +32,7 @@ std::string play(const char* deeds, const std::optional<Rect>& item) {
   };
   for (const char* deed = deeds; *deed != '\0'; ++deed) {
     if (*deed == 'i') press(kOnTheItem);
+    if (*deed == 'n') press({kOnTheItem.x + 7, kOnTheItem.y - 7});
     if (*deed == 'e') press(kFarOff);
     if (*deed == 'r') static_cast<void>(clicks.release(now));
     if (*deed == 'd' || *deed == 's') {
@@ -59,6 +61,7 @@ TEST(ItemClicks, ThePressThatClosedIsNotTheOneThatOpens) {
       {"a press on the item is its click's", "circ", true, "O-"},
       {"a press elsewhere closes", "cerc", true, "OO"},
       {"a press where the item may be closes, and its click opens not", "cir.cc", false, "O-O"},
+      {"a few pixels before it", "cnr.c", false, "O-"},
       {"held down for long", "ci----r.c", false, "O-"},
       {"whose click never came", "cir-c", false, "OO"},
       {"never released", "ci----cc", false, "O-O"},

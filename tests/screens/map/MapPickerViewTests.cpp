@@ -1,17 +1,11 @@
 #include "screens/map/MapPickerView.hpp"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QLineEdit>
-#include <QTest>
 #include <cmath>
 #include <memory>
 
 #include "screens/map/MapView.hpp"
-#include "tests/fakes/Parts.hpp"
-#include "tests/fakes/ScreenContexts.hpp"
-#include "tests/fakes/SystemTimeZone.hpp"
+#include "tests/screens/ScreenTest.hpp"
 #include "ui/Containers.hpp"
 
 namespace Hilalor::Screens {
@@ -29,28 +23,21 @@ struct Confirmed {
   std::string zone;
 };
 
-class MapPickerViewTest : public testing::Test {
+class MapPickerViewTest : public ScreenTest<MapPickerView> {
  protected:
+  MapPickerViewTest() { zone.set("Asia/Kuwait"); }
+
   void open(std::optional<LocationCoordinate> start = std::nullopt) {
-    picker = std::make_unique<MapPickerView>(
+    show(std::make_unique<MapPickerView>(
         mapContext(desktop), start,
         [this](LocationCoordinate coordinate, const std::string& name, const TimeZone& there) {
           confirmed.push_back({coordinate, name, there.identifier()});
-        });
-    picker->show();
-    settle();
+        }));
   }
 
-  void settle() {
-    for (int pass = 0; pass < 4; ++pass) {
-      QApplication::processEvents();
-      desktop.loop.runPosted();
-    }
-  }
+  [[nodiscard]] MapView& map() const { return *part<MapView>(*screen); }
 
-  [[nodiscard]] MapView& map() const { return *part<MapView>(*picker); }
-
-  [[nodiscard]] LocationCoordinate click(QPoint place) {
+  LocationCoordinate choose(QPoint place) {
     const auto coordinate = map().coordinateAt(place);
     QTest::mouseClick(&map(), Qt::LeftButton, {}, place);
     settle();
@@ -62,37 +49,23 @@ class MapPickerViewTest : public testing::Test {
     settle();
   }
 
-  [[nodiscard]] Button& button(const char* name) const {
-    for (Button* found : parts<Button>(*picker))
-      if (found->accessibleName() == name) return *found;
-    throw std::out_of_range("no such button");
-  }
-
-  void press(const char* name) {
-    QTest::mouseClick(&button(name), Qt::LeftButton);
-    settle();
-  }
-
   /// What the footer says.
   [[nodiscard]] std::string status() const {
     std::string status;
-    for (const Text* text : parts<Text>(*picker))
-      if (text->isVisible() && text->mapTo(picker.get(), QPoint(0, 0)).y() > 440)
+    for (const Text* text : parts<Text>(*screen))
+      if (text->isVisible() && text->mapTo(screen.get(), QPoint(0, 0)).y() > 440)
         status += text->text().toStdString();
     return status;
   }
 
-  SystemTimeZone zone{"Asia/Kuwait"};
-  FakePlatform desktop;
-  std::unique_ptr<MapPickerView> picker;
   std::vector<Confirmed> confirmed;
 };
 
 TEST_F(MapPickerViewTest, BeginsWithNothingChosen) {
   open();
-  EXPECT_EQ(picker->size(), QSize(640, 500));
+  EXPECT_EQ(screen->size(), QSize(640, 500));
   EXPECT_EQ(status(), kHint);
-  EXPECT_FALSE(button("Confirm").isEnabled());
+  EXPECT_FALSE(button("Confirm")->isEnabled());
   EXPECT_TRUE(desktop.geocoder.requests.empty());
   const auto& viewport = map().viewport();
   const auto middle = map().coordinateAt(QRectF(map().rect()).center());
@@ -110,12 +83,12 @@ TEST_F(MapPickerViewTest, BeginsAtTheStoredPlaceAndHandsItBackUnnamed) {
   EXPECT_NEAR(middle.latitude, kJeddah.latitude, 1e-6);
   EXPECT_NEAR(middle.longitude, kJeddah.longitude, 1e-6);
   EXPECT_NEAR(map().viewport().size().height / map().viewport().pixelsPerDegree(), 5 / 0.93, 0.1);
-  press("Confirm");
+  click(button("Confirm"));
   ASSERT_EQ(confirmed.size(), 1U);
   EXPECT_EQ(confirmed[0].coordinate, kJeddah);
   EXPECT_EQ(confirmed[0].name, "Custom Location");
   EXPECT_EQ(confirmed[0].zone, "Asia/Kuwait");
-  EXPECT_FALSE(picker->isVisible());
+  EXPECT_FALSE(screen->isVisible());
 }
 
 TEST_F(MapPickerViewTest, BeginsWithoutAPlaceWhereTheStoredOneIsNone) {
@@ -127,21 +100,21 @@ TEST_F(MapPickerViewTest, BeginsWithoutAPlaceWhereTheStoredOneIsNone) {
 
 TEST_F(MapPickerViewTest, LooksAClickUpAndHandsItBack) {
   open();
-  const auto clicked = click({200, 150});
+  const auto clicked = choose({200, 150});
   ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
   EXPECT_EQ(desktop.geocoder.requests[0].coordinate, clicked);
   EXPECT_EQ(status(), "Resolving location…");
-  EXPECT_FALSE(button("Confirm").isEnabled());
-  EXPECT_TRUE(part<ActivityIndicator>(*picker)->isVisible());
+  EXPECT_FALSE(button("Confirm")->isEnabled());
+  EXPECT_TRUE(part<ActivityIndicator>(*screen)->isVisible());
 
   answer(0, {{"Jeddah", "Mecca Region", "Saudi Arabia", TimeZone::named("Asia/Riyadh")}});
   EXPECT_EQ(status(), "Jeddah, Mecca Region, Saudi Arabia");
-  press("Confirm");
+  click(button("Confirm"));
   ASSERT_EQ(confirmed.size(), 1U);
   EXPECT_EQ(confirmed[0].coordinate, clicked);
   EXPECT_EQ(confirmed[0].name, "Jeddah, Mecca Region, Saudi Arabia");
   EXPECT_EQ(confirmed[0].zone, "Asia/Riyadh");
-  EXPECT_FALSE(picker->isVisible());
+  EXPECT_FALSE(screen->isVisible());
 }
 
 TEST_F(MapPickerViewTest, NamesAPlaceByWhatIsKnownOfIt) {
@@ -167,11 +140,11 @@ TEST_F(MapPickerViewTest, NamesAPlaceByWhatIsKnownOfIt) {
   for (const auto& [placemarks, shown, name, identifier] : cases) {
     SCOPED_TRACE(shown);
     open();
-    static_cast<void>(click({300, 200}));
+    choose({300, 200});
     answer(desktop.geocoder.requests.size() - 1, placemarks);
     EXPECT_EQ(status(), shown);
-    ASSERT_TRUE(button("Confirm").isEnabled());
-    press("Confirm");
+    ASSERT_TRUE(button("Confirm")->isEnabled());
+    click(button("Confirm"));
     EXPECT_EQ(confirmed.back().name, name);
     EXPECT_EQ(confirmed.back().zone, identifier);
   }
@@ -179,14 +152,14 @@ TEST_F(MapPickerViewTest, NamesAPlaceByWhatIsKnownOfIt) {
 
 TEST_F(MapPickerViewTest, TakesTheAnswerThatComesLast) {
   open();
-  static_cast<void>(click({100, 100}));
-  const auto second = click({400, 200});
+  choose({100, 100});
+  const auto second = choose({400, 200});
   answer(1, {{"Second", std::nullopt, std::nullopt, TimeZone::named("Asia/Tokyo")}});
   EXPECT_EQ(status(), "Second");
-  EXPECT_TRUE(button("Confirm").isEnabled());
+  EXPECT_TRUE(button("Confirm")->isEnabled());
   answer(0, {{"First", std::nullopt, std::nullopt, TimeZone::named("Europe/Paris")}});
   EXPECT_EQ(status(), "First");
-  press("Confirm");
+  click(button("Confirm"));
   EXPECT_EQ(confirmed.at(0).coordinate, second);
   EXPECT_EQ(confirmed.at(0).name, "First");
   EXPECT_EQ(confirmed.at(0).zone, "Europe/Paris");
@@ -194,26 +167,26 @@ TEST_F(MapPickerViewTest, TakesTheAnswerThatComesLast) {
 
 TEST_F(MapPickerViewTest, IsDoneResolvingAtTheFirstAnswer) {
   open();
-  static_cast<void>(click({100, 100}));
-  static_cast<void>(click({400, 200}));
+  choose({100, 100});
+  choose({400, 200});
   answer(0, {});
-  EXPECT_TRUE(button("Confirm").isEnabled());
+  EXPECT_TRUE(button("Confirm")->isEnabled());
 }
 
 TEST_F(MapPickerViewTest, HandsNothingBackOnCancel) {
   open(kJeddah);
-  static_cast<void>(click({400, 200}));
-  press("Cancel");
+  choose({400, 200});
+  click(button("Cancel"));
   EXPECT_TRUE(confirmed.empty());
-  EXPECT_FALSE(picker->isVisible());
+  EXPECT_FALSE(screen->isVisible());
 }
 
 TEST_F(MapPickerViewTest, LeavesAnswersAloneThatComeAfterItsEnd) {
   open();
   EXPECT_EQ(desktop.atlas.openMaps, 1);
-  static_cast<void>(click({100, 100}));
+  choose({100, 100});
   QTest::mouseClick(&map(), Qt::LeftButton, {}, QPoint(300, 100));  // Not handed on yet.
-  picker.reset();
+  screen.reset();
   EXPECT_EQ(desktop.atlas.openMaps, 0);
   settle();
   EXPECT_EQ(desktop.geocoder.requests.size(), 1U);
@@ -227,7 +200,7 @@ TEST_F(MapPickerViewTest, FindsAPlaceByTypingOnTheMap) {
   ASSERT_TRUE(map().hasFocus());
   for (const char letter : {'M', 'e', 'd', 'i'})
     QTest::keyClick(QApplication::focusWidget(), letter);
-  auto* edit = part<QLineEdit>(*picker);
+  auto* edit = part<QLineEdit>(*screen);
   ASSERT_TRUE(edit->isVisible());
   EXPECT_EQ(edit->text(), "Medi");
   EXPECT_EQ(desktop.atlas.searches.back(), "Medi");
@@ -246,8 +219,8 @@ TEST_F(MapPickerViewTest, FindsAPlaceByTheSymbolInTheCorner) {
   desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
                             {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
   open();
-  press("Find a place");
-  auto* edit = part<QLineEdit>(*picker);
+  click(button("Find a place"));
+  auto* edit = part<QLineEdit>(*screen);
   QTest::keyClicks(edit, "Med");
   QTest::keyClick(edit, Qt::Key_Down);
   QTest::keyClick(edit, Qt::Key_Down);
@@ -261,32 +234,32 @@ TEST_F(MapPickerViewTest, FindsAPlaceByTheSymbolInTheCorner) {
 TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
   desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
                             {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
-  const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+  const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
   for (const bool isTouched : {false, true}) {
     SCOPED_TRACE(isTouched);
     open();
-    QWindow* window = picker->windowHandle();
+    QWindow* window = screen->windowHandle();
     // As the desktop tells it: to the window, which finds out whose it is.
     const auto press = [&](QPoint place) {
       if (isTouched) {
-        QTest::touchEvent(window, screen.get()).press(0, place, window);
-        QTest::touchEvent(window, screen.get()).release(0, place, window);
+        QTest::touchEvent(window, device.get()).press(0, place, window);
+        QTest::touchEvent(window, device.get()).release(0, place, window);
       } else {
         QTest::mouseClick(window, Qt::LeftButton, {}, place);
       }
       settle();
     };
     const auto place = [this](const QString& text) {
-      for (Text* found : parts<Text>(*picker))
-        if (found->text() == text) return found->mapTo(picker.get(), found->rect().center());
+      for (Text* found : parts<Text>(*screen))
+        if (found->text() == text) return found->mapTo(screen.get(), found->rect().center());
       throw std::out_of_range("no such text");
     };
     desktop.geocoder.requests.clear();
     QTest::keyClicks(&map(), "zz");
     settle();
-    auto* edit = part<QLineEdit>(*picker);
+    auto* edit = part<QLineEdit>(*screen);
     press(place("No matches"));
-    press(edit->mapTo(picker.get(), QPoint(-3, 5)));
+    press(edit->mapTo(screen.get(), QPoint(-3, 5)));
     EXPECT_TRUE(desktop.geocoder.requests.empty()) << "what is under the field is not chosen";
     EXPECT_TRUE(edit->hasFocus());
     edit->setText("Med");
@@ -301,12 +274,12 @@ TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
 TEST_F(MapPickerViewTest, ChoosesNothingWhereNothingMatches) {
   open();
   QTest::keyClicks(&map(), "zz");
-  QTest::keyClick(part<QLineEdit>(*picker), Qt::Key_Return);
-  QTest::keyClick(part<QLineEdit>(*picker), Qt::Key_Escape);
+  QTest::keyClick(part<QLineEdit>(*screen), Qt::Key_Return);
+  QTest::keyClick(part<QLineEdit>(*screen), Qt::Key_Escape);
   settle();
   EXPECT_TRUE(desktop.geocoder.requests.empty());
-  EXPECT_FALSE(part<QLineEdit>(*picker)->isVisible());
-  EXPECT_TRUE(picker->isVisible());
+  EXPECT_FALSE(part<QLineEdit>(*screen)->isVisible());
+  EXPECT_TRUE(screen->isVisible());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tests/screens/ScreenTest.hpp"
+#include "tests/screens/panel/PanelTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -6,25 +6,13 @@ using namespace Ui;
 
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CalendarViewTest : public ScreenTest {
+class CalendarViewTest : public PanelTest {
  protected:
-  [[nodiscard]] QStringList header() const { return texts().mid(0, 3); }
-  [[nodiscard]] AppSettings& settings() { return desktop.settings(); }
-
-  /// The days that are drawn as selected.
-  [[nodiscard]] std::vector<int> selected() const {
-    std::vector<int> days;
-    for (const DayCellView* found : parts<DayCellView>(*panel))
-      if (found->day() && found->day()->isSelected) days.push_back(found->day()->cell.day);
-    return days;
-  }
-
   /// The page of the prayer list.
   [[nodiscard]] QString listedDay() const {
-    return part<Text>(*part<PrayerTimesView>(*panel))->text();
+    return part<Text>(*part<PrayerTimesView>(*screen))->text();
   }
 
   [[nodiscard]] QString hoverText() const { return texts().at(2 + 7); }
@@ -37,7 +25,7 @@ class CalendarViewTest : public ScreenTest {
 
 TEST_F(CalendarViewTest, IsLaidOutToThePoint) {
   show();
-  EXPECT_EQ(panel->width(), 260);
+  EXPECT_EQ(screen->width(), 260);
   EXPECT_EQ(frame(cell(1)).left(), 12);
   EXPECT_EQ(frame(cell(28)).right() + 1, 260 - 12);
   EXPECT_EQ(frame(cell(8)).topLeft() - frame(cell(1)).topLeft(), QPoint(0, 42));
@@ -47,34 +35,34 @@ TEST_F(CalendarViewTest, IsLaidOutToThePoint) {
   EXPECT_EQ(frame(*button("Next month")).right() + 1, 260 - 12 - 4);
   EXPECT_EQ(frame(*button("Quit Hilalor")).left(), 12);
   EXPECT_EQ(frame(*button("Settings")).right() + 1, 260 - 12);
-  EXPECT_EQ(frame(*button("Settings")).bottom() + 1, panel->height() - 10);
+  EXPECT_EQ(frame(*button("Settings")).bottom() + 1, screen->height() - 10);
 }
 
 TEST_F(CalendarViewTest, OnALowScreenDoesWithoutEmptyWeeksAndThenScrollsBetweenHeadAndFoot) {
   show();
-  const int whole = panel->height();
+  const int whole = screen->height();
   const auto fit = [this](int height) {
-    panel->setGreatestHeight(height);
-    panel->resize(panel->sizeHint());
+    screen->setGreatestHeight(height);
+    screen->resize(screen->sizeHint());
     settle();
-    return panel->height();
+    return screen->height();
   };
   EXPECT_EQ(fit(whole - 1), whole - 42);
   EXPECT_EQ(fit(whole - 43), whole - 84) << "this month needs four weeks";
   EXPECT_EQ(fit(whole - 200), whole - 200);
-  EXPECT_EQ(frame(*button("Settings")).bottom() + 1, panel->height() - 10);
+  EXPECT_EQ(frame(*button("Settings")).bottom() + 1, screen->height() - 10);
   const int head = frame(titleBlock()).top();
   const auto isSeen = [this](QWidget& part) {
     const int foot = frame(*button("Settings")).top();
     return frame(part).top() > frame(titleBlock()).bottom() && frame(part).bottom() < foot;
   };
   EXPECT_TRUE(isSeen(cell(1)));
-  QWheelEvent turn({130, 200}, panel->mapToGlobal(QPointF(130, 200)), {}, {0, -480}, {}, {},
+  QWheelEvent turn({130, 200}, screen->mapToGlobal(QPointF(130, 200)), {}, {0, -480}, {}, {},
                    Qt::NoScrollPhase, false);
-  QApplication::sendEvent(part<ScrollColumn>(*panel)->viewport(), &turn);
+  QApplication::sendEvent(part<ScrollColumn>(*screen)->viewport(), &turn);
   EXPECT_FALSE(isSeen(cell(1)));
   EXPECT_EQ(frame(titleBlock()).top(), head);
-  panel->setFocus();
+  screen->setFocus();
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
@@ -84,67 +72,46 @@ TEST_F(CalendarViewTest, OnALowScreenDoesWithoutEmptyWeeksAndThenScrollsBetweenH
   // March 2026 has days in five weeks, May in six.
   EXPECT_EQ(fit(whole - 1), whole - 42);
   for (int month = 0; month < 3; ++month)
-    click(*button("Next month"));
-  EXPECT_EQ(panel->sizeHint().height(), whole - 1);
+    click(button("Next month"));
+  EXPECT_EQ(screen->sizeHint().height(), whole - 1);
   EXPECT_EQ(fit(whole), whole);
 }
 
-TEST_F(CalendarViewTest, ShowsTheMonthOfTodayInTheGregorianCalendar) {
+TEST_F(CalendarViewTest, ShowsTheMonthAndWhatIsDoneInIt) {
   show();
   EXPECT_EQ(texts().mid(0, 9), (QStringList{"February 2026", "Sha. – Ram. 1447", "Su", "Mo", "Tu",
                                             "We", "Th", "Fr", "Sa"}));
-  EXPECT_TRUE(cell(22).day()->cell.isToday);
   EXPECT_EQ(listedDay(), "Sunday, 22 February 2026");
+  click(button("Next month"));
+  EXPECT_EQ(selection(), "March 2026");
+  click(button("Previous month"));
+  click(&cell(10));
+  EXPECT_EQ(selection(), "10 February 2026");
+  EXPECT_EQ(listedDay(), "Tuesday, 10 February 2026");
+  doubleClick(cell(12));
+  EXPECT_EQ(selection(), "10 February 2026");
+  ASSERT_TRUE(part<NoteEditorView>(*screen));
+  EXPECT_EQ(part<Text>(*part<NoteEditorView>(*screen))->text(), "February 12, 2026");
+  doubleClick(titleBlock());
+  EXPECT_FALSE(part<NoteEditorView>(*screen)) << "a press elsewhere closes it";
+  EXPECT_EQ(texts().mid(0, 2), (QStringList{"2026", "double-click to exit"}));
+  click(button("Next year"));
+  EXPECT_EQ(selection(), "2027");
 }
 
-TEST_F(CalendarViewTest, ShowsTheHijriMonthAndLeavesTheOtherCalendarOut) {
+TEST_F(CalendarViewTest, ShowsTheOtherCalendarAndTheSectionsThatAreWanted) {
   settings().primaryCalendar = PrimaryCalendar::hijri;
   settings().showSecondaryCalendar = false;
   show();
   EXPECT_EQ(texts().mid(0, 2), (QStringList{"Ramadan 1447", "Su"}));
   EXPECT_TRUE(cell(5).day()->cell.isToday);
-}
-
-TEST_F(CalendarViewTest, StepsByMonthOrInYearModeByYear) {
-  show();
-  click(*button("Next month"));
-  EXPECT_EQ(texts().front(), "March 2026");
-  click(*button("Previous month"));
-  click(*button("Previous month"));
-  EXPECT_EQ(texts().front(), "January 2026");
-
-  doubleClick(titleBlock());
-  EXPECT_EQ(texts().mid(0, 2), (QStringList{"2026", "double-click to exit"}));
-  click(*button("Next year"));
-  EXPECT_EQ(texts().front(), "2027");
-  doubleClick(titleBlock());
-  EXPECT_EQ(texts().front(), "January 2027");
-}
-
-TEST_F(CalendarViewTest, AClickSelectsADayAndASecondOneClearsIt) {
-  show();
-  click(cell(10));
-  EXPECT_THAT(selected(), ElementsAre(10));
-  EXPECT_EQ(listedDay(), "Tuesday, 10 February 2026");
-  click(cell(11));
-  EXPECT_THAT(selected(), ElementsAre(11));
-  click(*button("Next month"));
-  EXPECT_THAT(selected(), IsEmpty());
-  EXPECT_EQ(listedDay(), "Wednesday, 11 February 2026") << "navigation keeps the selection";
-  click(*button("Previous month"));
-  click(cell(11));
-  EXPECT_THAT(selected(), IsEmpty());
-  EXPECT_EQ(listedDay(), "Sunday, 22 February 2026");
-}
-
-TEST_F(CalendarViewTest, ADoubleClickOpensTheNoteAndLeavesTheSelection) {
-  show();
-  click(cell(10));
-  doubleClick(cell(12));
-  EXPECT_THAT(selected(), ElementsAre(10));
-  auto* note = part<NoteEditorView>(*panel);
-  ASSERT_NE(note, nullptr);
-  EXPECT_EQ(part<Text>(*note)->text(), "February 12, 2026");
+  settings().showPrayerTimes = false;
+  settle();
+  EXPECT_FALSE(part<PrayerTimesView>(*screen)->isVisible());
+  settings().showCalendar = false;
+  settle();
+  EXPECT_THAT(texts(), IsEmpty());
+  EXPECT_TRUE(button("Quit Hilalor"));
 }
 
 TEST_F(CalendarViewTest, TheHoverLineTellsOfTheDayUnderThePointer) {
@@ -163,38 +130,11 @@ TEST_F(CalendarViewTest, TheHoverLineTellsOfTheDayUnderThePointer) {
   EXPECT_EQ(texts().at(1 + 7), " ");
 }
 
-TEST_F(CalendarViewTest, ANewPrimaryCalendarReturnsToToday) {
-  show();
-  doubleClick(titleBlock());
-  click(*button("Next year"));
-  click(cell(3));
-  settings().primaryCalendar = PrimaryCalendar::hijri;
-  settle();
-  EXPECT_EQ(texts().front(), "Ramadan 1447");
-  EXPECT_THAT(selected(), IsEmpty());
-  EXPECT_EQ(listedDay(), "Sunday, 22 February 2026");
-}
-
-TEST_F(CalendarViewTest, OtherSectionsBeginAnew) {
-  show();
-  click(*button("Next month"));
-  click(cell(3));
-  settings().showPrayerTimes = false;
-  settle();
-  EXPECT_EQ(texts().front(), "February 2026");
-  EXPECT_THAT(selected(), IsEmpty());
-  EXPECT_FALSE(part<PrayerTimesView>(*panel)->isVisible());
-  settings().showCalendar = false;
-  settle();
-  EXPECT_THAT(texts(), IsEmpty());
-  EXPECT_TRUE(button("Quit Hilalor"));
-}
-
 TEST_F(CalendarViewTest, ReportsItsSizeWhenItChanges) {
   show();
   ASSERT_EQ(sizes.size(), 1U) << "the size it was shown with is the one it wants";
   const Size whole = sizes.back();
-  EXPECT_EQ(whole, (Size{260, static_cast<double>(panel->height())}));
+  EXPECT_EQ(whole, (Size{260, static_cast<double>(screen->height())}));
   settings().showSunnahTimes = true;
   settle();
   EXPECT_GT(sizes.back().height, whole.height);
@@ -215,7 +155,7 @@ TEST_F(CalendarViewTest, OffersToStopWhatPlays) {
   alerts.playingVoice.assign(std::nullopt);
   settle();
   ASSERT_TRUE(button("Stop Supplication"));
-  click(*button("Stop Supplication"));
+  click(button("Stop Supplication"));
   EXPECT_FALSE(alerts.playingDua.value());
   EXPECT_TRUE(QTest::qWaitFor([&] { return button("Stop Supplication") == nullptr; }, 2000));
 }
@@ -224,21 +164,21 @@ TEST_F(CalendarViewTest, ItsButtonsQuitAndOpenTheSettings) {
   show();
   EXPECT_EQ(button("Quit Hilalor")->toolTip(), "Quit Hilalor");
   EXPECT_EQ(button("Settings")->toolTip(), "Settings");
-  click(*button("Quit Hilalor"));
+  click(button("Quit Hilalor"));
   EXPECT_EQ(desktop.application.terminations, 1);
-  click(*button("Settings"));
+  click(button("Settings"));
   EXPECT_EQ(settingsOpened, 1);
 }
 
 TEST_F(CalendarViewTest, IsDrawnInTheColoursOfItsWindow) {
   show();
   const auto at = [this](const QWidget& part, QPoint within) {
-    return panel->grab().toImage().pixelColor(frame(part).topLeft() + within);
+    return screen->grab().toImage().pixelColor(frame(part).topLeft() + within);
   };
-  EXPECT_EQ(at(*panel, {2, 2}), QColor(246, 246, 246));
+  EXPECT_EQ(at(*screen, {2, 2}), QColor(246, 246, 246));
   EXPECT_EQ(at(cell(22), {4, 20}), QColor(34, 120, 70));
-  panel->setPalette(windowPalette(ColorScheme::dark));
-  EXPECT_EQ(at(*panel, {2, 2}), QColor(30, 30, 30));
+  screen->setPalette(windowPalette(ColorScheme::dark));
+  EXPECT_EQ(at(*screen, {2, 2}), QColor(30, 30, 30));
   EXPECT_EQ(at(cell(22), {4, 20}), QColor(34, 120, 70));
 }
 

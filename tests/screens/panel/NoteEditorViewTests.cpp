@@ -1,6 +1,6 @@
 #include "screens/panel/NoteEditorView.hpp"
 
-#include "tests/screens/ScreenTest.hpp"
+#include "tests/screens/panel/PanelTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -8,13 +8,13 @@ using namespace Ui;
 
 namespace {
 
-class NoteEditorViewTest : public ScreenTest {
+class NoteEditorViewTest : public PanelTest {
  protected:
   NoteEditorViewTest() { show(); }
 
   void open(int day) {
     doubleClick(cell(day));
-    editor = part<NoteEditorView>(*panel);
+    editor = part<NoteEditorView>(*screen);
   }
 
   void type(const char* text) {
@@ -46,13 +46,6 @@ TEST_F(NoteEditorViewTest, IsFocusedAtOnceAndStoresEveryKeystroke) {
   EXPECT_FALSE(cell(10).day()->hasNote);
 }
 
-TEST_F(NoteEditorViewTest, BlankTextIsNoNote) {
-  open(10);
-  type("  ");
-  press(Qt::Key_Return);
-  EXPECT_TRUE(desktop.notes().notes().empty());
-}
-
 TEST_F(NoteEditorViewTest, ShowsWhatIsStoredUnchangedAndStoresNothingUnasked) {
   const std::string note = "  two\n spaces ";
   desktop.notes().setNote(note, cell(10).day()->cell.date);
@@ -82,7 +75,7 @@ TEST_F(NoteEditorViewTest, SaysSoWhileWhatIsTypedIsNotStored) {
   }
 }
 
-using StoredNoteTest = ScreenTest;
+using StoredNoteTest = PanelTest;
 
 TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
   desktop.defaults.setDictionary("dayNotes", {{"2026-02-10", " \n"}, {"2026-02-11", " kept "}});
@@ -90,7 +83,7 @@ TEST_F(StoredNoteTest, OfBlanksAloneEndsWhenItIsLookedAt) {
   EXPECT_TRUE(cell(10).day()->hasNote);
   for (const int day : {10, 11}) {
     doubleClick(cell(day));
-    QTest::keyClick(part<NoteEditorView>(*panel)->focusProxy()->focusProxy(), Qt::Key_Escape);
+    QTest::keyClick(part<NoteEditorView>(*screen)->focusProxy()->focusProxy(), Qt::Key_Escape);
     settle();
   }
   EXPECT_EQ(desktop.notes().notes(), (TextDictionary{{"2026-02-11", " kept "}}));
@@ -125,7 +118,7 @@ TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendar) {
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");
   press(Qt::Key_Escape);
-  desktop.settings().primaryCalendar = PrimaryCalendar::hijri;
+  settings().primaryCalendar = PrimaryCalendar::hijri;
   settle();
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "10 Ramadan 1447");
@@ -143,8 +136,8 @@ TEST_F(NoteEditorViewTest, IsLaidOutToThePoint) {
 TEST_F(NoteEditorViewTest, OneNoteIsOpenAtATime) {
   open(10);
   doubleClick(cell(12));
-  EXPECT_EQ(parts<NoteEditorView>(*panel).size(), 1U);
-  EXPECT_EQ(part<Text>(*part<NoteEditorView>(*panel))->text(), "February 12, 2026");
+  EXPECT_EQ(parts<NoteEditorView>(*screen).size(), 1U);
+  EXPECT_EQ(part<Text>(*part<NoteEditorView>(*screen))->text(), "February 12, 2026");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "screens/panel/PrayerTimesView.hpp"
 
-#include "tests/screens/ScreenTest.hpp"
+#include "tests/screens/panel/PanelTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -8,16 +8,16 @@ using namespace Ui;
 
 namespace {
 
-class PrayerTimesViewTest : public ScreenTest {
+class PrayerTimesViewTest : public PanelTest {
  protected:
-  PrayerTimesViewTest() { desktop.settings().showCalendar = false; }
+  PrayerTimesViewTest() { settings().showCalendar = false; }
 
   /// The names of the rows on the accent colour.
   [[nodiscard]] QStringList highlighted() const {
-    const QImage drawn = panel->grab().toImage();
+    const QImage drawn = screen->grab().toImage();
     QStringList names;
-    for (const Text* text : parts<Text>(*panel)) {
-      const QPoint leftOfText = text->mapTo(panel.get(), QPoint(-3, text->height() / 2));
+    for (const Text* text : parts<Text>(*screen)) {
+      const QPoint leftOfText = text->mapTo(screen.get(), QPoint(-3, text->height() / 2));
       if (text->isVisible() && drawn.pixelColor(leftOfText) == QColor(34, 120, 70) &&
           !text->text().contains(u':'))
         names.append(text->text());
@@ -44,26 +44,26 @@ TEST_F(PrayerTimesViewTest, TheHighlightMovesOnWhileThePanelIsOpen) {
 
 TEST_F(PrayerTimesViewTest, FollowsSettingsAndPlace) {
   show();
-  desktop.settings().showSunnahTimes = true;
+  settings().showSunnahTimes = true;
   settle();
   EXPECT_EQ(texts().mid(3 + 2 * 6),
             (QStringList{"Middle of Night", "11:28 PM", "Last Third", "01:19 AM"}));
-  desktop.settings().manualLatitude = -6.2;
-  desktop.settings().manualLongitude = 106.8;
-  desktop.settings().manualLocationName = "Jakarta";
-  desktop.settings().locationMode = LocationMode::manual;
+  settings().manualLatitude = -6.2;
+  settings().manualLongitude = 106.8;
+  settings().manualLocationName = "Jakarta";
+  settings().locationMode = LocationMode::manual;
   settle();
   EXPECT_EQ(texts().at(2), "Jakarta");
-  desktop.settings().manualLatitude = 89;
+  settings().manualLatitude = 89;
   settle();
   EXPECT_EQ(texts().size(), 3) << "no rows in the polar night";
 }
 
 TEST_F(PrayerTimesViewTest, LooksAtTheClockOnlyWhileItIsShown) {
   show();
-  panel->hide();
+  screen->hide();
   desktop.loop.advance(Seconds(3 * 3600.0));
-  panel->show();
+  screen->show();
   EXPECT_EQ(highlighted(), QStringList{"Maghrib"}) << "at once when it is shown again";
 }
 

@@ -2,7 +2,7 @@
 #include <map>
 #include <random>
 
-#include "tests/screens/ScreenTest.hpp"
+#include "tests/screens/panel/PanelTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -17,23 +17,23 @@ int times(int thorough) {
 }
 
 /// Months, clicks, keys, wheel, settings and notes in any order, with the notes kept beside.
-class RandomUse : public ScreenTest {
+class RandomUse : public PanelTest {
  protected:
   [[nodiscard]] int upTo(int limit) { return std::uniform_int_distribution(0, limit - 1)(random); }
 
   [[nodiscard]] DayCellView& anyCell() {
-    return *parts<DayCellView>(*panel).at(static_cast<std::size_t>(upTo(42)));
+    return *parts<DayCellView>(*screen).at(static_cast<std::size_t>(upTo(42)));
   }
 
   /// Keys for the panel; while a note is open, only the one that closes it.
   void press(Qt::Key key) {
-    const bool noteIsOpen = part<TextEditor>(*panel) != nullptr;
+    const bool noteIsOpen = part<TextEditor>(*screen) != nullptr;
     QTest::keyClick(target(), noteIsOpen ? Qt::Key_Escape : key);
   }
 
   [[nodiscard]] QWidget* target() const {
     QWidget* focused = QApplication::focusWidget();
-    return focused != nullptr ? focused : panel.get();
+    return focused != nullptr ? focused : screen.get();
   }
 
   void editNote() {
@@ -41,7 +41,7 @@ class RandomUse : public ScreenTest {
     if (!cell.day()) return;
     const Date day = cell.day()->cell.date;
     doubleClick(cell);
-    auto* editor = part<TextEditor>(*panel);
+    auto* editor = part<TextEditor>(*screen);
     ASSERT_NE(editor, nullptr);
     QTest::keyClicks(editor->focusProxy(), QString("note %1").arg(upTo(1000)));
     if (upTo(4) == 0) {
@@ -89,7 +89,7 @@ class RandomUse : public ScreenTest {
       case 1:
         return changeSetting();
       case 2:
-        return click(anyCell());
+        return click(&anyCell());
       case 3:
         return doubleClick(titleBlock());
       case 4:
@@ -97,7 +97,7 @@ class RandomUse : public ScreenTest {
       case 5: {
         QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
-        QApplication::sendEvent(panel.get(), &wheel);
+        QApplication::sendEvent(screen.get(), &wheel);
         return;
       }
       case 6:
@@ -122,22 +122,6 @@ TEST_F(RandomUse, ManyEventsLeaveTheNotesAsTheyWereTyped) {
     EXPECT_EQ(desktop.notes().note({day}), text);
   EXPECT_EQ(desktop.notes().notes().size(), expected.size());
   EXPECT_EQ(desktop.defaults.dictionary("dayNotes"), desktop.notes().notes());
-}
-
-TEST_F(RandomUse, ManyMonthsAreShownWhole) {
-  show();
-  for (int month = 0; month < times(1'000); ++month) {
-    if (upTo(20) == 0) changeSetting();
-    desktop.settings().showPrayerTimes = true;
-    if (upTo(30) == 0) doubleClick(titleBlock());
-    for (const char* name : {"Next month", "Next year"})
-      if (Button* next = button(name)) click(*next);
-    settle();
-    int days = 0;
-    for (const DayCellView* found : parts<DayCellView>(*panel))
-      days += found->day().has_value();
-    EXPECT_TRUE(days >= 28 && days <= 31) << titleText().toStdString();
-  }
 }
 
 }  // namespace

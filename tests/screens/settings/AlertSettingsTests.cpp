@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "tests/fakes/TemporaryFolder.hpp"
-#include "tests/screens/SettingsTest.hpp"
+#include "tests/screens/settings/SettingsTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -33,10 +33,7 @@ class AlertSettingsTest : public SettingsTest {
     return marks;
   }
 
-  void clickPreview(std::size_t row) {
-    click(previews()[row]);
-    settle();
-  }
+  void clickPreview(std::size_t row) { click(previews()[row]); }
 
   TemporaryFolder sounds;
 };
@@ -47,7 +44,6 @@ TEST_F(AlertSettingsTest, EachSwitchingOnAsksOnceForPermission) {
   EXPECT_THAT(requests, IsEmpty());
   for (const std::size_t expected : {1U, 1U, 2U, 2U}) {
     click(toggle("Notify me at prayer times"));
-    settle();
     EXPECT_THAT(requests, SizeIs(expected));
   }
   EXPECT_EQ(requests.front(), NotificationOptions::alert | NotificationOptions::sound);
@@ -66,20 +62,17 @@ TEST_F(AlertSettingsTest, WarnsWhileBannersAreWantedAndBlocked) {
   show();
   EXPECT_FALSE(warns());
   click(toggle("Notify me at prayer times"));
-  settle();
   EXPECT_TRUE(warns());
   EXPECT_TRUE(showsText("Enable them in System Settings → Notifications → Hilalor."));
   click(button("Open System Settings →"));
   EXPECT_THAT(desktop.workspace.panes, ElementsAre(SettingsPane::notifications));
   click(toggle("Notification"));
-  settle();
   EXPECT_FALSE(warns());
   click(toggle("Notification"));
-  settle();
   EXPECT_TRUE(warns());
   desktop.notifications.status = NotificationAuthorization::authorized;
-  view->hide();
-  view->show();
+  screen->hide();
+  screen->show();
   settle();
   EXPECT_FALSE(warns()) << "looked at afresh whenever the window is shown";
 }
@@ -91,14 +84,13 @@ TEST_F(AlertSettingsTest, IsToldWhetherBannersAreBlockedWhenTheWindowIsShownAndN
   show();
   desktop.notifications.status = NotificationAuthorization::authorized;
   click(toggle("Show prayer times"));
-  settle();
   EXPECT_TRUE(warns());
 }
 
 TEST_F(AlertSettingsTest, AnswersAfterTheWindowHasGoneComeToNothing) {
   show();
-  click(toggle("Notify me at prayer times"));
-  view.reset();
+  QTest::mouseClick(toggle("Notify me at prayer times"), Qt::LeftButton, {}, QPoint(8, 8));
+  screen.reset();
   settle();
   EXPECT_THAT(desktop.notifications.requestedOptions, SizeIs(1));
 }
@@ -133,7 +125,6 @@ TEST_F(AlertSettingsTest, TheLoopGoesByFivesFromFiveToTwoMinutes) {
   EXPECT_TRUE(showsText("10 sec"));
   for (int press = 0; press < kMoreThanThereAre; ++press) {
     click(button("Less"));
-    settle();
   }
   EXPECT_EQ(stored("beepLoopSeconds"), "5");
   EXPECT_TRUE(showsText("5 sec"));

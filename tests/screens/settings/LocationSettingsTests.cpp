@@ -1,7 +1,7 @@
 #include "screens/settings/LocationSettings.hpp"
 
 #include "screens/map/MapPickerView.hpp"
-#include "tests/screens/SettingsTest.hpp"
+#include "tests/screens/settings/SettingsTest.hpp"
 
 namespace Hilalor::Screens {
 
@@ -17,7 +17,7 @@ class LocationSettingsTest : public SettingsTest {
   [[nodiscard]] LocationManager& manager() { return desktop.locationManager(); }
 
   /// The map, while it is shown.
-  [[nodiscard]] MapPickerView* map() const { return part<MapPickerView>(*view); }
+  [[nodiscard]] MapPickerView* map() const { return part<MapPickerView>(*screen); }
 
   /// Which of the block's lines are there.
   [[nodiscard]] QStringList lines() const {
@@ -78,7 +78,7 @@ TEST_F(LocationSettingsTest, AsksForAccessAndOpensTheDesktopsSettings) {
   const int asked = desktop.location.asksAgain;
   for (const int looks : {1, 2}) {
     QEvent back(QEvent::WindowActivate);
-    QApplication::sendEvent(view.get(), &back);
+    QApplication::sendEvent(screen.get(), &back);
     EXPECT_EQ(desktop.location.authorizationRequests, 2);
     EXPECT_EQ(desktop.location.asksAgain, asked + looks);
   }
@@ -90,13 +90,11 @@ TEST_F(LocationSettingsTest, AsksForAccessAndOpensTheDesktopsSettings) {
 TEST_F(LocationSettingsTest, AManualPlaceIsNamedAndCanBeChanged) {
   show();
   click(toggle("Set Manually"));
-  settle();
   EXPECT_EQ(lines(), QStringList{"Pick Location on Map"});
   settings().manualLocationName = "Jeddah";
   settle();
   EXPECT_EQ(lines(), (QStringList{"Jeddah", "Change Location"}));
   click(toggle("Use system location"));
-  settle();
   EXPECT_EQ(lines(), QStringList{"Allow Location Access"});
 }
 
@@ -108,10 +106,8 @@ TEST_F(LocationSettingsTest, TheMapGivesThePlaceAndLeavesTheModeAlone) {
   settle();
   desktop.defaults.writes.clear();
   click(button("Pick Location on Map"));
-  settle();
   ASSERT_TRUE(map());
   click(button("Confirm"));
-  settle();
   EXPECT_THAT(desktop.defaults.writes, ElementsAre("manualLatitude", "manualLongitude",
                                                    "manualLocationName", "manualTimeZoneId"));
   EXPECT_EQ(stored("manualLatitude"), "21.500000");
@@ -127,11 +123,9 @@ TEST_F(LocationSettingsTest, WithoutAPlaceTheMapBeginsWithoutAPin) {
   show();
   desktop.defaults.writes.clear();
   click(button("Pick Location on Map"));
-  settle();
   ASSERT_TRUE(map());
   EXPECT_FALSE(button("Confirm")->isEnabled());
   click(button("Cancel"));
-  settle();
   EXPECT_FALSE(map());
   EXPECT_THAT(desktop.defaults.writes, IsEmpty());
 }

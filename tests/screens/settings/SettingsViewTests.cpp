@@ -4,7 +4,7 @@
 
 #include "rules/settings/ProgramFacts.hpp"
 #include "tests/fakes/TemporaryFolder.hpp"
-#include "tests/screens/SettingsTest.hpp"
+#include "tests/screens/settings/SettingsTest.hpp"
 #include "ui/Containers.hpp"
 #include "ui/Picture.hpp"
 #include "ui/Stepper.hpp"
@@ -117,7 +117,7 @@ TEST_F(SettingsViewTest, RingsAndSegmentsStoreAtOnce) {
     click(toggle(ring.label));
     EXPECT_EQ(stored(ring.key), ring.rawValue) << "a second click leaves it";
   }
-  const auto segments = part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>();
+  const auto segments = part<SegmentedPicker>(*screen)->findChildren<QAbstractButton*>();
   const std::vector<const char*> themes{"system", "light", "dark"};
   for (const std::size_t index : {2U, 1U, 0U}) {
     click(segments[static_cast<int>(index)]);
@@ -149,7 +149,6 @@ TEST_F(SettingsViewTest, RowsAreThereOnlyWhileWhatTheyDependOnIs) {
     SCOPED_TRACE(upper);
     for (const bool isThere : {false, true}) {
       click(toggle(upper));
-      settle();
       for (const char* label : lower)
         EXPECT_EQ(toggle(label) != nullptr, isThere) << label;
     }
@@ -160,16 +159,16 @@ TEST_F(SettingsViewTest, CardsWithoutTheirSectionsHoldTheirSwitchAlone) {
   settings().showCalendar = false;
   settings().showPrayerTimes = false;
   show();
-  const QRect first = frame(*part<Card>(*view));
-  view->resize(380, 1000);
+  const QRect first = frame(*part<Card>(*screen));
+  screen->resize(380, 1000);
   settle();
-  EXPECT_EQ(frame(*part<Card>(*view)), first) << "what is free is below";
+  EXPECT_EQ(frame(*part<Card>(*screen)), first) << "what is free is below";
   std::vector<QString> labels;
-  for (const Toggle* found : parts<Toggle>(*view))
+  for (const Toggle* found : parts<Toggle>(*screen))
     if (found->isVisible()) labels.push_back(found->accessibleName());
   EXPECT_THAT(labels, ElementsAre("Show calendar", "Show prayer times"));
   // A switch between the paddings of its card.
-  for (const Card* card : parts<Card>(*view)) {
+  for (const Card* card : parts<Card>(*screen)) {
     if (part<Toggle>(*card) != nullptr) {
       EXPECT_EQ(card->height(), 12 + part<Toggle>(*card)->height() + 12);
     }
@@ -184,7 +183,7 @@ TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
   settle();
   EXPECT_FALSE(toggle("Show Islamic Eids & Saudi holidays")->isOn());
   EXPECT_TRUE(button(QStringLiteral("Emoji \U0001F4C5")));
-  EXPECT_TRUE(part<SegmentedPicker>(*view)->findChildren<QAbstractButton*>()[2]->isChecked());
+  EXPECT_TRUE(part<SegmentedPicker>(*screen)->findChildren<QAbstractButton*>()[2]->isChecked());
 }
 
 /// How many windows there were.
@@ -210,7 +209,7 @@ TEST_F(SettingsViewTest, NoPartIsEverAWindowByItself) {
 
 TEST_F(SettingsViewTest, NoLetterOfALabelIsAShortcut) {
   show();
-  for (const QAbstractButton* control : parts<QAbstractButton>(*view))
+  for (const QAbstractButton* control : parts<QAbstractButton>(*screen))
     EXPECT_TRUE(control->shortcut().isEmpty()) << control->accessibleName().toStdString();
 }
 
@@ -224,26 +223,26 @@ TEST_F(SettingsViewTest, ShowingItWritesNothing) {
 TEST_F(SettingsViewTest, IsLaidOutToThePoint) {
   showEveryRow();
   show();
-  for (const Card* card : parts<Card>(*view)) {
+  for (const Card* card : parts<Card>(*screen)) {
     EXPECT_EQ(frame(*card).left(), 16);
     EXPECT_EQ(frame(*card).width(), 380 - 2 * 16);
   }
-  const QRect menuBar = frame(*parts<Card>(*view)[0]);
+  const QRect menuBar = frame(*parts<Card>(*screen)[0]);
   // The first text is the hidden one of an unkept store.
-  const QRect header = frame(*parts<Text>(*view)[1]);
-  EXPECT_EQ(parts<Text>(*view)[1]->text(), "MENU BAR");
+  const QRect header = frame(*parts<Text>(*screen)[1]);
+  EXPECT_EQ(parts<Text>(*screen)[1]->text(), "MENU BAR");
   EXPECT_EQ(header.topLeft(), QPoint(16 + 4, 16 + 20));
   EXPECT_EQ(menuBar.top(), header.bottom() + 1 + 6);
-  EXPECT_EQ(frame(*parts<Text>(*view)[2]).topLeft(), menuBar.topLeft() + QPoint(14, 12));
+  EXPECT_EQ(frame(*parts<Text>(*screen)[2]).topLeft(), menuBar.topLeft() + QPoint(14, 12));
   EXPECT_EQ(frame(*toggle("Beep Sound")).left(), 16 + 14);
   EXPECT_EQ(frame(*toggle("Loop for")).left(), 16 + 14 + 24);
   EXPECT_EQ(frame(*toggle("Sh. Tolsar · Riyadh Grand Mosque")).left(), 16 + 14 + 24);
   EXPECT_EQ(frame(*toggle("Play after Athan supplication")).left(), 16 + 14 + 24 + 24);
   EXPECT_EQ(frame(*previews()[2]).right() + 1, 380 - 16 - 14);
 
-  view->resize(600, 520);
+  screen->resize(600, 520);
   settle();
-  EXPECT_EQ(frame(*parts<Card>(*view)[0]).left(), (600 - 380) / 2 + 16) << "in the middle";
+  EXPECT_EQ(frame(*parts<Card>(*screen)[0]).left(), (600 - 380) / 2 + 16) << "in the middle";
 }
 
 TEST_F(SettingsViewTest, TellsWhatTheProgramIs) {
@@ -252,9 +251,9 @@ TEST_F(SettingsViewTest, TellsWhatTheProgramIs) {
   EXPECT_TRUE(showsText("Hilalor"));
   EXPECT_TRUE(showsText("v1.5"));
   EXPECT_FALSE(button("Check for Updates"));
-  const int left = frame(*part<Card>(*view)).left();
+  const int left = frame(*part<Card>(*screen)).left();
   const auto nameLeft = [this] {
-    for (const Text* text : parts<Text>(*view))
+    for (const Text* text : parts<Text>(*screen))
       if (text->text() == "Hilalor") return frame(*text).left();
     return 0;
   };
@@ -264,7 +263,7 @@ TEST_F(SettingsViewTest, TellsWhatTheProgramIs) {
   QPixmap icon(256, 256);
   icon.fill(Qt::red);
   show(&updater, icon);
-  EXPECT_EQ(part<Picture>(*view)->size(), QSize(44, 44));
+  EXPECT_EQ(part<Picture>(*screen)->size(), QSize(44, 44));
   EXPECT_EQ(nameLeft(), left + 14 + 44 + 14);
   click(button("Check for Updates"));
   EXPECT_EQ(updater.checks, 1);
