@@ -18,8 +18,8 @@
 namespace Hilalor {
 
 /// The program's presence in the bar: the item, its text, and what a click on it does. Its
-/// 30-second timer keeps the text right and asks the alert monitor whether a prayer is due; so does
-/// the end of the machine's sleep, at once. Main thread.
+/// 30-second timer keeps the text right and asks the notification manager whether a prayer is due;
+/// so does the end of the machine's sleep, at once. Main thread.
 class StatusBarController {
  public:
   /// Puts the item with its first text into the bar. `updater` is null in a build without updates.

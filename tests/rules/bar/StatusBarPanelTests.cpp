@@ -91,14 +91,8 @@ TEST_F(StatusBarPanelTest, TakesTheKeyboardWhenItIsOpenedByKeyboard) {
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
 }
 
-TEST_F(StatusBarPanelTest, OpensByItselfWhereNothingShowsTheItem) {
+TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItemAndSoDoesAnUnseenItem) {
   desktop.statusBar.unseen();
-  ASSERT_TRUE(panel());
-  EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);
-}
-
-TEST_F(StatusBarPanelTest, ASecondStartOpensItUnderTheItem) {
-  desktop.application.reopen();
   ASSERT_TRUE(panel());
   EXPECT_EQ(panel()->frame, (Rect{{510, 24}, {260, 500}}));
   EXPECT_EQ(panel()->keyboard, KeyboardAtOpening::taken);

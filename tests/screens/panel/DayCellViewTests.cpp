@@ -152,13 +152,10 @@ TEST_F(DayCellViewTest, NumbersAreColouredByTheDay) {
   EXPECT_GT(count(drawn(newMonth), kGreen), plain);
 }
 
-TEST_F(DayCellViewTest, IsNamedAsItIsSpoken) {
+TEST_F(DayCellViewTest, IsNamedAsItIsSpokenAndShowsNothingWithoutADay) {
   ordinary.spokenName = QStringLiteral("Tuesday, 17 February 2026");
   view.show(ordinary);
   EXPECT_EQ(view.accessibleName(), ordinary.spokenName);
-}
-
-TEST_F(DayCellViewTest, APlaceWithoutADayShowsNothing) {
   view.show(std::nullopt);
   EXPECT_EQ(count(view.grab().toImage(), kBackground), 32 * 40);
 }

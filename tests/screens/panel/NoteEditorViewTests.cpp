@@ -114,18 +114,11 @@ TEST_F(NoteEditorViewTest, StaysAtItsDayWhenTheMachinesZoneChanges) {
   EXPECT_EQ(part<TextEditor>(*editor)->text(), "12");
 }
 
-TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendar) {
-  open(10);
-  EXPECT_EQ(part<Text>(*editor)->text(), "February 10, 2026");
-  press(Qt::Key_Escape);
+TEST_F(NoteEditorViewTest, IsHeadedByTheDayInThePrimaryCalendarAndLaidOutToThePoint) {
   settings().primaryCalendar = PrimaryCalendar::hijri;
   settle();
   open(10);
   EXPECT_EQ(part<Text>(*editor)->text(), "10 Ramadan 1447");
-}
-
-TEST_F(NoteEditorViewTest, IsLaidOutToThePoint) {
-  open(10);
   EXPECT_EQ(editor->width(), 264);
   const auto* text = part<TextEditor>(*editor);
   EXPECT_EQ(text->size(), QSize(240, 120));

@@ -16,7 +16,7 @@ int times(int thorough) {
   return std::getenv("HILALOR_THOROUGH") != nullptr ? thorough : thorough / kUsualShare;
 }
 
-/// Months, clicks, keys, wheel, settings and notes in any order, with the notes kept beside.
+/// Months, clicks, keys, settings and notes in any order, with the notes kept beside.
 class RandomUse : public PanelTest {
  protected:
   [[nodiscard]] int upTo(int limit) { return std::uniform_int_distribution(0, limit - 1)(random); }
@@ -28,12 +28,8 @@ class RandomUse : public PanelTest {
   /// Keys for the panel; while a note is open, only the one that closes it.
   void press(Qt::Key key) {
     const bool noteIsOpen = part<TextEditor>(*screen) != nullptr;
-    QTest::keyClick(target(), noteIsOpen ? Qt::Key_Escape : key);
-  }
-
-  [[nodiscard]] QWidget* target() const {
     QWidget* focused = QApplication::focusWidget();
-    return focused != nullptr ? focused : screen.get();
+    QTest::keyClick(focused != nullptr ? focused : screen.get(), noteIsOpen ? Qt::Key_Escape : key);
   }
 
   void editNote() {
@@ -56,26 +52,16 @@ class RandomUse : public PanelTest {
 
   void changeSetting() {
     auto& settings = desktop.settings();
-    switch (upTo(6)) {
-      case 0:
-        settings.primaryCalendar =
-            upTo(2) == 0 ? PrimaryCalendar::hijri : PrimaryCalendar::gregorian;
-        break;
-      case 1:
-        settings.showSecondaryCalendar = upTo(2) == 0;
-        break;
-      case 2:
-        settings.showHolidays = upTo(2) == 0;
-        break;
-      case 3:
-        settings.showSunnahTimes = upTo(2) == 0;
-        break;
-      case 4:
-        settings.showPrayerTimes = upTo(4) != 0;
-        break;
-      default:
-        desktop.notificationManager().playingDua.assign(upTo(2) == 0);
-        break;
+    const bool isOn = upTo(2) == 0;
+    Setting<bool>* const switches[] = {&settings.showSecondaryCalendar, &settings.showHolidays,
+                                       &settings.showSunnahTimes, &settings.showPrayerTimes};
+    const auto which = static_cast<std::size_t>(upTo(6));
+    if (which < std::size(switches)) {
+      *switches[which] = isOn;
+    } else if (which == std::size(switches)) {
+      settings.primaryCalendar = isOn ? PrimaryCalendar::hijri : PrimaryCalendar::gregorian;
+    } else {
+      desktop.notificationManager().playingDua.assign(isOn);
     }
   }
 
@@ -83,7 +69,7 @@ class RandomUse : public PanelTest {
     static constexpr Qt::Key kKeys[] = {
         Qt::Key_Left, Qt::Key_Right,  Qt::Key_Up,  Qt::Key_Down,  Qt::Key_PageUp, Qt::Key_PageDown,
         Qt::Key_Home, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Escape};
-    switch (upTo(8)) {
+    switch (upTo(7)) {
       case 0:
         return editNote();
       case 1:
@@ -94,13 +80,7 @@ class RandomUse : public PanelTest {
         return doubleClick(titleBlock());
       case 4:
         return QTest::mouseMove(&anyCell());
-      case 5: {
-        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(screen.get(), &wheel);
-        return;
-      }
-      case 6:
+      case 5:
         desktop.loop.advance(Seconds(60));
         return;
       default:
