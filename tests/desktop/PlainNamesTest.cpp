@@ -69,5 +69,23 @@ TEST(PlainNames, AreShownAndSpokenAsTheyAre) {
     EXPECT_EQ(name.toStdString(), kName.toStdString()) << where;
 }
 
+TEST(Controls, HaveTheirRolesAndStatesForScreenReaders) {
+  Text text({}, kName);
+  Button button({}, [] {});
+  Toggle toggle(ToggleLook::switched, kName, [](bool) {});
+  SegmentedPicker picker({"one", "two"}, [](int) {});
+  picker.setCurrent(1);
+  const auto segments = picker.findChildren<QAbstractButton*>();
+  const auto of = [](QWidget& part) { return QAccessible::queryAccessibleInterface(&part); };
+  EXPECT_EQ(of(text)->role(), QAccessible::StaticText);
+  EXPECT_EQ(of(button)->role(), QAccessible::Button);
+  EXPECT_EQ(of(toggle)->role(), QAccessible::CheckBox);
+  EXPECT_EQ(of(*segments[1])->text(QAccessible::Name), "two");
+  EXPECT_TRUE(of(*segments[1])->state().checked);
+  EXPECT_FALSE(of(toggle)->state().checked);
+  toggle.setOn(true);
+  EXPECT_TRUE(of(toggle)->state().checked);
+}
+
 }  // namespace
 }  // namespace Hilalor::Desktop

@@ -68,38 +68,6 @@ TEST(Stepper, StaysInItsRange) {
   EXPECT_EQ(changes, std::vector({115}));
 }
 
-TEST(SegmentedPicker, AsksForTheSegmentThatIsClicked) {
-  int chosen = -1;
-  SegmentedPicker picker({QStringLiteral("System"), QStringLiteral("Light")},
-                         [&](int index) { chosen = index; });
-  picker.setCurrent(0);
-  const auto segments = picker.findChildren<QAbstractButton*>();
-  QTest::mouseClick(segments[1], Qt::LeftButton);
-  EXPECT_EQ(chosen, 1);
-  EXPECT_TRUE(segments[0]->isChecked());
-}
-
-TEST(GreenPickerButton, OffersEveryOptionAndChecksTheCurrentOne) {
-  int chosen = -1;
-  GreenPickerButton picker(
-      [] {
-        return PickerMenu{.options = {QStringLiteral("Glass"), QStringLiteral("Ping & Pong")},
-                          .current = 0};
-      },
-      [&](int index) { chosen = index; });
-  picker.setText(QStringLiteral("Glass"));
-  picker.resize(300, 20);
-  picker.show();
-  QTest::mouseClick(&picker, Qt::LeftButton, {}, QPoint(295, 10));
-  const auto* menu = picker.findChild<QMenu*>();
-  ASSERT_NE(menu, nullptr);
-  ASSERT_EQ(menu->actions().size(), 2);
-  EXPECT_TRUE(menu->actions()[0]->isChecked());
-  EXPECT_FALSE(menu->actions()[1]->isChecked());
-  menu->actions()[1]->trigger();
-  EXPECT_EQ(chosen, 1);
-}
-
 TEST(TextEditor, GivesBackWhatWasTypedToTheCharacter) {
   TextEditor editor(13);
   QStringList edits;

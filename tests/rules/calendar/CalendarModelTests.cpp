@@ -4,10 +4,8 @@
 
 #include <cmath>
 #include <ctime>
-#include <random>
 #include <string>
 
-#include "rules/calendar/HolidaysProvider.hpp"
 #include "tests/datetime/Instants.hpp"
 #include "tests/fakes/SystemRegion.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
@@ -15,7 +13,6 @@
 namespace Hilalor {
 namespace {
 
-using testing::ElementsAre;
 using testing::Eq;
 using testing::Optional;
 
@@ -35,9 +32,8 @@ TEST(CalendarModel, LaysTheMonthOutFromTheRegionsFirstWeekday) {
     int leading;
     int last;
   } cases[] = {{"en_US", utc(2025, 6, 10), 0, 30},  // 1 June 2025 is a Sunday
-               {"de_DE", utc(2025, 6, 10), 6, 30}, {"ar_EG", utc(2025, 6, 10), 1, 30},
-               {"ar_EG", utc(2025, 3, 10), 0, 31},  // 1 March 2025 is a Saturday
-               {"en_US", utc(2025, 3, 10), 6, 31}, {"dv_MV", utc(2024, 2, 10), 6, 29}};
+               {"de_DE", utc(2025, 6, 10), 6, 30},
+               {"dv_MV", utc(2024, 2, 10), 6, 29}};
   for (const auto& test : cases) {
     SCOPED_TRACE(test.region);
     const SystemRegion region(test.region);
@@ -51,25 +47,6 @@ TEST(CalendarModel, LaysTheMonthOutFromTheRegionsFirstWeekday) {
   }
 }
 
-TEST(CalendarModel, ShowsTheOtherCalendarBesideTheMonth) {
-  const SystemTimeZone zone("Asia/Riyadh");
-  const auto march = gregorianModel(utc(2025, 3, 31, 20));
-  EXPECT_EQ(march.monthName(), "March");
-  EXPECT_EQ(march.secondaryMonthHeader(), "Ram. – Shaw. 1446");
-  EXPECT_EQ(march.secondaryDay(1), "1");
-  EXPECT_EQ(march.secondaryDay(29), "29");
-  EXPECT_EQ(march.secondaryMonthName(1), "Ramadan 1446");
-  EXPECT_EQ(march.secondaryMonthName(2), "");
-  EXPECT_EQ(march.secondaryMonthName(30), "Shawwal 1446");
-
-  const auto ramadan = hijriModel(utc(2025, 3, 10));
-  EXPECT_EQ(ramadan.monthName(), "Ramadan");
-  EXPECT_EQ(ramadan.secondaryMonthHeader(), "March 2025");
-  EXPECT_EQ(ramadan.secondaryDay(29), "29");
-  // The year stands once, the last day's.
-  EXPECT_EQ(hijriModel(utc(2025, 12, 25)).secondaryMonthHeader(), "Dec – Jan 2026");
-}
-
 TEST(CalendarModel, KnowsTodayOnlyInItsOwnMonth) {
   const SystemTimeZone zone("Asia/Riyadh");
   const auto march = gregorianModel(utc(2025, 3, 10));
@@ -78,6 +55,12 @@ TEST(CalendarModel, KnowsTodayOnlyInItsOwnMonth) {
   EXPECT_EQ(march.todayDay(utc(2025, 3, 31, 21)), std::nullopt);
   EXPECT_EQ(march.todayDay(utc(2024, 3, 10)), std::nullopt);
   EXPECT_THAT(hijriModel(utc(2025, 3, 10)).todayDay(utc(2025, 3, 29, 20)), Optional(29));
+  const auto now = Moment::at(utc(2025, 3, 9, 21));
+  for (const auto& cell : march.page(now, HolidayLabels::shown).cells) {
+    if (!cell) continue;
+    EXPECT_EQ(cell->isToday, cell->day == 10);
+    EXPECT_EQ(cell->isWeekend, Calendar::ofUser(now).isWeekend(cell->date));
+  }
 }
 
 TEST(CalendarModel, MovesByMonthsAndYearsOfItsOwnCalendar) {
@@ -107,122 +90,65 @@ TEST(CalendarModel, HasNoCellsForWhatIsNoInstant) {
   }
 }
 
-/// Every month of two centuries, in zones whose clocks change at midnight.
-class EveryMonth : public testing::TestWithParam<const char*> {
- protected:
-  EveryMonth() : zone_(GetParam()) { tzset(); }
+// The Gregorian day as the C library has it.
+std::tm localDay(Date date) {
+  const auto time = static_cast<std::time_t>(date.secondsSince1970);
+  std::tm local{};
+  localtime_r(&time, &local);
+  return local;
+}
 
-  // The Gregorian day as the C library has it.
-  static std::tm localDay(Date date) {
-    const auto time = static_cast<std::time_t>(date.secondsSince1970);
-    std::tm local{};
-    localtime_r(&time, &local);
-    return local;
-  }
-
-  static void expectWholeGrid(const CalendarModel& model, int count) {
-    const auto first = localDay(model.date(1).value());
-    for (int firstWeekday = 1; firstWeekday <= 7; ++firstWeekday) {
-      const auto days = model.days(firstWeekday);
-      ASSERT_EQ(days.size(), 42U);
-      const auto leading = static_cast<std::size_t>((first.tm_wday + 1 - firstWeekday + 7) % 7);
-      ASSERT_EQ(days.at(leading), 1);
-      ASSERT_EQ(days.at(leading + static_cast<std::size_t>(count) - 1), count);
-      ASSERT_EQ(std::count(days.begin(), days.end(), std::nullopt), 42 - count);
-    }
-  }
-
-  static void expectConsecutiveDays(const CalendarModel& model, int count) {
-    auto before = localDay(model.date(1).value() - Seconds(1));
-    for (int day = 1; day <= count; ++day) {
-      const auto start = model.date(day).value();
-      const auto local = localDay(start);
-      const auto moment = localDay(start - Seconds(1));
-      ASSERT_EQ(local.tm_wday, (before.tm_wday + 1) % 7) << start;
-      ASSERT_EQ(moment.tm_yday, before.tm_yday) << start;
-      const auto gregorianDay = model.primaryCalendar == PrimaryCalendar::gregorian
-                                    ? std::to_string(day)
-                                    : model.secondaryDay(day);
-      ASSERT_EQ(gregorianDay, std::to_string(local.tm_mday)) << start;
-      before = local;
-    }
-  }
-
-  static void expectHeaderOfCells(const CalendarModel& model, int count) {
-    int begun = 0;
-    std::string lastName;
-    for (int day = 1; day <= count; ++day) {
-      const auto name = model.secondaryMonthName(day);
-      ASSERT_EQ(!name.empty(), model.secondaryDay(day) == "1");
-      if (name.empty()) continue;
-      begun += day > 1 ? 1 : 0;
-      lastName = name;
-    }
-    const auto header = model.secondaryMonthHeader();
-    ASSERT_EQ(begun > 0, header.find(" – ") != std::string::npos) << header;
-    if (lastName.empty()) return;
-    ASSERT_EQ(header.substr(header.rfind(' ')), lastName.substr(lastName.rfind(' '))) << header;
-    const auto nameStart = begun > 0 ? header.find(" – ") + std::string(" – ").size() : 0;
-    ASSERT_EQ(header.substr(nameStart, 2), lastName.substr(0, 2)) << header;
-  }
-
-  static void expectPageOfProperties(const CalendarModel& model, Date now) {
-    const auto page = model.page(Moment::at(now), HolidayLabels::shown);
-    const auto days = model.days();
-    ASSERT_EQ(page.monthName, model.monthName());
-    ASSERT_EQ(page.secondaryMonthHeader, model.secondaryMonthHeader());
-    ASSERT_EQ(page.cells.size(), days.size());
-    for (std::size_t index = 0; index < days.size(); ++index) {
-      const auto& cell = page.cells[index];
-      ASSERT_EQ(cell.has_value(), days[index].has_value());
-      if (!cell) continue;
-      const int day = cell->day;
-      ASSERT_EQ(day, days[index]);
-      ASSERT_EQ(cell->date, model.date(day));
-      ASSERT_EQ(cell->secondaryDay, model.secondaryDay(day));
-      ASSERT_EQ(cell->secondaryMonthName, model.secondaryMonthName(day));
-      ASSERT_EQ(cell->isNewSecondary, cell->secondaryDay == "1");
-      ASSERT_EQ(cell->isToday, model.todayDay(now) == day);
-      ASSERT_EQ(cell->isWeekend, Calendar::ofUser(Moment::at(now)).isWeekend(cell->date));
-      ASSERT_EQ(cell->holidayLabel,
-                HolidaysProvider::label(HolidaysProvider::holidays(cell->date)));
-    }
-  }
-
-  SystemTimeZone zone_;
-};
-
-TEST_P(EveryMonth, HoldsTogether) {
-  std::mt19937 random(1);
-  for (const auto primary : {PrimaryCalendar::gregorian, PrimaryCalendar::hijri}) {
-    const auto first = utc(1900, 1, 1, 12);
-    for (CalendarModel model(first, primary); model.displayDate < utc(2101, 1, 1);
-         model = model.nextMonth()) {
-      SCOPED_TRACE(model.displayDate);
-      const auto start = model.date(1).value();
-      const auto next = model.nextMonth();
-      const auto length = next.date(1).value() - start;
-      const int count = static_cast<int>(std::lround(length.count() / 86400));
-      expectWholeGrid(model, count);
-      expectConsecutiveDays(model, count);
-      expectHeaderOfCells(model, count);
-      EXPECT_EQ(next.previousMonth().date(1), start);
-      if (random() % 16 == 0) expectPageOfProperties(model, start + Seconds(86400 * 9.5));
-      if (HasFatalFailure()) return;
-    }
+void expectWholeGrid(const CalendarModel& model, int count) {
+  const auto first = localDay(model.date(1).value());
+  for (int firstWeekday = 1; firstWeekday <= 7; ++firstWeekday) {
+    const auto days = model.days(firstWeekday);
+    ASSERT_EQ(days.size(), 42U);
+    const auto leading = static_cast<std::size_t>((first.tm_wday + 1 - firstWeekday + 7) % 7);
+    ASSERT_EQ(days.at(leading), 1);
+    ASSERT_EQ(days.at(leading + static_cast<std::size_t>(count) - 1), count);
+    ASSERT_EQ(std::count(days.begin(), days.end(), std::nullopt), 42 - count);
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, EveryMonth,
-                         testing::Values("Asia/Beirut", "Africa/Cairo", "America/Havana",
-                                         "America/Sao_Paulo", "America/Santiago"),
-                         [](const auto& zone) {
-                           const std::string name = zone.param;
-                           std::string word;
-                           for (const char c : name.substr(name.find('/') + 1))
-                             if (c != '_') word += c;
-                           return word;
-                         });
+void expectConsecutiveDays(const CalendarModel& model, int count) {
+  auto before = localDay(model.date(1).value() - Seconds(1));
+  for (int day = 1; day <= count; ++day) {
+    const auto start = model.date(day).value();
+    const auto local = localDay(start);
+    const auto moment = localDay(start - Seconds(1));
+    ASSERT_EQ(local.tm_wday, (before.tm_wday + 1) % 7) << start;
+    ASSERT_EQ(moment.tm_yday, before.tm_yday) << start;
+    const auto gregorianDay = model.primaryCalendar == PrimaryCalendar::gregorian
+                                  ? std::to_string(day)
+                                  : model.secondaryDay(day);
+    ASSERT_EQ(gregorianDay, std::to_string(local.tm_mday)) << start;
+    before = local;
+  }
+}
+
+// Every month of two centuries, in zones whose clocks change at midnight.
+TEST(CalendarModel, HoldsTogetherInEveryMonth) {
+  for (const char* name :
+       {"Asia/Beirut", "Africa/Cairo", "America/Havana", "America/Sao_Paulo", "America/Santiago"}) {
+    SCOPED_TRACE(name);
+    const SystemTimeZone zone(name);
+    tzset();
+    for (const auto primary : {PrimaryCalendar::gregorian, PrimaryCalendar::hijri}) {
+      for (CalendarModel model(utc(1900, 1, 1, 12), primary);
+           model.displayDate < utc(2101, 1, 1) && !testing::Test::HasFatalFailure();
+           model = model.nextMonth()) {
+        SCOPED_TRACE(model.displayDate);
+        const auto start = model.date(1).value();
+        const auto next = model.nextMonth();
+        const auto length = next.date(1).value() - start;
+        const int count = static_cast<int>(std::lround(length.count() / 86400));
+        expectWholeGrid(model, count);
+        expectConsecutiveDays(model, count);
+        EXPECT_EQ(next.previousMonth().date(1), start);
+      }
+    }
+  }
+}
 
 }  // namespace
 }  // namespace Hilalor

@@ -155,7 +155,7 @@ TEST_F(MapPickerViewTest, TakesTheAnswerThatComesLast) {
   choose({100, 100});
   const auto second = choose({400, 200});
   answer(1, {{"Second", std::nullopt, std::nullopt, TimeZone::named("Asia/Tokyo")}});
-  EXPECT_EQ(status(), "Second");
+  EXPECT_EQ(status(), "Second") << "done at the first answer";
   EXPECT_TRUE(button("Confirm")->isEnabled());
   answer(0, {{"First", std::nullopt, std::nullopt, TimeZone::named("Europe/Paris")}});
   EXPECT_EQ(status(), "First");
@@ -163,14 +163,6 @@ TEST_F(MapPickerViewTest, TakesTheAnswerThatComesLast) {
   EXPECT_EQ(confirmed.at(0).coordinate, second);
   EXPECT_EQ(confirmed.at(0).name, "First");
   EXPECT_EQ(confirmed.at(0).zone, "Europe/Paris");
-}
-
-TEST_F(MapPickerViewTest, IsDoneResolvingAtTheFirstAnswer) {
-  open();
-  choose({100, 100});
-  choose({400, 200});
-  answer(0, {});
-  EXPECT_TRUE(button("Confirm")->isEnabled());
 }
 
 TEST_F(MapPickerViewTest, HandsNothingBackOnCancel) {
@@ -193,54 +185,66 @@ TEST_F(MapPickerViewTest, LeavesAnswersAloneThatComeAfterItsEnd) {
   answer(0, {{"Jeddah", std::nullopt, std::nullopt, std::nullopt}});
 }
 
-TEST_F(MapPickerViewTest, FindsAPlaceByTypingOnTheMap) {
-  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
-                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
-  open();
+class MapSearchTest : public MapPickerViewTest {
+ protected:
+  MapSearchTest() {
+    desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
+                              {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+    open();
+  }
+
+  [[nodiscard]] QLineEdit& edit() const { return *part<QLineEdit>(*screen); }
+
+  void keys(std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys)
+      QTest::keyClick(QApplication::focusWidget(), key);
+    settle();
+  }
+
+  /// The place that was looked up since the last time; a latitude of 0 for none.
+  [[nodiscard]] double takeChosen() {
+    auto& requests = desktop.geocoder.requests;
+    const double latitude = requests.empty() ? 0 : requests.back().coordinate.latitude;
+    EXPECT_EQ(requests.size(), latitude == 0 ? 0U : 1U);
+    requests.clear();
+    return latitude;
+  }
+};
+
+TEST_F(MapSearchTest, FindsAPlaceByKeysAlone) {
+  keys({Qt::Key_M, Qt::Key_Escape});
+  EXPECT_FALSE(edit().isVisible());
+  EXPECT_TRUE(screen->isVisible());
+  QTest::keyClicks(&map(), "zz");
+  keys({Qt::Key_Return, Qt::Key_Escape});
+  EXPECT_EQ(takeChosen(), 0) << "nothing matches";
+
   ASSERT_TRUE(map().hasFocus());
   for (const char letter : {'M', 'e', 'd', 'i'})
     QTest::keyClick(QApplication::focusWidget(), letter);
-  auto* edit = part<QLineEdit>(*screen);
-  ASSERT_TRUE(edit->isVisible());
-  EXPECT_EQ(edit->text(), "Medi");
+  ASSERT_TRUE(edit().isVisible());
+  EXPECT_EQ(edit().text(), "Medi");
   EXPECT_EQ(desktop.atlas.searches.back(), "Medi");
-  QTest::keyClick(edit, Qt::Key_Return);
-  settle();
-  ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
-  EXPECT_EQ(desktop.geocoder.requests[0].coordinate, (LocationCoordinate{24.47, 39.61}));
+  keys({Qt::Key_Return});
+  EXPECT_EQ(takeChosen(), 24.47);
   EXPECT_EQ(status(), "Resolving location…");
-  EXPECT_FALSE(edit->isVisible());
-  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
-  EXPECT_NEAR(middle.latitude, 24.47, 1e-6);
+  EXPECT_FALSE(edit().isVisible());
+  EXPECT_NEAR(map().coordinateAt(QRectF(map().rect()).center()).latitude, 24.47, 1e-6);
   EXPECT_TRUE(map().hasFocus());
-}
 
-TEST_F(MapPickerViewTest, FindsAPlaceByTheSymbolInTheCorner) {
-  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
-                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
-  open();
   click(button("Find a place"));
-  auto* edit = part<QLineEdit>(*screen);
-  QTest::keyClicks(edit, "Med");
-  QTest::keyClick(edit, Qt::Key_Down);
-  QTest::keyClick(edit, Qt::Key_Down);
-  QTest::keyClick(edit, Qt::Key_Up);
-  QTest::keyClick(edit, Qt::Key_Return);
-  settle();
-  ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
-  EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
+  QTest::keyClicks(&edit(), "Med");
+  keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return});
+  EXPECT_EQ(takeChosen(), 3.58);
 }
 
-TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
-  desktop.atlas.findable = {{"Medan", "North Sumatra", "Indonesia", {3.58, 98.67}},
-                            {"Medina", "Medina Region", "Saudi Arabia", {24.47, 39.61}}};
+TEST_F(MapSearchTest, FindsAPlaceByAClickOrATapOnASuggestion) {
   const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
   for (const bool isTouched : {false, true}) {
     SCOPED_TRACE(isTouched);
-    open();
     QWindow* window = screen->windowHandle();
     // As the desktop tells it: to the window, which finds out whose it is.
-    const auto press = [&](QPoint place) {
+    const auto pressAt = [&](QPoint place) {
       if (isTouched) {
         QTest::touchEvent(window, device.get()).press(0, place, window);
         QTest::touchEvent(window, device.get()).release(0, place, window);
@@ -254,32 +258,18 @@ TEST_F(MapPickerViewTest, FindsAPlaceByAClickOrATapOnASuggestion) {
         if (found->text() == text) return found->mapTo(screen.get(), found->rect().center());
       throw std::out_of_range("no such text");
     };
-    desktop.geocoder.requests.clear();
     QTest::keyClicks(&map(), "zz");
     settle();
-    auto* edit = part<QLineEdit>(*screen);
-    press(place("No matches"));
-    press(edit->mapTo(screen.get(), QPoint(-3, 5)));
-    EXPECT_TRUE(desktop.geocoder.requests.empty()) << "what is under the field is not chosen";
-    EXPECT_TRUE(edit->hasFocus());
-    edit->setText("Med");
+    pressAt(place("No matches"));
+    pressAt(edit().mapTo(screen.get(), QPoint(-3, 5)));
+    EXPECT_EQ(takeChosen(), 0) << "what is under the field is not chosen";
+    EXPECT_TRUE(edit().hasFocus());
+    edit().setText("Med");
     settle();
-    press(place("Medan"));
-    ASSERT_EQ(desktop.geocoder.requests.size(), 1U);
-    EXPECT_EQ(desktop.geocoder.requests[0].coordinate.latitude, 3.58);
+    pressAt(place("Medan"));
+    EXPECT_EQ(takeChosen(), 3.58);
     EXPECT_TRUE(map().hasFocus());
   }
-}
-
-TEST_F(MapPickerViewTest, ChoosesNothingWhereNothingMatches) {
-  open();
-  QTest::keyClicks(&map(), "zz");
-  QTest::keyClick(part<QLineEdit>(*screen), Qt::Key_Return);
-  QTest::keyClick(part<QLineEdit>(*screen), Qt::Key_Escape);
-  settle();
-  EXPECT_TRUE(desktop.geocoder.requests.empty());
-  EXPECT_FALSE(part<QLineEdit>(*screen)->isVisible());
-  EXPECT_TRUE(screen->isVisible());
 }
 
 }  // namespace

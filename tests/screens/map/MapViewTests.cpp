@@ -282,6 +282,21 @@ TEST_F(MapPictureTest, ShowsNoSeamsBetweenTilesNorAtTheDateLine) {
   }
 }
 
+TEST_F(MapPictureTest, WritesAPlacesNameBesideItsDot) {
+  show();
+  const QImage bare = map->grab().toImage();
+  atlas.places = {{"Makkah", kCentre, 0}};
+  show();
+  const QImage image = map->grab().toImage();
+  QRect drawn;
+  for (int x = 0; x < image.width(); ++x)
+    for (int y = 0; y < image.height(); ++y)
+      if (image.pixel(x, y) != bare.pixel(x, y)) drawn |= QRect(x, y, 1, 1);
+  EXPECT_TRUE(drawn.contains(kMiddle)) << "the dot";
+  EXPECT_TRUE(drawn.width() > 40 && drawn.width() < 100) << drawn.width();
+  EXPECT_TRUE(drawn.height() > 8 && drawn.height() < 24) << drawn.height();
+}
+
 TEST_F(MapPictureTest, PutsThePinOnItsCoordinate) {
   show();
   map->setAnnotation(MapAnnotation{{20.5, 20.5}, "Prayer Location"});
