@@ -245,23 +245,17 @@ TEST_F(LinuxSoundServiceTest, EndsWithItsSoundsAndOutlivesNoneOfThem) {
   EXPECT_THAT(ends.ended, IsEmpty());
 }
 
-TEST(PlaybackThreads, AreGoneAfterTheirWork) {
-  MailboxLoop loop;
-  PlaybackThreads threads(loop);
-  bool ended = false;
-  threads.start([](const auto&) {}, [&] { ended = true; });
-  EXPECT_EQ(threads.count(), 1U);
-  EXPECT_TRUE(loop.runNext());
-  EXPECT_EQ(threads.count(), 0U);
-  EXPECT_TRUE(ended);
-}
-
-TEST(PlaybackThreads, LeaveWorkThatHangsBehind) {
+TEST(PlaybackThreads, EndWithTheirWorkAndLeaveBehindWhatHangs) {
   MailboxLoop loop;
   auto release = std::make_shared<std::promise<void>>();
   auto left = std::make_shared<std::promise<void>>();
   {
     PlaybackThreads threads(loop, std::chrono::seconds(0));
+    bool ended = false;
+    threads.start([](const auto&) {}, [&] { ended = true; });
+    EXPECT_TRUE(loop.runNext());
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(threads.count(), 0U) << "gone after its work";
     threads.start(
         [release, left](const auto&) {
           release->get_future().wait();

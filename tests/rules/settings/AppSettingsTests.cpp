@@ -6,10 +6,10 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
+#include "tests/fakes/TemporaryFolder.hpp"
 
 namespace Hilalor {
 namespace {
@@ -83,25 +83,6 @@ TEST_F(AppSettingsTest, ReadsWhatIsStoredAndFallsBackForWhatIsNotOfItsType) {
   EXPECT_EQ(settings().manualLatitude, 21.0);
   EXPECT_EQ(settings().manualLongitude, 0.0);
   EXPECT_EQ(settings().manualLocationName.value(), "");
-}
-
-TEST_F(AppSettingsTest, ReadsWholeNumbersOfAnyNumericType) {
-  const struct {
-    DefaultsValue stored;
-    std::int64_t expected;
-  } cases[] = {{std::int64_t{15}, 15},
-               {15.0, 15},
-               {true, 1},
-               {15.5, 10},
-               {1e300, 10},
-               {std::numeric_limits<double>::quiet_NaN(), 10},
-               {OpaqueValue{}, 10}};
-  for (const auto& [stored, expected] : cases) {
-    SCOPED_TRACE(stored.index());
-    desktop().restart();
-    store().setValue("beepLoopSeconds", stored);
-    EXPECT_EQ(settings().beepLoopSeconds, expected);
-  }
 }
 
 // Every enumeration's every case goes to the store and comes back by its own string.
@@ -202,23 +183,17 @@ TEST_F(AppSettingsTest, AutomaticPlaceIsTheFixOrTheFallback) {
 }
 
 TEST_F(AppSettingsTest, ListsTheBeepsOfEveryFolderByName) {
-  const auto folder = std::filesystem::path(::testing::TempDir()) / "beeps";
-  const auto own = std::filesystem::path(::testing::TempDir()) / "own-beeps";
-  std::filesystem::create_directories(folder);
-  std::filesystem::create_directories(own);
-  for (const char* name :
-       {"Glass.aiff", "Basso.AIFF", "notes.txt", "aiff", ".aiff", "Two.x.aiff"}) {
-    std::ofstream(folder / name) << "sound";
-  }
-  std::ofstream(own / "Glass.aiff") << "sound";
-  std::ofstream(own / "Adam.aiff") << "sound";
-  desktop().platform.soundFolders = {own, "/nowhere/at/all", folder};
+  const TemporaryFolder shipped;
+  const TemporaryFolder users;
+  for (const char* name : {"Glass.aiff", "Basso.AIFF", "notes.txt", "aiff", ".aiff", "Two.x.aiff"})
+    std::ofstream(shipped.path() / name) << "sound";
+  for (const char* name : {"Glass.aiff", "Adam.aiff"})
+    std::ofstream(users.path() / name) << "sound";
+  desktop().platform.soundFolders = {users.path(), "/nowhere/at/all", shipped.path()};
   EXPECT_THAT(settings().systemSoundNames(), ElementsAre("Adam", "Basso", "Glass", "Two.x"));
   desktop().restart();
   desktop().platform.soundFolders = {"/nowhere/at/all"};
   EXPECT_THAT(settings().systemSoundNames(), IsEmpty());
-  std::filesystem::remove_all(folder);
-  std::filesystem::remove_all(own);
 }
 
 }  // namespace
