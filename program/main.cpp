@@ -16,7 +16,6 @@
 #include "desktop/place/GeoClueLocationService.hpp"
 #include "desktop/place/OfflineAtlas.hpp"
 #include "desktop/place/OfflineGeocoder.hpp"
-#include "desktop/process/CodePages.hpp"
 #include "desktop/process/ProgramId.hpp"
 #include "desktop/process/QtRunLoop.hpp"
 #include "desktop/process/Resources.hpp"
@@ -44,9 +43,6 @@ using namespace Hilalor;
 using namespace Hilalor::Desktop;
 using Hilalor::Program::ScreenSurfaces;
 using Hilalor::Program::SharedObjects;
-
-// By then the item is in its bar, whatever that took.
-constexpr Seconds kStarted{5};
 
 constexpr std::chrono::seconds kShutdownPatience{2};
 
@@ -161,7 +157,5 @@ int main(int argc, char* argv[]) {
                         .notificationManager = objects.notificationManager});
   auto& loop = desktop.platform().loop;
   loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
-  // The start touches 31 MB of code and constants, most of it Qt's; a minute's work needs 14.
-  loop.after(kStarted, releaseCodePages);
   return QApplication::exec();
 }

@@ -34,7 +34,6 @@ bool isBlank(std::string_view text) {
 NotesStore::NotesStore(DefaultsStore& store)
     : store_(store),
       notes_(store.dictionary(kDayNotes).value_or(TextDictionary())),
-      formatter_("yyyy-MM-dd"),
       cameIn_(store.cameIn.subscribe([this] { reload(); })) {}
 
 void NotesStore::reload() {
@@ -44,18 +43,23 @@ void NotesStore::reload() {
   notes_ = std::move(stored);
 }
 
+std::string NotesStore::dayKey(Date date) const {
+  if (!formatter_) formatter_.emplace("yyyy-MM-dd");
+  return formatter_->string(date);
+}
+
 bool NotesStore::hasNote(Date date) const {
-  const auto found = notes_.find(formatter_.string(date));
+  const auto found = notes_.find(dayKey(date));
   return found != notes_.end() && !found->second.empty();
 }
 
 std::string NotesStore::note(Date date) const {
-  const auto found = notes_.find(formatter_.string(date));
+  const auto found = notes_.find(dayKey(date));
   return found != notes_.end() ? found->second : "";
 }
 
 void NotesStore::setNote(const std::string& text, Date date) {
-  const auto key = formatter_.string(date);
+  const auto key = dayKey(date);
   willChange.emit();
   if (isBlank(text)) {
     notes_.erase(key);

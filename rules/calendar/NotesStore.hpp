@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "datetime/Date.hpp"
@@ -40,9 +41,13 @@ class NotesStore : public Shared<NotesStore> {
  private:
   void reload();
 
+  /// "2025-03-15", by the machine's current zone.
+  [[nodiscard]] std::string dayKey(Date date) const;
+
   DefaultsStore& store_;
   TextDictionary notes_;
-  DateFormatter formatter_;
+  // Made at the first use: most of a day nobody asks, and the calendar library stays unloaded.
+  mutable std::optional<DateFormatter> formatter_;
   Subscription cameIn_;
 };
 
