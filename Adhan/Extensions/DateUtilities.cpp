@@ -21,7 +21,8 @@ Date roundedMinute(Date date, Rounding rounding) {
   if (!(std::abs(date.secondsSince1970) < UTCCalendar::kFarthestSecond)) return date;
   // Without leap seconds every minute in UTC begins at a multiple of 60.
   const auto wholeMinutes = [](std::int64_t seconds) {
-    return Date{static_cast<double>((seconds / 60 - (seconds % 60 < 0 ? 1 : 0)) * 60)};
+    const std::int64_t minutes = seconds / 60 - (seconds % 60 < 0 ? 1 : 0);
+    return Date{static_cast<double>(minutes * 60)};
   };
   const auto second = static_cast<std::int64_t>(std::floor(date.secondsSince1970));
   switch (rounding) {

@@ -81,7 +81,8 @@ std::span<const std::uint8_t> MapDatabase::bytesOf(MapTile tile) const {
   const int rows = kHeightDegrees / degrees;
   if (tile.column < 0 || tile.column >= columns || tile.row < 0 || tile.row >= rows) return {};
   const Section& index = file_.section(kFirstIndex + tile.level);
-  const auto number = static_cast<std::size_t>(tile.row * columns + tile.column);
+  const auto number = static_cast<std::size_t>(tile.row) * static_cast<std::size_t>(columns) +
+                      static_cast<std::size_t>(tile.column);
   const std::size_t begin = index.u32(kOffsetSize * number);
   const std::size_t end = index.u32(kOffsetSize * (number + 1));
   const auto tiles = file_.section(kTiles).bytes();

@@ -36,7 +36,8 @@ double westOf(std::uint32_t cell) {
 }
 
 double southOf(std::uint32_t cell) {
-  return static_cast<double>(cell / kCellColumns) - 90;
+  const std::uint32_t row = cell / kCellColumns;
+  return static_cast<double>(row) - 90;
 }
 
 }  // namespace
