@@ -6,6 +6,7 @@
 
 #include "ui/FocusRing.hpp"
 #include "ui/PlainToolTip.hpp"
+#include "ui/Shapes.hpp"
 
 namespace Hilalor::Ui {
 namespace {
@@ -14,7 +15,7 @@ constexpr int kLabelSpacing = 4;
 constexpr QSize kBoxPadding{12, 4};
 constexpr double kBoxRadius = 6;
 constexpr double kPressedOpacity = 0.5;
-constexpr double kDisabledOpacity = 0.4;
+constexpr double kDisabledOpacity = 0.7;
 constexpr double kScaleWhenGone = 0.9;
 
 bool isBoxed(ButtonLook look) {
@@ -73,11 +74,9 @@ QSize Button::labelSize() const {
 
 QColor Button::ink() const {
   const Colors& colors = Colors::of(*this);
+  if (!isEnabled()) return faded(colors.secondary, kDisabledOpacity);
   const QColor color = look_ == ButtonLook::prominent ? colors.white : colors.*label_.style.color;
-  double opacity = label_.style.opacity;
-  if (!isEnabled()) opacity *= kDisabledOpacity;
-  if (isDown()) opacity *= kPressedOpacity;
-  return faded(color, opacity);
+  return faded(color, isDown() ? label_.style.opacity * kPressedOpacity : label_.style.opacity);
 }
 
 void Button::paintEvent(QPaintEvent*) {
@@ -97,10 +96,10 @@ void Button::paintEvent(QPaintEvent*) {
 void Button::paintBox(QPainter& painter) const {
   const Colors& colors = Colors::of(*this);
   const bool isProminent = look_ == ButtonLook::prominent;
-  const QColor fill = isProminent ? colors.accent : colors.controlBackground;
-  painter.setPen(isProminent ? QPen(Qt::NoPen) : QPen(colors.separator));
-  painter.setBrush(isEnabled() ? fill : faded(fill, kDisabledOpacity));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kBoxRadius, kBoxRadius);
+  const QPainterPath box = smoothRect(rect(), kBoxRadius);
+  if (!isEnabled()) return painter.fillPath(box, colors.separator);
+  painter.fillPath(box, isProminent ? colors.accent : colors.controlBackground);
+  if (!isProminent) strokeSmoothRect(painter, rect(), kBoxRadius, QPen(colors.tertiary, 1));
 }
 
 void Button::paintLabel(QPainter& painter) const {

@@ -6,33 +6,29 @@ namespace Hilalor::Ui {
 namespace {
 
 const Colors kLight{
-    .primary = {0, 0, 0, 217},
-    .secondary = {0, 0, 0, 166},
-    .tertiary = {0, 0, 0, 89},
-    .separator = {0, 0, 0, 31},
-    .windowBackground = {246, 246, 246},
+    .primary = {0, 0, 0, 235},
+    .secondary = {0, 0, 0, 197},
+    .tertiary = {0, 0, 0, 120},
+    .separator = {0, 0, 0, 34},
+    .windowBackground = {250, 250, 250},
     .controlBackground = {255, 255, 255},
     .textBackground = {255, 255, 255},
-    .yellow = {255, 204, 0},
-    .orange = {255, 149, 0},
-    .red = {255, 59, 48},
-    .teal = {48, 176, 199},
-    .green = {40, 205, 65},
+    .yellow = {161, 111, 0},
+    .orange = {184, 92, 0},
+    .red = {215, 0, 21},
 };
 
 const Colors kDark{
-    .primary = {255, 255, 255, 222},
-    .secondary = {255, 255, 255, 166},
-    .tertiary = {255, 255, 255, 89},
-    .separator = {255, 255, 255, 38},
-    .windowBackground = {30, 30, 30},
-    .controlBackground = {22, 22, 23},
-    .textBackground = {22, 22, 22},
+    .primary = {255, 255, 255, 230},
+    .secondary = {255, 255, 255, 173},
+    .tertiary = {255, 255, 255, 97},
+    .separator = {255, 255, 255, 43},
+    .windowBackground = {13, 14, 15},
+    .controlBackground = {22, 23, 25},
+    .textBackground = {22, 23, 25},
     .yellow = {255, 214, 10},
     .orange = {255, 159, 10},
     .red = {255, 69, 58},
-    .teal = {64, 200, 224},
-    .green = {50, 215, 75},
 };
 
 }  // namespace

@@ -9,21 +9,20 @@ namespace Hilalor::Ui {
 
 enum class ColorScheme { light, dark };
 
-/// Colours by what they are for. Texts reach a contrast of 4.5 on the window's background and the
-/// accent at least 3, in light and in dark.
+/// Colours by what they are for. On every background of the scheme the texts reach a contrast of
+/// 4.5, the secondary one also at seven tenths of its opacity; marks and the accent reach 3, yellow
+/// also at eight tenths.
 struct Colors {
   QColor primary;    ///< Text.
   QColor secondary;  ///< Text that matters less.
   QColor tertiary;   ///< Marks and outlines of controls at rest.
-  QColor separator;
+  QColor separator;  ///< Lines between parts and around grounds.
   QColor windowBackground;
   QColor controlBackground;  ///< Behind groups of controls.
   QColor textBackground;     ///< Behind text that can be edited.
   QColor yellow;
   QColor orange;
   QColor red;
-  QColor teal;
-  QColor green;
   QColor accent{34, 120, 70};  ///< The program's own green, the same in light and in dark.
   QColor white{255, 255, 255};
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "ui/Colors.hpp"
+#include "ui/Shapes.hpp"
 #include "ui/Stack.hpp"
 
 namespace Hilalor::Ui {
@@ -56,9 +57,9 @@ Card::Card(std::initializer_list<QWidget*> parts) {
 void Card::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(Colors::of(*this).controlBackground);
-  painter.drawRoundedRect(rect(), kCardRadius, kCardRadius);
+  const Colors& colors = Colors::of(*this);
+  painter.fillPath(smoothRect(rect(), kCardRadius), colors.controlBackground);
+  strokeSmoothRect(painter, rect(), kCardRadius, QPen(colors.separator, 1));
 }
 
 ScrollColumn::ScrollColumn(QWidget* content, ScrollKeys keys)

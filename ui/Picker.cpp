@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "ui/FocusRing.hpp"
+#include "ui/Shapes.hpp"
 #include "ui/Stack.hpp"
 
 namespace Hilalor::Ui {
@@ -43,9 +44,7 @@ class Segment final : public QAbstractButton {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF box =
         QRectF(rect()).adjusted(kSegmentInset, kSegmentInset, -kSegmentInset, -kSegmentInset);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(isChecked() ? colors.accent : QColor(Qt::transparent));
-    painter.drawRoundedRect(box, kSegmentRadius - 1, kSegmentRadius - 1);
+    if (isChecked()) painter.fillPath(smoothRect(box, kSegmentRadius - 1), colors.accent);
     painter.setPen(isChecked() ? colors.white : colors.primary);
     painter.drawText(rect(), Qt::AlignCenter, label_);
     paintFocusRing(painter, *this, kSegmentRadius);
@@ -61,9 +60,7 @@ class Trough final : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Colors::of(*this).separator);
-    painter.drawRoundedRect(rect(), kSegmentRadius, kSegmentRadius);
+    painter.fillPath(smoothRect(rect(), kSegmentRadius), Colors::of(*this).separator);
   }
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ui/Colors.hpp"
+#include "ui/Shapes.hpp"
 #include "ui/Stack.hpp"
 #include "ui/Text.hpp"
 
@@ -225,9 +226,8 @@ void SearchField::paintEvent(QPaintEvent*) {
   const Colors& colors = Colors::of(*this);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(colors.tertiary);
-  painter.setBrush(colors.windowBackground);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  painter.fillPath(smoothRect(rect(), kRadius), colors.windowBackground);
+  strokeSmoothRect(painter, rect(), kRadius, QPen(colors.tertiary, 1));
 }
 
 }  // namespace Hilalor::Ui

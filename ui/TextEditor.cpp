@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "ui/Shapes.hpp"
 #include "ui/TextStyle.hpp"
 
 namespace Hilalor::Ui {
@@ -44,9 +45,9 @@ void TextEditor::paintEvent(QPaintEvent*) {
   const Colors& colors = Colors::of(*this);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(colors.textBackground);
-  painter.setPen(QPen(faded(colors.secondary, kOutlineOpacity), kOutlineWidth));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  painter.fillPath(smoothRect(rect(), kRadius), colors.textBackground);
+  strokeSmoothRect(painter, rect(), kRadius,
+                   QPen(faded(colors.secondary, kOutlineOpacity), kOutlineWidth));
 }
 
 }  // namespace Hilalor::Ui

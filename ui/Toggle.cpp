@@ -5,6 +5,7 @@
 
 #include "ui/FocusRing.hpp"
 #include "ui/Icon.hpp"
+#include "ui/Shapes.hpp"
 #include "ui/TextStyle.hpp"
 
 namespace Hilalor::Ui {
@@ -125,14 +126,10 @@ void Toggle::paintSwitch(QPainter& painter, const QRectF& mark) const {
 void Toggle::paintCheckbox(QPainter& painter, const QRectF& mark) const {
   const Colors& colors = Colors::of(*this);
   if (!isChecked()) {
-    painter.setPen(QPen(colors.tertiary, 1));
-    painter.setBrush(colors.textBackground);
-    const QRectF outline = mark.adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.drawRoundedRect(outline, kCheckboxRadius, kCheckboxRadius);
-    return;
+    painter.fillPath(smoothRect(mark, kCheckboxRadius), colors.textBackground);
+    return strokeSmoothRect(painter, mark, kCheckboxRadius, QPen(colors.tertiary, 1));
   }
-  painter.setBrush(colors.accent);
-  painter.drawRoundedRect(mark, kCheckboxRadius, kCheckboxRadius);
+  painter.fillPath(smoothRect(mark, kCheckboxRadius), colors.accent);
   paintIcon(painter, Icon::checkMark, mark, colors.white);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/FocusRing.hpp"
+#include "ui/Shapes.hpp"
 #include "ui/TextStyle.hpp"
 
 namespace Hilalor::Screens {
@@ -94,12 +95,10 @@ void DayCellView::paintMarks(QPainter& painter) const {
   const auto fill = [&](const QColor& color) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawRoundedRect(mark, kMarkRadius, kMarkRadius);
+    painter.drawPath(smoothRect(mark, kMarkRadius));
   };
   const auto outline = [&](const QColor& color, double width) {
-    painter.setPen(QPen(color, width));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(mark, kMarkRadius, kMarkRadius);
+    strokeSmoothRect(painter, mark, kMarkRadius, QPen(color, width));
   };
 
   const DayCell& cell = day_->cell;

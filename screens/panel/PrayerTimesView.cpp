@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/Shapes.hpp"
+
 namespace Hilalor::Screens {
 
 using namespace Ui;
@@ -57,7 +59,7 @@ class PrayerRowView final : public View {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Colors::of(*this).accent);
-    painter.drawRoundedRect(rect(), kRowRadius, kRowRadius);
+    painter.drawPath(smoothRect(rect(), kRowRadius));
   }
 
  private:

@@ -175,10 +175,10 @@ TEST_F(CalendarViewTest, IsDrawnInTheColoursOfItsWindow) {
   const auto at = [this](const QWidget& part, QPoint within) {
     return screen->grab().toImage().pixelColor(frame(part).topLeft() + within);
   };
-  EXPECT_EQ(at(*screen, {2, 2}), QColor(246, 246, 246));
+  EXPECT_EQ(at(*screen, {2, 2}), Colors::of(ColorScheme::light).windowBackground);
   EXPECT_EQ(at(cell(22), {4, 20}), QColor(34, 120, 70));
   screen->setPalette(windowPalette(ColorScheme::dark));
-  EXPECT_EQ(at(*screen, {2, 2}), QColor(30, 30, 30));
+  EXPECT_EQ(at(*screen, {2, 2}), Colors::of(ColorScheme::dark).windowBackground);
   EXPECT_EQ(at(cell(22), {4, 20}), QColor(34, 120, 70));
 }
 

@@ -13,8 +13,8 @@ using namespace Ui;
 namespace {
 
 const QColor kGreen(34, 120, 70);
-const QColor kYellow(255, 204, 0);
-const QColor kBackground(246, 246, 246);
+const QColor kYellow = Colors::of(ColorScheme::light).yellow;
+const QColor kBackground = Colors::of(ColorScheme::light).windowBackground;
 
 /// The colour as it is seen on the light background.
 QColor on(const QColor& color, double opacity) {

@@ -60,9 +60,9 @@ TEST_F(SettingsWindowTest, IsOfItsSizeInTheMiddleOfTheScreenAndCannotBeMinimised
 TEST_F(SettingsWindowTest, ChangesBetweenLightAndDarkWhileItIsOpen) {
   open();
   window->setAppearance(Appearance::dark);
-  EXPECT_EQ(ground(), QColor(30, 30, 30));
+  EXPECT_EQ(ground(), Ui::Colors::of(Ui::ColorScheme::dark).windowBackground);
   window->setAppearance(Appearance::light);
-  EXPECT_EQ(ground(), QColor(246, 246, 246));
+  EXPECT_EQ(ground(), Ui::Colors::of(Ui::ColorScheme::light).windowBackground);
 }
 
 TEST_F(SettingsWindowTest, ThePanelStaysWhereTheWindowCanOpenBesideItAndElseGoes) {

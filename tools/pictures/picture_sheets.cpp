@@ -1,0 +1,150 @@
+// One sheet of the panel, a note, a menu, a tool tip and the settings for each scheme, without a
+// display: picture_sheets FOLDER APP_ICON SCALE. tools/pictures/sheets makes those of
+// docs/pictures.
+
+#include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QToolTip>
+
+#include "screens/panel/CalendarView.hpp"
+#include "screens/settings/SettingsView.hpp"
+#include "tests/fakes/Parts.hpp"
+#include "tests/fakes/ScreenContexts.hpp"
+#include "tests/fakes/SystemTimeZone.hpp"
+#include "ui/Picker.hpp"
+#include "ui/Popover.hpp"
+
+namespace Hilalor {
+
+using namespace Screens;
+using namespace Ui;
+
+namespace {
+
+// A Tuesday in Riyadh at 13:00: 17 February 2026.
+constexpr Date kNow{1771322400};
+constexpr double kDay = 86400;
+constexpr QSize kSheet{1000, 1130};
+
+void prepare(FakePlatform& desktop) {
+  auto& settings = desktop.settings();
+  settings.showSunnahTimes = true;
+  settings.prayerNotificationsEnabled = true;
+  settings.beepSoundEnabled = true;
+  settings.beepLoopEnabled = true;
+  settings.athanEnabled = true;
+  settings.beepLoopSeconds = 5;
+  desktop.notificationManager().playingVoice.assign(AthanVoice::tolsar);
+  desktop.notes().setNote("Call the carpenter", Date{kNow.secondsSince1970 - 6 * kDay});
+  desktop.notes().setNote("Return the books", Date{kNow.secondsSince1970 + 2 * kDay});
+  desktop.notes().setNote("Ask about the fair", Date{kNow.secondsSince1970 + 3 * kDay});
+}
+
+void settle(FakePlatform& desktop) {
+  constexpr int kPasses = 10;
+  for (int pass = 0; pass < kPasses; ++pass) {
+    desktop.loop.runPosted();
+    QApplication::processEvents();
+  }
+}
+
+/// The sheet and where the next window goes on it.
+class Sheet {
+ public:
+  explicit Sheet(ColorScheme scheme)
+      : picture_(kSheet * qApp->devicePixelRatio(), QImage::Format_RGB32) {
+    picture_.setDevicePixelRatio(qApp->devicePixelRatio());
+    picture_.fill(scheme == ColorScheme::dark ? QColor(70, 74, 82) : QColor(214, 219, 226));
+  }
+
+  void put(QPoint place, QWidget& window) {
+    QPainter painter(&picture_);
+    painter.drawPixmap(place, window.grab());
+  }
+
+  void save(const QString& path) const { picture_.save(path, "PNG", 0); }
+
+ private:
+  QImage picture_;
+};
+
+DayCellView& cellOf(const QWidget& panel, int day) {
+  for (auto* cell : parts<DayCellView>(panel))
+    if (cell->day() && cell->day()->cell.day == day) return *cell;
+  qFatal("no such day");
+}
+
+void showPanel(Sheet& sheet, FakePlatform& desktop, ColorScheme scheme) {
+  CalendarView panel(panelContext(desktop), {}, [] {});
+  panel.setPalette(windowPalette(scheme));
+  panel.setAutoFillBackground(true);
+  panel.resize(panel.sizeHint());
+  panel.show();
+  settle(desktop);
+  cellOf(panel, 12).click();
+  settle(desktop);
+  sheet.put({30, 40}, panel);
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+  QApplication::sendEvent(&panel, &enter);
+  settle(desktop);
+  if (auto* note = part<Popover>(panel)) sheet.put({320, 400}, *note);
+}
+
+void showMenu(Sheet& sheet, QWidget& settings) {
+  for (auto* picker : parts<GreenPickerButton>(settings)) {
+    auto* button = part<Button>(*picker);
+    button->click();
+    QApplication::processEvents();
+    if (auto* menu = part<QMenu>(*picker)) {
+      if (menu->actions().size() < 3) continue;
+      menu->setActiveAction(menu->actions()[1]);
+      sheet.put({320, 40}, *menu);
+      menu->close();
+      return;
+    }
+  }
+}
+
+void showToolTip(Sheet& sheet, QWidget& owner) {
+  QToolTip::showText({}, QStringLiteral("Quit Hilalor"), &owner);
+  QApplication::processEvents();
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->inherits("QTipLabel")) sheet.put({320, 300}, *window);
+  QToolTip::hideText();
+}
+
+void take(ColorScheme scheme, const QPixmap& icon, const QString& path) {
+  FakePlatform desktop({kNow});
+  prepare(desktop);
+  Sheet sheet(scheme);
+  showPanel(sheet, desktop, scheme);
+  SettingsView settings(settingsContext(desktop), &desktop.updater, icon);
+  settings.setPalette(windowPalette(scheme));
+  settings.resize(380, 1090);
+  settings.show();
+  settle(desktop);
+  sheet.put({600, 20}, settings);
+  showMenu(sheet, settings);
+  showToolTip(sheet, settings);
+  sheet.save(path);
+}
+
+}  // namespace
+}  // namespace Hilalor
+
+int main(int argc, char** argv) {
+  if (argc != 4) return 2;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_SCALE_FACTOR", argv[3]);
+  const QApplication application(argc, argv);
+  const Hilalor::SystemTimeZone zone("Asia/Riyadh");
+  const QPixmap icon(argv[2]);
+  const QDir folder(argv[1]);
+  const QString end = QStringLiteral("-%1x.png").arg(argv[3]);
+  Hilalor::take(Hilalor::Ui::ColorScheme::light, icon, folder.filePath("looks-light" + end));
+  Hilalor::take(Hilalor::Ui::ColorScheme::dark, icon, folder.filePath("looks-dark" + end));
+  return 0;
+}
