@@ -16,6 +16,9 @@ class Application {
   /// itself.
   virtual void setReopenHandler(std::function<void()> handler) = 0;
 
+  /// Called when the user asks for the settings from outside the program.
+  virtual void setSettingsHandler(std::function<void()> handler) = 0;
+
   /// Called when the machine wakes from its sleep, where the desktop tells. Timers did not count
   /// the time it slept.
   virtual void setResumeHandler(std::function<void()> handler) = 0;

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -23,6 +24,7 @@
 #include "desktop/session/BusProbe.hpp"
 #include "desktop/session/LinuxApplication.hpp"
 #include "desktop/session/LinuxWorkspace.hpp"
+#include "desktop/session/RunningCopy.hpp"
 #include "desktop/session/SessionBus.hpp"
 #include "desktop/sound/LinuxSoundService.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
@@ -133,12 +135,30 @@ class LinuxDesktop {
   Subscription busChanged_ = sessionBus_.changed.subscribe([this] { notifications_.busChanged(); });
 };
 
+constexpr int kCannot = 2;
+
+int tell(const char* word) {
+  if (tellRunningCopy(word)) return EXIT_SUCCESS;
+  std::fputs("hilalor: it does not run in this session; \"hilalor\" starts it\n", stderr);
+  return kCannot;
+}
+
+// Without a display Qt would abort, and leave a dump of its memory.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+  if (type != QtFatalMsg) return;
+  std::fputs("hilalor: no connection to the display\n", stderr);
+  std::_Exit(kCannot);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (argc > 1 && *argv[1] != '-') return tell(argv[1]);
   const bool isChosen = chooseX11();
   std::optional<SilentBusesHidden> buses(std::in_place);
+  const auto sayMessages = qInstallMessageHandler(endWithoutDisplay);
   QApplication qtApplication(argc, argv);
+  qInstallMessageHandler(sayMessages);
   buses.reset();
   if (isChosen) forgetChoice();
   QApplication::setApplicationName("hilalor");

@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 #include <QThread>
+#include <QVariantList>
 #include <QVariantMap>
 #include <array>
 #include <chrono>
@@ -23,17 +24,10 @@
 #include "desktop/process/ProgramId.hpp"
 #include "desktop/session/BusCall.hpp"
 #include "desktop/session/BusProbe.hpp"
+#include "desktop/session/RunningCopy.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
-
-constexpr const char* kBusPath = "/org/hilalor/Hilalor";
-constexpr const char* kApplicationInterface = "org.freedesktop.Application";
-
-// What allows a program to come to the front, as the one that started it said: on the bus and in
-// the environment (xdg-activation).
-const QString kTokenKey = QStringLiteral("activation-token");
-constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
 
 // The desktop's way to talk to a program that runs once a session.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
@@ -41,19 +35,30 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor {
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
-  ApplicationAdaptor(QObject* parent, std::function<void()> activate)
-      : QDBusAbstractAdaptor(parent), activate_(std::move(activate)) {}
+  ApplicationAdaptor(QObject* parent, std::function<void()> activate,
+                     std::function<void(const QString&)> act)
+      : QDBusAbstractAdaptor(parent), activate_(std::move(activate)), act_(std::move(act)) {}
 
  public Q_SLOTS:
   void Activate(const QVariantMap& platformData) {
-    // Qt shows it to the compositor with the next window that it activates.
-    const QByteArray token = platformData[kTokenKey].toString().toUtf8();
-    if (!token.isEmpty()) qputenv(kToken, token);
+    takeToken(platformData);
     activate_();
   }
 
+  void ActivateAction(const QString& name, const QVariantList&, const QVariantMap& platformData) {
+    takeToken(platformData);
+    act_(name);
+  }
+
  private:
+  // Qt shows it to the compositor with the next window that it activates.
+  static void takeToken(const QVariantMap& platformData) {
+    const QByteArray token = platformData[kTokenKey].toString().toUtf8();
+    if (!token.isEmpty()) qputenv(kToken, token);
+  }
+
   std::function<void()> activate_;
+  std::function<void(const QString&)> act_;
 };
 
 // Signal handlers may do little: they write to a pipe that the event loop reads.
@@ -67,16 +72,6 @@ void noteSignal(int) {
 // How long a copy that has the name, but does not answer, is waited for.
 constexpr std::chrono::seconds kPatienceWithAnother{10};
 constexpr unsigned long kMillisecondsBetweenTries = 50;
-
-// Asks the running copy to show itself. Whether it does.
-bool showsItself(const QDBusConnection& bus) {
-  auto activate =
-      QDBusMessage::createMethodCall(kProgramId, kBusPath, kApplicationInterface, "Activate");
-  activate << QVariantMap{{kTokenKey, qEnvironmentVariable(kToken)}};
-  constexpr int kMillisecondsToAnswer = 1000;
-  const auto answer = bus.call(activate, QDBus::Block, kMillisecondsToAnswer);
-  return answer.type() == QDBusMessage::ReplyMessage;
-}
 
 bool isRunning = false;
 
@@ -96,9 +91,12 @@ LinuxApplication::LinuxApplication() {
   isRunning = true;
   std::atexit(endWithTheSession);
   endOnSignals();
-  new ApplicationAdaptor(this, [this] {
-    if (reopen_) reopen_();
-  });
+  new ApplicationAdaptor(
+      this,
+      [this] {
+        if (reopen_) reopen_();
+      },
+      [this](const QString& action) { act(action); });
   // A restored session would start the program beside its autostart entry.
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, this,
@@ -125,7 +123,7 @@ bool LinuxApplication::becomeTheRunningCopy() {
     if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
       return true;
     }
-    if (showsItself(bus) || patience.hasExpired()) return false;
+    if (showRunningCopy(bus) || patience.hasExpired()) return false;
     // One that is ending answers no more, and is gone in a moment.
     QThread::msleep(kMillisecondsBetweenTries);
   }
@@ -166,6 +164,15 @@ void LinuxApplication::setLostDisplayHandler(std::function<void()> handler) {
 
 void LinuxApplication::setReopenHandler(std::function<void()> handler) {
   reopen_ = std::move(handler);
+}
+
+void LinuxApplication::setSettingsHandler(std::function<void()> handler) {
+  openSettings_ = std::move(handler);
+}
+
+void LinuxApplication::act(const QString& action) {
+  if (action == kSettingsAction && openSettings_) openSettings_();
+  if (action == kQuitAction) terminate();
 }
 
 void LinuxApplication::setResumeHandler(std::function<void()> handler) {

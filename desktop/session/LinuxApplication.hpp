@@ -40,15 +40,18 @@ class LinuxApplication final : public QObject, public Application {
   // Application
   void terminate() override;
   void setReopenHandler(std::function<void()> handler) override;
+  void setSettingsHandler(std::function<void()> handler) override;
   void setResumeHandler(std::function<void()> handler) override;
 
  private:
+  void act(const QString& action);
   void takeNameOn(QDBusConnection bus);
   void endOnSignals();
 
   std::optional<QDBusConnection> named_;  // Where the name is, or was asked for, last.
   Subscription ofBus_;
   std::function<void()> reopen_;
+  std::function<void()> openSettings_;
   std::unique_ptr<SleepWatch> sleepWatch_;
   std::unique_ptr<QSocketNotifier> signalNotifier_;
 };

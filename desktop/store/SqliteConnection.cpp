@@ -24,6 +24,17 @@ std::string fileUri(const std::filesystem::path& file, std::string_view query) {
   return uri.append(query);
 }
 
+const char* uriQuery(SqliteConnection::Access access) {
+  switch (access) {
+    case SqliteConnection::Access::snapshot:
+      return "?immutable=1";
+    case SqliteConnection::Access::observer:
+      return "?readonly_shm=1";
+    default:
+      return "";
+  }
+}
+
 }  // namespace
 
 SqliteConnection::SqliteConnection(std::unique_ptr<sqlite3, Close> database)
@@ -33,7 +44,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::open(const std::filesystem::
                                                          Access access) {
   const int mode = access == Access::readWrite ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
                                                : SQLITE_OPEN_READONLY;
-  const auto uri = fileUri(file, access == Access::snapshot ? "?immutable=1" : "");
+  const auto uri = fileUri(file, uriQuery(access));
   sqlite3* opened = nullptr;
   const int status =
       sqlite3_open_v2(uri.c_str(), &opened, mode | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);

@@ -17,6 +17,7 @@ class SqliteConnection {
   enum class Access {
     readWrite,  ///< Created when absent; read only where the file is protected.
     readOnly,
+    observer,  ///< With what its log holds, and without a file made or changed beside it.
     snapshot,  ///< The file as it lies there: without locks and without its write-ahead log.
   };
 

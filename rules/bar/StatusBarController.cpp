@@ -50,6 +50,7 @@ StatusBarController::StatusBarController(const BarContext& context, Updater* upd
   }
   statusItem_->setUnseenHandler([this] { bringCalendar(); });
   platform_.application.setReopenHandler([this] { bringCalendar(); });
+  platform_.application.setSettingsHandler([this] { openSettings(); });
   platform_.application.setResumeHandler([this] {
     tick();
     context_.locationManager.retryFix();
@@ -60,6 +61,7 @@ StatusBarController::StatusBarController(const BarContext& context, Updater* upd
 
 StatusBarController::~StatusBarController() {
   platform_.application.setReopenHandler({});
+  platform_.application.setSettingsHandler({});
   platform_.application.setResumeHandler({});
 }
 

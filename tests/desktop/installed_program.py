@@ -78,7 +78,7 @@ def see_item(session, program, picture):
 def remove_packages(root):
     subprocess.run(["chroot", root, "apt-get", "purge", "-yo", "Dpkg::Use-Pty=0", *PACKAGES], check=True,
                    stdout=subprocess.DEVNULL)
-    left = [file for pattern in ("usr/bin/hilalor*", "usr/lib/hilalor*", "usr/share/**/*ilalor*",
+    left = [file for pattern in ("usr/bin/hilalor*", "usr/lib*/hilalor*", "usr/share/**/*ilalor*",
                                  "etc/**/*ilalor*")
             for file in glob.glob(pattern, root_dir=root, recursive=True)]
     assert not left, f"left by the packages: {left}"

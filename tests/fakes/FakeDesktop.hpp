@@ -18,6 +18,7 @@ class FakeApplication final : public Application {
  public:
   void terminate() override { ++terminations; }
   void setReopenHandler(std::function<void()> handler) override { reopen = std::move(handler); }
+  void setSettingsHandler(std::function<void()>) override {}
   void setResumeHandler(std::function<void()> handler) override { resume = std::move(handler); }
 
   int terminations = 0;

@@ -1,0 +1,66 @@
+#include "command/Course.hpp"
+
+#include "rules/settings/AppSettings.hpp"
+#include "rules/settings/LocationManager.hpp"
+
+namespace Hilalor {
+namespace {
+
+// A command asks nobody where the machine is: that takes a bus, seconds, and the user's consent.
+class NoLocation final : public LocationService, public Geocoder, public RunLoop {
+ public:
+  void setDelegate(Delegate*) override {}
+  [[nodiscard]] AuthorizationStatus authorizationStatus() const override {
+    return AuthorizationStatus::restricted;
+  }
+  void requestLocation() override {}
+  void requestWhenInUseAuthorization() override {}
+  void askAgain() override {}
+  void reverseGeocode(LocationCoordinate, Answer) override {}
+  void post(Task) override {}
+  [[nodiscard]] std::unique_ptr<Timer> once(Seconds, Task) override { return nullptr; }
+  [[nodiscard]] std::unique_ptr<Timer> repeating(Seconds, Task) override { return nullptr; }
+  void after(Seconds, Task) override {}
+  void inBackground(BackgroundWork) override {}
+};
+
+void apply(const Request& request, AppSettings& settings) {
+  if (request.method) settings.calculationMethod = *request.method;
+  if (!request.place) return;
+  settings.locationMode = LocationMode::manual;
+  settings.manualLatitude = request.place->latitude;
+  settings.manualLongitude = request.place->longitude;
+  settings.manualLocationName = std::string();
+  settings.manualTimeZoneId = request.place->zone.identifier();
+}
+
+}  // namespace
+
+struct Course::Parts {
+  explicit Parts(DefaultsStore& store) : settings(store, location, {}) {}
+
+  NoLocation nowhere;
+  LocationManager location{nowhere, nowhere, nowhere};
+  AppSettings settings;
+  PrayerCourse prayers{settings};
+};
+
+Course::Course(DefaultsStore& store, const Request& request)
+    : parts_(std::make_unique<Parts>(store)), isGiven_(request.place.has_value()) {
+  apply(request, parts_->settings);
+}
+
+Course::~Course() = default;
+
+const PrayerCourse& Course::prayers() const {
+  return parts_->prayers;
+}
+
+PlaceSource Course::source() const {
+  if (isGiven_) return PlaceSource::given;
+  const bool isSet =
+      settings().locationMode == LocationMode::manual && settings().manualCoordinate();
+  return isSet ? PlaceSource::settings : PlaceSource::fallback;
+}
+
+}  // namespace Hilalor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "command/Arguments.hpp"
+#include "command/Wakes.hpp"
+#include "platform/Clock.hpp"
+#include "platform/DefaultsStore.hpp"
+
+namespace Hilalor {
+
+/// What a command that goes on is handed.
+struct FollowContext {
+  const Clock& clock;
+  Wakes& wakes;
+  /// The settings as they are stored by then.
+  std::function<std::unique_ptr<DefaultsStore>()> openStore;
+  /// Hands a line out.
+  std::function<void(const std::string&)> print;
+};
+
+/// Prints the answer to a request for the title and each that follows from it, until nobody reads
+/// any more. Wakes when the title changes, and once an hour for new rules of time zones.
+void follow(const Request& request, const FollowContext& context);
+
+}  // namespace Hilalor

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QString>
+#include <string_view>
+
+namespace Hilalor::Desktop {
+
+/// Where the running copy of the program is on the session bus, and the interface by which desktops
+/// talk to programs.
+inline constexpr const char* kBusPath = "/org/hilalor/Hilalor";
+inline constexpr const char* kApplicationInterface = "org.freedesktop.Application";
+
+/// What the running copy can be asked for by name, besides to show itself.
+inline constexpr const char* kSettingsAction = "settings";
+inline constexpr const char* kQuitAction = "quit";
+
+/// What allows a program to come to the front, as the one that started it said: on the bus and in
+/// the environment (xdg-activation).
+inline const QString kTokenKey = QStringLiteral("activation-token");
+inline constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
+
+/// Asks the running copy to show itself. Whether it does. Waits for the answer.
+[[nodiscard]] bool showRunningCopy(const QDBusConnection& bus);
+
+/// Asks the running copy for "panel", "settings" or "quit", and starts none. Whether it does.
+/// Waits for the answer; needs no display.
+[[nodiscard]] bool tellRunningCopy(std::string_view word);
+
+}  // namespace Hilalor::Desktop
