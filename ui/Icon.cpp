@@ -4,6 +4,7 @@
 #include <QPainterPathStroker>
 #include <QTransform>
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace Hilalor::Ui {
@@ -13,15 +14,8 @@ namespace {
 // is a hole.
 constexpr double kSide = 16;
 constexpr QPointF kMiddle{8, 8};
-constexpr double kStroke = 1.7;
-
-QPainterPath stroked(const QPainterPath& line) {
-  QPainterPathStroker pen;
-  pen.setWidth(kStroke);
-  pen.setCapStyle(Qt::RoundCap);
-  pen.setJoinStyle(Qt::RoundJoin);
-  return pen.createStroke(line).simplified();
-}
+// In pixels, whatever the icon's size: side by side all look as heavy.
+constexpr double kStroke = 1.6;
 
 QPainterPath circle(QPointF middle, double radius) {
   QPainterPath path;
@@ -38,119 +32,142 @@ QPainterPath arc(double radius, double from, double span) {
   return path;
 }
 
-QPainterPath polygon(std::initializer_list<QPointF> corners) {
+QPainterPath line(std::initializer_list<QPointF> points) {
   QPainterPath path;
-  path.addPolygon(QPolygonF(QList<QPointF>(corners)));
+  path.addPolygon(QPolygonF(QList<QPointF>(points)));
+  return path;
+}
+
+QPainterPath polygon(std::initializer_list<QPointF> corners) {
+  QPainterPath path = line(corners);
   path.closeSubpath();
   return path;
 }
 
-/// The polygon with its corners rounded off.
-QPainterPath softened(const QPainterPath& shape) {
-  return shape.united(stroked(shape));
+QTransform turn(double degrees) {
+  return QTransform().translate(8, 8).rotate(degrees).translate(-8, -8);
 }
 
-QPainterPath power() {
-  QPainterPath bar({8, 1.6});
-  bar.lineTo(8, 7.6);
-  return stroked(arc(5.9, 125, 290)).united(stroked(bar));
-}
+/// Draws with lines of one weight in an icon of that side.
+class Drawing {
+ public:
+  explicit Drawing(int side) : lineWidth_(kStroke * kSide / side) {}
 
-QPainterPath gear() {
-  constexpr int kTeeth = 8;
-  QPainterPath teeth;
-  QPainterPath tooth = softened(polygon({{7.2, 1.7}, {8.8, 1.7}, {9.4, 4}, {6.6, 4}}));
-  for (int index = 0; index < kTeeth; ++index) {
-    QTransform turn;
-    turn.translate(8, 8).rotate(360.0 / kTeeth * index).translate(-8, -8);
-    teeth = teeth.united(turn.map(tooth));
+  [[nodiscard]] QPainterPath stroked(const QPainterPath& path) const {
+    return outlined(path, lineWidth_);
   }
-  return teeth.united(circle(kMiddle, 5.3)).subtracted(circle(kMiddle, 2.3));
-}
 
-QPainterPath stopCircle() {
-  QPainterPath square;
-  square.addRoundedRect(QRectF(5.3, 5.3, 5.4, 5.4), 1, 1);
-  return circle(kMiddle, 7).subtracted(square);
-}
+  /// The shape with its corners rounded off.
+  [[nodiscard]] static QPainterPath softened(const QPainterPath& shape) {
+    constexpr double kSoftness = 1.2;
+    return shape.united(outlined(shape, kSoftness));
+  }
 
-QPainterPath playCircle() {
-  const QPainterPath triangle = softened(polygon({{6.9, 5.9}, {6.9, 10.1}, {10.3, 8}}));
-  return circle(kMiddle, 7).subtracted(circle(kMiddle, 5.8)).united(triangle);
-}
+  [[nodiscard]] QPainterPath power() const {
+    return stroked(arc(5.8, 124, 292)).united(stroked(line({{8, 1.8}, {8, 7.4}})));
+  }
 
-QPainterPath locationArrow() {
-  return softened(polygon({{13.6, 2.4}, {2.6, 7.3}, {7.6, 8.4}, {8.7, 13.4}}));
-}
+  [[nodiscard]] static QPainterPath gear() {
+    constexpr int kTeeth = 8;
+    const QPainterPath tooth = polygon({{5.9, 3.2}, {6.8, 0.6}, {9.2, 0.6}, {10.1, 3.2}});
+    QPainterPath wheel = circle(kMiddle, 5.5);
+    for (int index = 0; index < kTeeth; ++index)
+      wheel = wheel.united(turn(360.0 / kTeeth * index).map(tooth));
+    return wheel.subtracted(circle(kMiddle, 2.5));
+  }
 
-QPainterPath mapPin() {
-  QPainterPath stem({8, 7});
-  stem.lineTo(8, 12.2);
-  return circle(kMiddle, 7).subtracted(circle({8, 5.6}, 2.2).united(stroked(stem)));
-}
+  [[nodiscard]] static QPainterPath stopCircle() {
+    QPainterPath square;
+    square.addRoundedRect(QRectF(5.5, 5.5, 5, 5), 1, 1);
+    return circle(kMiddle, 7.2).subtracted(square);
+  }
 
-QPainterPath warningTriangle() {
-  QPainterPath mark({8, 6});
-  mark.lineTo(8, 9);
-  return softened(polygon({{8, 2.4}, {14.3, 13.2}, {1.7, 13.2}}))
-      .subtracted(stroked(mark))
-      .subtracted(circle({8, 11.7}, 1));
-}
+  [[nodiscard]] QPainterPath playCircle() const {
+    const QPainterPath ring = stroked(circle(kMiddle, 7.2 - lineWidth_ / 2));
+    return ring.united(softened(polygon({{6.7, 5.5}, {6.7, 10.5}, {10.8, 8}})));
+  }
 
-QPainterPath circlingArrows() {
-  QPainterPath half = stroked(arc(5.6, 20, 130));
-  half = half.united(softened(polygon({{12.2, 6.9}, {14.4, 4.2}, {15, 7.2}})));
-  QTransform turn;
-  turn.translate(8, 8).rotate(180).translate(-8, -8);
-  return half.united(turn.map(half));
-}
+  [[nodiscard]] static QPainterPath locationArrow() {
+    return softened(polygon({{13.6, 2.4}, {2.6, 7.3}, {7.6, 8.4}, {8.7, 13.4}}));
+  }
 
-QPainterPath checkMark() {
-  QPainterPath line({3.4, 8.6});
-  line.lineTo(6.6, 11.8);
-  line.lineTo(12.6, 4.6);
-  return stroked(line);
-}
+  [[nodiscard]] static QPainterPath mapPin() {
+    QPainterPath drop({8, 15.4});
+    drop.cubicTo(6.6, 12.4, 2.8, 10.2, 2.8, 6.2);
+    drop.arcTo(QRectF(2.8, 1, 10.4, 10.4), 180, -180);
+    drop.cubicTo(13.2, 10.2, 9.4, 12.4, 8, 15.4);
+    return drop.subtracted(circle({8, 6.2}, 2.2));
+  }
 
-QPainterPath magnifyingGlass() {
-  QPainterPath handle({10.3, 10.3});
-  handle.lineTo(14, 14);
-  return circle({6.7, 6.7}, 5.2).subtracted(circle({6.7, 6.7}, 3.6)).united(stroked(handle));
-}
+  [[nodiscard]] QPainterPath warningTriangle() const {
+    return softened(polygon({{8, 2.2}, {14.4, 13.4}, {1.6, 13.4}}))
+        .subtracted(stroked(line({{8, 6}, {8, 9}})))
+        .subtracted(circle({8, 11.8}, lineWidth_ * 0.6));
+  }
 
-QPainterPath drawn(Icon icon) {
+  [[nodiscard]] QPainterPath circlingArrows() const {
+    const QPainterPath head = polygon({{10.6, 6.8}, {15.2, 6.8}, {13.6, 3.2}});
+    const QPainterPath half = stroked(arc(5.8, 22, 126)).united(softened(head));
+    return half.united(turn(180).map(half));
+  }
+
+  [[nodiscard]] QPainterPath checkMark() const {
+    return stroked(line({{3.5, 8.5}, {6.6, 11.6}, {12.5, 4.7}}));
+  }
+
+  [[nodiscard]] QPainterPath magnifyingGlass() const {
+    const QPainterPath handle = stroked(line({{10.4, 10.4}, {14, 14}}));
+    return stroked(circle({6.6, 6.6}, 4.6)).united(handle);
+  }
+
+ private:
+  [[nodiscard]] static QPainterPath outlined(const QPainterPath& path, double width) {
+    QPainterPathStroker pen;
+    pen.setWidth(width);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    return pen.createStroke(path).simplified();
+  }
+
+  double lineWidth_;
+};
+
+QPainterPath drawn(Icon icon, const Drawing& drawing) {
   switch (icon) {
     case Icon::power:
-      return power();
+      return drawing.power();
     case Icon::gear:
-      return gear();
+      return Drawing::gear();
     case Icon::stopCircle:
-      return stopCircle();
+      return Drawing::stopCircle();
     case Icon::playCircle:
-      return playCircle();
+      return drawing.playCircle();
     case Icon::locationArrow:
-      return locationArrow();
+      return Drawing::locationArrow();
     case Icon::mapPin:
-      return mapPin();
+      return Drawing::mapPin();
     case Icon::warningTriangle:
-      return warningTriangle();
+      return drawing.warningTriangle();
     case Icon::circlingArrows:
-      return circlingArrows();
+      return drawing.circlingArrows();
     case Icon::checkMark:
-      return checkMark();
+      return drawing.checkMark();
     case Icon::magnifyingGlass:
-      return magnifyingGlass();
+      return drawing.magnifyingGlass();
   }
   return {};
 }
 
 }  // namespace
 
-const QPainterPath& iconPath(Icon icon) {
+const QPainterPath& iconPath(Icon icon, int side) {
   // Joining shapes takes longer than filling them.
-  static std::map<Icon, QPainterPath> paths;
-  const auto [place, isNew] = paths.try_emplace(icon);
-  if (isNew) place->second = QTransform::fromScale(1 / kSide, 1 / kSide).map(drawn(icon));
+  static std::map<std::pair<Icon, int>, QPainterPath> paths;
+  const auto [place, isNew] = paths.try_emplace({icon, side});
+  if (isNew) {
+    const double scale = side / kSide;
+    place->second = QTransform::fromScale(scale, scale).map(drawn(icon, Drawing(side)));
+  }
   return place->second;
 }
 
@@ -160,12 +177,13 @@ int iconSide(int typeSize) {
 }
 
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color) {
-  const double side = std::min(rect.width(), rect.height());
+  // An even side has its middle between two pixels, as the icons are drawn.
+  const int side = static_cast<int>(std::min(rect.width(), rect.height())) / 2 * 2;
+  const QPointF corner = rect.center() - QPointF(side / 2, side / 2);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(rect.center() - QPointF(side / 2, side / 2));
-  painter.scale(side, side);
-  painter.fillPath(iconPath(icon), color);
+  painter.translate(std::floor(corner.x()), std::floor(corner.y()));
+  painter.fillPath(iconPath(icon, side), color);
   painter.restore();
 }
 

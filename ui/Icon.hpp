@@ -23,14 +23,15 @@ enum class Icon {
   magnifyingGlass,
 };
 
-/// The outline to be filled, in a square of side 1.
-[[nodiscard]] const QPainterPath& iconPath(Icon icon);
+/// The outline to be filled, in a square of that side (logical pixels), its lines as wide at every
+/// side.
+[[nodiscard]] const QPainterPath& iconPath(Icon icon, int side);
 
 /// The side of an icon that stands beside type of that size, a little taller than the type (logical
 /// pixels).
 [[nodiscard]] int iconSide(int typeSize);
 
-/// Fills the icon in the largest square at the middle of the rectangle.
+/// Fills the icon in the largest square of whole pixels at the middle of the rectangle.
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color);
 
 }  // namespace Hilalor::Ui

@@ -66,11 +66,13 @@ TEST(Colors, CanBeReadOnEveryGroundOfTheirScheme) {
 }
 
 TEST(Icon, EveryIconFillsItsSquareWithoutLeavingIt) {
-  for (int index = 0; index <= static_cast<int>(Icon::checkMark); ++index) {
-    SCOPED_TRACE(index);
-    const QRectF bounds = iconPath(static_cast<Icon>(index)).boundingRect();
-    EXPECT_TRUE(QRectF(0, 0, 1, 1).contains(bounds));
-    EXPECT_GT(std::max(bounds.width(), bounds.height()), 0.6);
+  for (int index = 0; index <= static_cast<int>(Icon::magnifyingGlass); ++index) {
+    for (const int side : {12, 18}) {
+      SCOPED_TRACE(index);
+      const QRectF bounds = iconPath(static_cast<Icon>(index), side).boundingRect();
+      EXPECT_TRUE(QRectF(0, 0, side, side).contains(bounds));
+      EXPECT_GT(std::max(bounds.width(), bounds.height()), 0.6 * side);
+    }
   }
 }
 
