@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "desktop/display/Compositor.hpp"
 #include "desktop/display/DisplayKind.hpp"
 #include "desktop/display/LinuxScreens.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
@@ -33,6 +34,7 @@
 #include "program/ScreenSurfaces.hpp"
 #include "program/SharedObjects.hpp"
 #include "rules/bar/AppDelegate.hpp"
+#include "ui/PopUpStyle.hpp"
 
 #ifdef HILALOR_RELEASE_FEED
 #include "desktop/updates/FeedUpdater.hpp"
@@ -161,6 +163,7 @@ int main(int argc, char* argv[]) {
   qInstallMessageHandler(sayMessages);
   buses.reset();
   if (isChosen) forgetChoice();
+  QApplication::setStyle(new Ui::PopUpStyle(&hasCompositor));
   QApplication::setApplicationName("hilalor");
   QApplication::setDesktopFileName(kProgramId);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "ui/FocusRing.hpp"
+#include "ui/PopUpStyle.hpp"
 #include "ui/Shapes.hpp"
 #include "ui/Stack.hpp"
 
@@ -111,7 +112,9 @@ void GreenPickerButton::showMenu() {
     action->setChecked(index == content.current);
     connect(action, &QAction::triggered, this, [this, index] { onSelect_(index); });
   }
-  menu_->popup(button_->mapToGlobal(QPoint(0, button_->height())));
+  menu_->ensurePolished();
+  const int shadow = PopUpStyle::shadowOf(*menu_);
+  menu_->popup(button_->mapToGlobal(QPoint(-shadow, button_->height() - shadow)));
 }
 
 SegmentedPicker::SegmentedPicker(const QStringList& options, std::function<void(int)> onSelect) {

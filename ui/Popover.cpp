@@ -1,14 +1,15 @@
 #include "ui/Popover.hpp"
 
 #include <QApplication>
-#include <QBitmap>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
 
-#include "ui/Colors.hpp"
+#include "ui/Shapes.hpp"
+#include "ui/Surface.hpp"
 
 namespace Hilalor::Ui {
 namespace {
@@ -16,6 +17,7 @@ namespace {
 constexpr double kRadius = 10;
 constexpr int kArrowHeight = 9;
 constexpr int kArrowHalfWidth = 10;
+constexpr int kShadowWidth = 20;
 
 bool isOnWayland() {
   return QGuiApplication::platformName() == QStringLiteral("wayland");
@@ -48,6 +50,9 @@ Popover::Popover(QWidget& anchor, QWidget* content)
   // Where the owner's corners can be see-through, so can ours; else the window is cut to shape.
   setAttribute(Qt::WA_TranslucentBackground,
                anchor.window()->testAttribute(Qt::WA_TranslucentBackground));
+  // A compositor that manages the window would take the shadow for a part of it.
+  const bool isOursToPlace = windowFlags().testFlag(Qt::X11BypassWindowManagerHint);
+  if (isOursToPlace && testAttribute(Qt::WA_TranslucentBackground)) shadow_ = kShadowWidth;
   // Light or dark as its owner is.
   setAttribute(Qt::WA_WindowPropagation);
   content->setParent(this);
@@ -80,52 +85,48 @@ void Popover::followContent() {
 
 void Popover::place() {
   const QSize inner = content_->sizeHint().expandedTo(content_->minimumSize());
-  resize(inner.width(), inner.height() + kArrowHeight);
+  const QSize seen(inner.width(), inner.height() + kArrowHeight);
   const QRect anchor(anchor_.mapToGlobal(QPoint(0, 0)), anchor_.size());
   const QRect room = roomFor(anchor_);
   const int middle = anchor.left() + anchor.width() / 2;
 
-  side_ = anchor.bottom() + height() <= room.bottom() ? Side::below : Side::above;
-  const int y = side_ == Side::below ? anchor.bottom() + 1 : anchor.top() - height();
-  const int rightmost = std::max(room.left(), room.right() + 1 - width());
-  const int x = std::clamp(middle - width() / 2, room.left(), rightmost);
-  move(x, y);
-  arrowX_ = middle - x;
-  content_->setGeometry(0, side_ == Side::below ? kArrowHeight : 0, inner.width(), inner.height());
-  if (testAttribute(Qt::WA_TranslucentBackground)) return;
-  QBitmap shape(size());
-  shape.clear();
-  QPainter painter(&shape);
-  painter.setPen(Qt::color1);
-  painter.setBrush(Qt::color1);
-  painter.drawPath(outline());
-  painter.end();
-  setMask(shape);
+  side_ = anchor.bottom() + seen.height() <= room.bottom() ? Side::below : Side::above;
+  const int y = side_ == Side::below ? anchor.bottom() + 1 : anchor.top() - seen.height();
+  const int rightmost = std::max(room.left(), room.right() + 1 - seen.width());
+  const int x = std::clamp(middle - seen.width() / 2, room.left(), rightmost);
+  const QMargins shadow(shadow_, shadow_, shadow_, shadow_);
+  const QRect whole = QRect(QPoint(x, y), seen).marginsAdded(shadow);
+  resize(whole.size());
+  move(whole.topLeft());
+  arrowX_ = middle - whole.left();
+  const int arrow = side_ == Side::below ? kArrowHeight : 0;
+  content_->setGeometry(QRect(QPoint(shadow_, shadow_ + arrow), inner));
+  if (!testAttribute(Qt::WA_TranslucentBackground)) setMask(cutShape(outline()));
 }
 
 QPainterPath Popover::outline() const {
-  const QRectF box = QRectF(content_->geometry()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF box = content_->geometry();
   const bool isBelow = side_ == Side::below;
   const double base = isBelow ? box.top() : box.bottom();
-  const double tip = isBelow ? 0.5 : height() - 0.5;
-  const double x =
-      std::clamp<double>(arrowX_, kRadius + kArrowHalfWidth, width() - kRadius - kArrowHalfWidth);
-  QPainterPath body;
-  body.addRoundedRect(box, kRadius, kRadius);
+  const double tip = isBelow ? base - kArrowHeight : base + kArrowHeight;
+  const double inset = kRadius + kArrowHalfWidth;
+  const double x = std::clamp<double>(arrowX_, box.left() + inset, box.right() - inset);
   QPainterPath arrow({x - kArrowHalfWidth, base});
   arrow.lineTo(x, tip);
   arrow.lineTo(x + kArrowHalfWidth, base);
   arrow.closeSubpath();
-  return body.united(arrow);
+  return smoothRect(box, kRadius).united(arrow);
 }
 
 void Popover::paintEvent(QPaintEvent*) {
-  const Colors& colors = Colors::of(*this);
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(colors.tertiary);
-  painter.setBrush(colors.windowBackground);
-  painter.drawPath(outline());
+  paintSurface(
+      painter, *this,
+      {.body = content_->geometry(), .radius = kRadius, .outline = outline(), .shadow = shadow_});
+}
+
+bool Popover::isOutside(const QEvent& press) const {
+  return !outline().contains(static_cast<const QMouseEvent&>(press).position());
 }
 
 bool Popover::isOfThis(const QWidget* widget) const {
@@ -141,7 +142,8 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
   const bool isOursToPlace = windowFlags().testFlag(Qt::X11BypassWindowManagerHint);
   if (event->type() == QEvent::Move && watched == parentWidget() && isOursToPlace) place();
   if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
-    if (!isOfThis(static_cast<QWidget*>(watched))) dismiss();
+    const bool isOnShadow = watched == this && isOutside(*event);
+    if (isOnShadow || !isOfThis(static_cast<QWidget*>(watched))) dismiss();
   }
   return QWidget::eventFilter(watched, event);
 }

@@ -35,11 +35,13 @@ class Popover final : public QWidget {
   void followContent();
   [[nodiscard]] bool isOfThis(const QWidget* widget) const;
   [[nodiscard]] QPainterPath outline() const;
+  [[nodiscard]] bool isOutside(const QEvent& press) const;
 
   QWidget& anchor_;
   QWidget* content_;
   Side side_ = Side::below;
   int arrowX_ = 0;  // The arrow's tip from the left edge.
+  int shadow_ = 0;  // Its room around what is seen.
 };
 
 }  // namespace Hilalor::Ui

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QScreen>
 
+#include "ui/PopUpStyle.hpp"
+
 namespace Hilalor::Desktop {
 namespace {
 
@@ -31,7 +33,11 @@ void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
       menu_->addAction(marked(line, u'&'), menu_.get(), line.action);
     }
   }
-  menu_->popup(item ? anchor(*item, menu_->sizeHint()) : QCursor::pos());
+  menu_->ensurePolished();
+  const int shadow = Ui::PopUpStyle::shadowOf(*menu_);
+  const QSize seen = menu_->sizeHint() - 2 * QSize(shadow, shadow);
+  const QPoint place = item ? anchor(*item, seen) : QCursor::pos();
+  menu_->popup(place - QPoint(shadow, shadow));
 }
 
 QString ItemMenu::marked(const MenuItem& item, QChar sign) {

@@ -2,22 +2,18 @@
 
 #include <xcb/shape.h>
 
-#include <qdrawutil.h>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
-#include <QtMath>
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <string>
 
+#include "desktop/display/Compositor.hpp"
 #include "desktop/display/DisplayKind.hpp"
 #include "desktop/display/Sway.hpp"
 #include "desktop/display/XConnection.hpp"
 #include "desktop/panel/SwayPlace.hpp"
-#include "ui/Colors.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -26,7 +22,6 @@ constexpr double kCornerRadius = 12;
 constexpr int kShadowWidth = 20;
 // The note is a little wider than the panel, and on Wayland may not stand out of its window.
 constexpr int kSlimShadowWidth = 4;
-constexpr double kShadowOpacity = 0.28;
 constexpr const char* kShadowExtents = "_GTK_FRAME_EXTENTS";
 
 Qt::WindowFlags panelFlags() {
@@ -34,18 +29,6 @@ Qt::WindowFlags panelFlags() {
       Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint | Qt::WindowStaysOnTopHint;
   // Compositors give the keyboard to nothing but the windows that they manage.
   return displayKind() == DisplayKind::x11 ? flags | Qt::X11BypassWindowManagerHint : flags;
-}
-
-/// Whether somebody mixes windows, by the owner of the screen's selection for it (Extended Window
-/// Manager Hints).
-bool hasCompositor() {
-  if (displayKind() != DisplayKind::x11) return true;
-  const auto server = XConnection::open();
-  if (!server) return false;
-  const auto selection = server->atom("_NET_WM_CM_S" + std::to_string(server->screenNumber()));
-  const auto reply = Xcb::answer(xcb_get_selection_owner_reply, server->get(),
-                                 xcb_get_selection_owner(server->get(), selection));
-  return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 /// Whether the window manager counts a declared shadow as none of the window.
@@ -61,36 +44,6 @@ int shadowWidth() {
   if (displayKind() == DisplayKind::wayland) return kSlimShadowWidth;
   const bool hasShadow = displayKind() == DisplayKind::x11 ? hasCompositor() : isShadowKnown();
   return hasShadow ? kShadowWidth : 0;
-}
-
-QPainterPath rounded(const QRectF& rect) {
-  QPainterPath path;
-  path.addRoundedRect(rect, kCornerRadius, kCornerRadius);
-  return path;
-}
-
-/// A small picture of the shadow around a rounded rectangle, whose middle can be stretched.
-QPixmap shadowPicture() {
-  constexpr int kReach = kShadowWidth + static_cast<int>(kCornerRadius);
-  constexpr int kSide = 2 * kReach + 1;
-  QImage picture(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
-  for (int y = 0; y < kSide; ++y) {
-    for (int x = 0; x < kSide; ++x) {
-      const double dx = std::abs(x - kReach);
-      const double dy = std::abs(y - kReach);
-      const double outside = (std::hypot(dx, dy) - kCornerRadius) / kShadowWidth;
-      const double light = std::clamp(outside, 0.0, 1.0);
-      const double opacity = kShadowOpacity * (1 - light) * (1 - light);
-      picture.setPixel(x, y, qRgba(0, 0, 0, qRound(255 * opacity)));
-    }
-  }
-  return QPixmap::fromImage(picture);
-}
-
-void paintShadow(QPainter& painter, const QRect& window) {
-  static const QPixmap picture = shadowPicture();
-  const int fixed = picture.width() / 2;
-  qDrawBorderPixmap(&painter, window, QMargins(fixed, fixed, fixed, fixed), picture);
 }
 
 }  // namespace
@@ -126,9 +79,13 @@ QRect PanelWindow::body() const {
   return rect().adjusted(shadow_, shadow_, -shadow_, -shadow_);
 }
 
+Ui::Surface PanelWindow::surface() const {
+  return Ui::Surface::of(body(), kCornerRadius, shadow_);
+}
+
 void PanelWindow::cutToShape() {
   if (!testAttribute(Qt::WA_TranslucentBackground)) {
-    setMask(QRegion(rounded(body()).toFillPolygon().toPolygon()));
+    setMask(Ui::cutShape(surface().outline));
     return;
   }
   // What lies under the shadow is not covered by it for the mouse.
@@ -163,13 +120,8 @@ bool PanelWindow::event(QEvent* event) {
 }
 
 void PanelWindow::paintEvent(QPaintEvent*) {
-  const Ui::Colors& colors = Ui::Colors::of(*this);
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (shadow_ > 0) paintShadow(painter, rect());
-  painter.setPen(colors.separator);
-  painter.setBrush(colors.windowBackground);
-  painter.drawPath(rounded(QRectF(body()).adjusted(0.5, 0.5, -0.5, -0.5)));
+  Ui::paintSurface(painter, *this, surface());
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {

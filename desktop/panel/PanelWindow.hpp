@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "platform/Surfaces.hpp"
+#include "ui/Surface.hpp"
 
 namespace Hilalor::Desktop {
 
@@ -37,6 +38,7 @@ class PanelWindow final : public QWidget {
  private:
   void dismiss(Dismissal how) const;
   [[nodiscard]] QRect body() const;
+  [[nodiscard]] Ui::Surface surface() const;
   void cutToShape();
   void declareShadow();
 

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QTest>
+#include <QToolTip>
 
 #include "tests/fakes/Parts.hpp"
 #include "ui/Picker.hpp"
+#include "ui/PopUpStyle.hpp"
 #include "ui/Stepper.hpp"
 #include "ui/TextEditor.hpp"
 #include "ui/Toggle.hpp"
@@ -66,6 +70,37 @@ TEST(Stepper, StaysInItsRange) {
   EXPECT_FALSE(buttons[1]->isEnabled());
   QTest::mouseClick(buttons[0], Qt::LeftButton);
   EXPECT_EQ(changes, std::vector({115}));
+}
+
+TEST(PopUpStyle, PopUpsTakeTheColoursOfTheirWindowAndTickTheirChoiceAlone) {
+  QApplication::setStyle(new PopUpStyle([] { return true; }));
+  const QColor ground = Colors::of(ColorScheme::dark).windowBackground;
+  QWidget window;
+  window.setPalette(windowPalette(ColorScheme::dark));
+  QMenu menu(&window);
+  for (const bool isChosen : {true, false}) {
+    QAction* option = menu.addAction(QString());
+    option->setCheckable(true);
+    option->setChecked(isChosen);
+  }
+  menu.ensurePolished();
+  menu.resize(menu.sizeHint());
+  const QImage picture = menu.grab().toImage();
+  const auto isBare = [&](QAction* option) {
+    for (const QRect rect = menu.actionGeometry(option); const int x : {10, 13, 16, 19, 22})
+      for (int y = rect.top(); y < rect.bottom(); ++y)
+        if (picture.pixelColor(rect.left() + x, y) != ground) return false;
+    return true;
+  };
+  EXPECT_FALSE(isBare(menu.actions()[0]));
+  EXPECT_TRUE(isBare(menu.actions()[1]));
+
+  QToolTip::showText({}, QStringLiteral("Settings"), &window);
+  const auto* tip = window.findChild<QLabel*>();
+  ASSERT_NE(tip, nullptr);
+  EXPECT_EQ(tip->palette().color(QPalette::Window), ground);
+  QToolTip::hideText();
+  QApplication::setStyle(new QProxyStyle);
 }
 
 TEST(TextEditor, GivesBackWhatWasTypedToTheCharacter) {

@@ -15,7 +15,9 @@
 #include "tests/fakes/ScreenContexts.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
 #include "ui/Picker.hpp"
+#include "ui/PopUpStyle.hpp"
 #include "ui/Popover.hpp"
+#include "ui/Surface.hpp"
 
 namespace Hilalor {
 
@@ -71,6 +73,28 @@ class Sheet {
   QImage picture_;
 };
 
+/// What the panel lies on, as the desktop's window paints it.
+class Ground final : public QWidget {
+ public:
+  explicit Ground(QWidget& content) : QWidget(nullptr, Qt::X11BypassWindowManagerHint) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    content.setParent(this);
+    content.move(kShadow, kShadow);
+    content.resize(content.sizeHint());
+    resize(content.size() + 2 * QSize(kShadow, kShadow));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QRectF body = QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow);
+    paintSurface(painter, *this, Surface::of(body, 12, kShadow));
+  }
+
+ private:
+  static constexpr int kShadow = 20;
+};
+
 DayCellView& cellOf(const QWidget& panel, int day) {
   for (auto* cell : parts<DayCellView>(panel))
     if (cell->day() && cell->day()->cell.day == day) return *cell;
@@ -78,19 +102,18 @@ DayCellView& cellOf(const QWidget& panel, int day) {
 }
 
 void showPanel(Sheet& sheet, FakePlatform& desktop, ColorScheme scheme) {
-  CalendarView panel(panelContext(desktop), {}, [] {});
-  panel.setPalette(windowPalette(scheme));
-  panel.setAutoFillBackground(true);
-  panel.resize(panel.sizeHint());
-  panel.show();
+  auto& panel = *new CalendarView(panelContext(desktop), {}, [] {});
+  Ground window(panel);
+  window.setPalette(windowPalette(scheme));
+  window.show();
   settle(desktop);
   cellOf(panel, 12).click();
   settle(desktop);
-  sheet.put({30, 40}, panel);
+  sheet.put({10, 20}, window);
   QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
   QApplication::sendEvent(&panel, &enter);
   settle(desktop);
-  if (auto* note = part<Popover>(panel)) sheet.put({320, 400}, *note);
+  if (auto* note = part<Popover>(window)) sheet.put({300, 400}, *note);
 }
 
 void showMenu(Sheet& sheet, QWidget& settings) {
@@ -140,6 +163,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_SCALE_FACTOR", argv[3]);
   const QApplication application(argc, argv);
+  QApplication::setStyle(new Hilalor::Ui::PopUpStyle([] { return true; }));
   const Hilalor::SystemTimeZone zone("Asia/Riyadh");
   const QPixmap icon(argv[2]);
   const QDir folder(argv[1]);
