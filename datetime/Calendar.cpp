@@ -36,7 +36,9 @@ Calendar::Calendar(CalendarIdentifier identifier, std::optional<TimeZone> zone, 
     : identifier_(identifier), zone_(std::move(zone)), region_(std::move(region)) {}
 
 Calendar::Calendar(const Calendar& other)
-    : Calendar(other.identifier_, other.zone_, other.region_) {}
+    : Calendar(other.identifier_, other.zone_, other.region_) {
+  hijriDaysAhead_ = other.hijriDaysAhead_;
+}
 
 Calendar& Calendar::operator=(const Calendar& other) {
   if (this != &other) *this = Calendar(other);
@@ -51,12 +53,18 @@ Calendar Calendar::ofUser(const Moment& moment) {
   return {CalendarIdentifier::gregorian, moment.zone, moment.region};
 }
 
+Calendar Calendar::withHijriAhead(int days) const {
+  Calendar result(identifier_, zone_, region_);
+  result.hijriDaysAhead_ = days;
+  return result;
+}
+
 TimeZone Calendar::timeZone() const {
   return zone_ ? *zone_ : TimeZone::current();
 }
 
 CalendarEngine* Calendar::engine() const {
-  if (!engine_) engine_ = CalendarEngine::make(identifier_, region_);
+  if (!engine_) engine_ = CalendarEngine::make(identifier_, region_, hijriDaysAhead_);
   return engine_.get();
 }
 

@@ -19,7 +19,8 @@ enum class CalendarUnit { day, month, year };
 
 /// A calendar in a time zone: turns instants into fields and back.
 ///
-/// Umm al-Qura months of 1451 to 1500 AH are those published, all others those of ICU's table.
+/// Umm al-Qura months of 1451 to 1500 AH are those published, all others those of ICU's table;
+/// they can be told to begin on other days.
 ///
 /// Without a zone of its own a calendar works in the machine's current zone, asked anew at every
 /// call. A value; copies are independent. Main thread.
@@ -38,7 +39,13 @@ class Calendar {
   /// machine's time zone as it was at the moment.
   [[nodiscard]] static Calendar ofUser(const Moment& moment);
 
+  /// The calendar with all Hijri months beginning so many days earlier (later where negative), as
+  /// where people saw the new moon on another night: every day's Hijri date is so many days ahead.
+  /// A Gregorian calendar is as it was.
+  [[nodiscard]] Calendar withHijriAhead(int days) const;
+
   [[nodiscard]] CalendarIdentifier identifier() const { return identifier_; }
+  [[nodiscard]] int hijriDaysAhead() const { return hijriDaysAhead_; }
 
   /// The zone the calendar works in now.
   [[nodiscard]] TimeZone timeZone() const;
@@ -88,6 +95,7 @@ class Calendar {
   CalendarIdentifier identifier_;
   std::optional<TimeZone> zone_;
   Region region_;
+  int hijriDaysAhead_ = 0;
   // Made on first use: most calendars of a screen are asked little.
   mutable std::unique_ptr<CalendarEngine> engine_;
 };

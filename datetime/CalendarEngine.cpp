@@ -135,7 +135,8 @@ class GregorianEngine : public LibraryEngine {
 
 class HijriEngine : public LibraryEngine {
  public:
-  using LibraryEngine::LibraryEngine;
+  HijriEngine(std::unique_ptr<icu::Calendar> calendar, int daysAhead)
+      : LibraryEngine(std::move(calendar)), daysAhead_(daysAhead) {}
 
   DateComponents components(std::int64_t local) override {
     const std::int64_t day = dayOf(local);
@@ -176,17 +177,19 @@ class HijriEngine : public LibraryEngine {
   }
 
  private:
-  [[nodiscard]] UmmAlQura months() { return UmmAlQura(calendar()); }
+  [[nodiscard]] UmmAlQura months() { return UmmAlQura(calendar(), daysAhead_); }
+
+  int daysAhead_;
 };
 
 }  // namespace
 
 std::unique_ptr<CalendarEngine> CalendarEngine::make(CalendarIdentifier identifier,
-                                                     const Region& region) {
+                                                     const Region& region, int hijriDaysAhead) {
   auto calendar = libraryCalendar(localeOf(identifier, region));
   if (!calendar) return nullptr;
   if (identifier == CalendarIdentifier::islamicUmmAlQura) {
-    return std::make_unique<HijriEngine>(std::move(calendar));
+    return std::make_unique<HijriEngine>(std::move(calendar), hijriDaysAhead);
   }
   return std::make_unique<GregorianEngine>(std::move(calendar));
 }

@@ -18,9 +18,11 @@ class CalendarEngine {
   static constexpr std::int64_t kFarthestSecond = 1'000'000'000'000;
   static constexpr std::int64_t kSecondsPerDay = 86400;
 
-  /// With the week of the region. Null when ICU's data are missing.
+  /// With the week of the region; Hijri months begin so many days ahead of the table's. Null when
+  /// ICU's data are missing.
   [[nodiscard]] static std::unique_ptr<CalendarEngine> make(CalendarIdentifier identifier,
-                                                            const Region& region);
+                                                            const Region& region,
+                                                            int hijriDaysAhead);
   CalendarEngine() = default;
   CalendarEngine(const CalendarEngine&) = delete;
   CalendarEngine& operator=(const CalendarEngine&) = delete;

@@ -43,17 +43,17 @@ icu::UnicodeString withDay(const icu::UnicodeString& pattern, int day) {
   return result;
 }
 
-// Makes the format write a day of a published month, which ICU's own calendar does not know: month,
+// Makes the format write a day that ICU's own calendar does not have so: month,
 // year and weekday through a day that looks like it there. Returns the time to write then.
-double published(FormatEngine& engine, double localMilliseconds) {
+double asLibraryHasIt(FormatEngine& engine, double localMilliseconds) {
   auto& format = static_cast<icu::SimpleDateFormat&>(*engine.format);
   format.applyPattern(engine.pattern);
   constexpr double kFarthestDay = 1e9;
   const double dayStart = std::floor(localMilliseconds / kMillisecondsPerDay);
   if (!(std::abs(dayStart) < kFarthestDay)) return localMilliseconds;
   const auto day = static_cast<std::int64_t>(dayStart);
-  if (!UmmAlQura::isPublished(day)) return localMilliseconds;
-  UmmAlQura months(*engine.hijri);
+  UmmAlQura months(*engine.hijri, engine.calendar.hijriDaysAhead());
+  if (months.isLibrarys(day)) return localMilliseconds;
   const auto month = months.monthOf(day);
   const auto like = months.libraryDayLike(day);
   if (!month || !like) return localMilliseconds;
@@ -107,7 +107,7 @@ std::string DateFormatter::string(Date date) const {
   if (!engine_->format || !std::isfinite(date.secondsSince1970)) return {};
   const int offset = engine_->calendar.timeZone().secondsFromUTC(date);
   double localMilliseconds = std::floor((date.secondsSince1970 + offset) * 1000);
-  if (engine_->hijri) localMilliseconds = published(*engine_, localMilliseconds);
+  if (engine_->hijri) localMilliseconds = asLibraryHasIt(*engine_, localMilliseconds);
   icu::UnicodeString text;
   engine_->format->format(localMilliseconds, text);
   std::string result;

@@ -38,10 +38,12 @@ constexpr std::int64_t monthsSinceFirstPublished(std::int64_t year, std::int64_t
 std::optional<std::int64_t> UmmAlQura::firstDay(std::int64_t year, std::int64_t month) {
   const std::int64_t months = monthsSinceFirstPublished(year, month);
   if (months >= 0 && months <= kMonthsPublished) {
-    return kFirstPublishedDay + kPublishedStarts[static_cast<std::size_t>(months)];
+    return kFirstPublishedDay + kPublishedStarts[static_cast<std::size_t>(months)] - daysAhead_;
   }
   const std::int64_t years = floorDivided(months, 12);
-  return libraryFirstDay(kFirstPublishedYear + years, static_cast<int>(months - years * 12) + 1);
+  const auto first =
+      libraryFirstDay(kFirstPublishedYear + years, static_cast<int>(months - years * 12) + 1);
+  return first ? std::optional(*first - daysAhead_) : std::nullopt;
 }
 
 std::optional<std::int64_t> UmmAlQura::libraryFirstDay(std::int64_t year, int month) {
@@ -91,8 +93,10 @@ std::optional<int> UmmAlQura::ordinalDay(std::int64_t day) {
   return first ? std::optional(static_cast<int>(day - *first) + 1) : std::nullopt;
 }
 
-bool UmmAlQura::isPublished(std::int64_t day) {
-  return day >= kFirstPublishedDay && day < kFirstPublishedDay + kPublishedStarts.back();
+bool UmmAlQura::isLibrarys(std::int64_t day) const {
+  const bool isPublished =
+      day >= kFirstPublishedDay && day < kFirstPublishedDay + kPublishedStarts.back();
+  return !isPublished && daysAhead_ == 0;
 }
 
 std::optional<std::int64_t> UmmAlQura::libraryDayLike(std::int64_t day) {

@@ -19,8 +19,9 @@ struct UmmAlQuraMonth {
 ///
 /// The months of 1451 to 1500 AH begin as published, where ICU's table is a day late in every third
 /// month. All others begin as in ICU's calendar, which goes by its table from 1300 to 1600 AH and
-/// by the civil Islamic calendar before and after. A view of an ICU calendar set to GMT, whose
-/// fields are lost by every call.
+/// by the civil Islamic calendar before and after. Where people count from another night of the new
+/// moon, all months begin so many days earlier or later; names and lengths stay. A view of an ICU
+/// calendar set to GMT, whose fields are lost by every call.
 ///
 /// ICU finds the fields of a day by walking through the table from its start, in some 30
 /// microseconds; from the fields to the day it takes half a microsecond. So only the latter is
@@ -28,7 +29,9 @@ struct UmmAlQuraMonth {
 /// neighbours.
 class UmmAlQura {
  public:
-  explicit UmmAlQura(icu::Calendar& library) : library_(library) {}
+  /// `daysAhead` is how many days before those of the table all months begin, negative for after.
+  explicit UmmAlQura(icu::Calendar& library, int daysAhead = 0)
+      : library_(library), daysAhead_(daysAhead) {}
 
   /// The first day of the month. Months below 1 and above 12 carry over into the years before and
   /// after. None for a year that ICU cannot represent.
@@ -44,8 +47,9 @@ class UmmAlQura {
   /// The day's place in its year, 1 to 355.
   [[nodiscard]] std::optional<int> ordinalDay(std::int64_t day);
 
-  /// Whether the day lies in the years whose months are published.
-  [[nodiscard]] static bool isPublished(std::int64_t day);
+  /// Whether ICU's own calendar has the day as it is here: where no months are published, unless
+  /// they begin on other days.
+  [[nodiscard]] bool isLibrarys(std::int64_t day) const;
 
   /// A day on which ICU's own calendar shows the same month, year and weekday as this one on
   /// `day`, though perhaps another day of the month.
@@ -55,6 +59,7 @@ class UmmAlQura {
   [[nodiscard]] std::optional<std::int64_t> libraryFirstDay(std::int64_t year, int month);
 
   icu::Calendar& library_;
+  int daysAhead_;
 };
 
 }  // namespace Hilalor

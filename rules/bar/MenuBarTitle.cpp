@@ -44,14 +44,15 @@ ItemTitle menuBarTitle(const PrayerCourse& course, const Moment& moment) {
     case MenuBarStyle::date:
       break;
   }
-  return dateTitle(settings.primaryCalendar, moment);
+  return dateTitle(settings.primaryCalendar, moment, static_cast<int>(settings.hijriDays.value()));
 }
 
-ItemTitle dateTitle(PrimaryCalendar primaryCalendar, const Moment& moment) {
-  const Calendar calendar(primaryCalendar == PrimaryCalendar::hijri
-                              ? CalendarIdentifier::islamicUmmAlQura
-                              : CalendarIdentifier::gregorian,
-                          moment.zone);
+ItemTitle dateTitle(PrimaryCalendar primaryCalendar, const Moment& moment, int hijriDaysAhead) {
+  const bool isHijri = primaryCalendar == PrimaryCalendar::hijri;
+  const auto calendar =
+      Calendar(isHijri ? CalendarIdentifier::islamicUmmAlQura : CalendarIdentifier::gregorian,
+               moment.zone)
+          .withHijriAhead(hijriDaysAhead);
   return {
       .text = DateFormatter("d MMM", calendar).string(moment.now),
       .compact = {.form = Form::page, .upper = DateFormatter("d", calendar).string(moment.now)}};

@@ -13,8 +13,9 @@ namespace Hilalor {
 [[nodiscard]] ItemTitle menuBarTitle(const PrayerCourse& course, const Moment& moment);
 
 /// The date at the moment in that calendar and the machine's time zone, "6 Apr"; compact, the
-/// page 6.
-[[nodiscard]] ItemTitle dateTitle(PrimaryCalendar calendar, const Moment& moment);
+/// page 6. A Hijri date may be ahead (see Calendar::withHijriAhead).
+[[nodiscard]] ItemTitle dateTitle(PrimaryCalendar calendar, const Moment& moment,
+                                  int hijriDaysAhead = 0);
 
 /// The countdown to the next of Fajr, Dhuhr, Asr, Maghrib and Isha: after Isha it is the next day's
 /// Fajr, after midnight still Isha where that is to come. The mosque glyph alone where the sun

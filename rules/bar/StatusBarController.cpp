@@ -85,6 +85,14 @@ void StatusBarController::subscribe() {
   subscriptions_.push_back(settings_.theme.publisher().subscribe(
       onNextPass(platform_.loop, [this](AppTheme theme) { applyTheme(theme); })));
   subscriptions_.push_back(context_.notificationManager.activeAthanTitle.subscribe(retitle));
+  const auto retitleWhenChanged = [&](Setting<std::int64_t>& setting) {
+    subscriptions_.push_back(
+        setting.publisher().subscribe([retitle, isFirst = true](std::int64_t value) mutable {
+          if (!std::exchange(isFirst, false)) retitle(value);
+        }));
+  };
+  std::ranges::for_each(settings_.prayerMinutes, retitleWhenChanged);
+  retitleWhenChanged(settings_.hijriDays);
   auto [showCalendar, showPrayerTimes] = subscribeToLatest(
       settings_.showCalendar.publisher(), settings_.showPrayerTimes.publisher(), FirstPair::dropped,
       onNextPass(platform_.loop, [this](bool, bool) { reopenPanelIfVisible(); }));

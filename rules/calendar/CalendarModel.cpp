@@ -1,5 +1,7 @@
 #include "rules/calendar/CalendarModel.hpp"
 
+#include <utility>
+
 #include "datetime/DateFormatter.hpp"
 #include "rules/calendar/HolidaysProvider.hpp"
 
@@ -11,11 +13,11 @@ constexpr int kCells = 6 * 7;
 
 }  // namespace
 
-CalendarModel::CalendarModel(Date date, PrimaryCalendar calendar)
+CalendarModel::CalendarModel(Date date, PrimaryCalendar calendar, Calendar hijri)
     : displayDate(date),
       primaryCalendar(calendar),
       gregorianCalendar(CalendarIdentifier::gregorian),
-      hijriCalendar(CalendarIdentifier::islamicUmmAlQura) {}
+      hijriCalendar(std::move(hijri)) {}
 
 const Calendar& CalendarModel::primary() const {
   return primaryCalendar == PrimaryCalendar::hijri ? hijriCalendar : gregorianCalendar;
@@ -138,7 +140,8 @@ CalendarModel CalendarModel::nextYear() const {
 }
 
 CalendarModel CalendarModel::moved(CalendarUnit unit, int amount) const {
-  return {primary().adding(unit, amount, displayDate).value_or(displayDate), primaryCalendar};
+  return {primary().adding(unit, amount, displayDate).value_or(displayDate), primaryCalendar,
+          hijriCalendar};
 }
 
 }  // namespace Hilalor

@@ -17,7 +17,9 @@ namespace Hilalor {
 /// texts are English. A value: nothing is kept from one call to the next. Main thread.
 class CalendarModel {
  public:
-  CalendarModel(Date date, PrimaryCalendar calendar);
+  /// The Hijri calendar may be one that the user has moved.
+  CalendarModel(Date date, PrimaryCalendar calendar,
+                Calendar hijri = Calendar(CalendarIdentifier::islamicUmmAlQura));
 
   /// Any instant of the shown month.
   Date displayDate;

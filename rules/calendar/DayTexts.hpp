@@ -16,13 +16,15 @@ enum class SecondaryCalendar { shown, hidden };
 /// Says days for a screen reader.
 class DaySpeech {
  public:
+  explicit DaySpeech(const Calendar& hijri) : hijri_("d MMMM yyyy", hijri) {}
+
   /// "Monday, 16 November 2026, 6 Jumada II 1448, today, Eid Al-Fitr, note: call home"; the note is
   /// empty where there is none.
   [[nodiscard]] std::string of(const DayCell& cell, const std::string& note) const;
 
  private:
   DateFormatter gregorian_{"EEEE, d MMMM yyyy"};
-  DateFormatter hijri_{"d MMMM yyyy", Calendar(CalendarIdentifier::islamicUmmAlQura)};
+  DateFormatter hijri_;
 };
 
 }  // namespace Hilalor

@@ -25,8 +25,8 @@ struct Holiday {
 /// two national days by the Gregorian. Each is a single day. Main thread.
 namespace HolidaysProvider {
 
-/// The holidays of the day that the instant lies in, in the machine's time zone; an Eid comes
-/// before a national day.
+/// The holidays of the day that the instant lies in, in the machine's time zone, by the calendar's
+/// own table; an Eid comes before a national day.
 [[nodiscard]] std::vector<Holiday> holidays(Date date);
 
 /// The same for a day whose fields are known in both calendars.

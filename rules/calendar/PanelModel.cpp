@@ -14,7 +14,7 @@ PanelModel::PanelModel(const AppSettings& settings, const Moment& moment)
     : settings_(settings),
       moment_(moment),
       shownSections_(sections()),
-      month_(moment.now, settings.primaryCalendar) {}
+      month_(moment.now, settings.primaryCalendar, settings.hijriCalendar()) {}
 
 PanelSections PanelModel::sections() const {
   return {.calendar = settings_.showCalendar, .prayerTimes = settings_.showPrayerTimes};
@@ -29,6 +29,7 @@ void PanelModel::refresh(const Moment& moment) {
   }
   if (moment.zone != zoneBefore) returnToToday(moment.now);
   if (settings_.primaryCalendar != month_.primaryCalendar) returnToToday(moment.now);
+  if (settings_.hijriDays != month_.hijriCalendar.hijriDaysAhead()) returnToToday(moment.now);
   if (!shownSections_.calendar) return;
   page_ =
       month_.page(moment, settings_.showHolidays ? HolidayLabels::shown : HolidayLabels::hidden);
@@ -75,7 +76,7 @@ void PanelModel::move(CalendarUnit unit, int amount) {
   const auto moved = calendar.adding(unit, amount, keyboardDay());
   if (!moved) return;
   selectedDay_ = calendar.startOfDay(*moved);
-  month_ = CalendarModel(*selectedDay_, month_.primaryCalendar);
+  month_ = CalendarModel(*selectedDay_, month_.primaryCalendar, month_.hijriCalendar);
 }
 
 void PanelModel::openNote() {
@@ -86,7 +87,7 @@ void PanelModel::openNote() {
 }
 
 void PanelModel::returnToToday(Date now) {
-  month_ = CalendarModel(now, settings_.primaryCalendar);
+  month_ = CalendarModel(now, settings_.primaryCalendar, settings_.hijriCalendar());
   isYearMode_ = false;
   selectedDay_.reset();
 }

@@ -27,8 +27,8 @@ class PanelModel {
  public:
   PanelModel(const AppSettings& settings, const Moment& moment);
 
-  /// Follows clock and settings. It begins anew with today when the sections, the primary calendar
-  /// or the machine's time zone have changed; an open note stays.
+  /// Follows clock and settings. It begins anew with today when the sections, the primary calendar,
+  /// the user's Hijri day or the machine's time zone have changed; an open note stays.
   void refresh(const Moment& moment);
 
   [[nodiscard]] PanelSections sections() const;

@@ -15,24 +15,6 @@ double civilDay(Date instant, const TimeZone& zone) {
   return std::floor((instant.secondsSince1970 + zone.secondsFromUTC(instant)) / 86400);
 }
 
-std::optional<PrayerDay> prayerDay(SolarDays& days, std::int64_t number) {
-  const auto times = days.times(number);
-  if (!times) return std::nullopt;
-  return PrayerDay(*times, days.times(number - 1), days.times(number + 1));
-}
-
-/// The days that can have to do with the instants, in their order.
-std::vector<PrayerDay> daysAround(SolarDays& days, Date from, Date until) {
-  std::vector<PrayerDay> result;
-  const auto first = days.dayOf(from);
-  const auto last = days.dayOf(until);
-  if (!first || !last) return result;
-  for (auto number = *first - kDaysAside; number <= *last + kDaysAside; ++number) {
-    if (const auto day = prayerDay(days, number)) result.push_back(*day);
-  }
-  return result;
-}
-
 }  // namespace
 
 PrayerCourse::PrayerCourse(const AppSettings& settings) : settings_(settings) {}
@@ -44,10 +26,27 @@ SolarDays& PrayerCourse::days(const EffectiveLocation& place) const {
   return *days_;
 }
 
+/// The days that can have to do with the instants, in their order.
+std::vector<PrayerDay> PrayerCourse::daysAround(const EffectiveLocation& place, Date from,
+                                                Date until) const {
+  std::vector<PrayerDay> result;
+  auto& solar = days(place);
+  const auto first = solar.dayOf(from);
+  const auto last = solar.dayOf(until);
+  if (!first || !last) return result;
+  const auto minutes = PrayerTimesCalculator::parameters(settings_).adjustments;
+  for (auto number = *first - kDaysAside; number <= *last + kDaysAside; ++number) {
+    const auto times = solar.times(number);
+    if (!times) continue;
+    result.emplace_back(*times, solar.times(number - 1), solar.times(number + 1), minutes);
+  }
+  return result;
+}
+
 std::optional<PrayerDay> PrayerCourse::day(Date moment) const {
   const auto place = settings_.effectiveLocation();
   const auto wanted = civilDay(moment, place.timeZone);
-  for (const auto& day : daysAround(days(place), moment, moment)) {
+  for (const auto& day : daysAround(place, moment, moment)) {
     if (civilDay(day.dhuhr(), place.timeZone) == wanted) return day;
   }
   return std::nullopt;
@@ -56,7 +55,7 @@ std::optional<PrayerDay> PrayerCourse::day(Date moment) const {
 std::optional<CalledPrayer> PrayerCourse::next(Date now) const {
   const auto place = settings_.effectiveLocation();
   const auto tomorrow = civilDay(now, place.timeZone) + 1;
-  for (const auto& day : daysAround(days(place), now, now)) {
+  for (const auto& day : daysAround(place, now, now)) {
     if (civilDay(day.dhuhr(), place.timeZone) > tomorrow) break;
     for (const auto& prayer : day.called()) {
       if (prayer.time > now) return prayer;
@@ -68,7 +67,7 @@ std::optional<CalledPrayer> PrayerCourse::next(Date now) const {
 std::vector<CalledPrayer> PrayerCourse::between(Date from, Date until) const {
   std::vector<CalledPrayer> result;
   const auto place = settings_.effectiveLocation();
-  for (const auto& day : daysAround(days(place), from, until)) {
+  for (const auto& day : daysAround(place, from, until)) {
     for (const auto& prayer : day.called()) {
       if (prayer.time >= from && prayer.time < until) result.push_back(prayer);
     }

@@ -35,7 +35,7 @@ class PrayerCourse {
   /// the sun gives none.
   [[nodiscard]] std::optional<CalledPrayer> next(Date now) const;
 
-  /// Those from one instant until before another, in their order.
+  /// Those from one instant until before another, day by day in their order.
   [[nodiscard]] std::vector<CalledPrayer> between(Date from, Date until) const;
 
   /// Whether the civil day at the place that holds the moment is today or an earlier one.
@@ -43,6 +43,8 @@ class PrayerCourse {
 
  private:
   [[nodiscard]] SolarDays& days(const EffectiveLocation& place) const;
+  [[nodiscard]] std::vector<PrayerDay> daysAround(const EffectiveLocation& place, Date from,
+                                                  Date until) const;
 
   const AppSettings& settings_;
   mutable std::optional<SolarDays> days_;

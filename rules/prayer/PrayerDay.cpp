@@ -13,31 +13,59 @@ Date timeOf(const SixTimes& times, Prayer prayer) {
   return times[static_cast<std::size_t>(prayer)];
 }
 
-/// None where it is out of order.
-std::optional<Date> fajrOf(const SixTimes& times, const std::optional<SixTimes>& before) {
+SixTimes withoutMinutes(SixTimes times, const Adhan::PrayerAdjustments& minutes) {
+  const std::array own{minutes.fajr, minutes.sunrise, minutes.dhuhr,
+                       minutes.asr,  minutes.maghrib, minutes.isha};
+  for (std::size_t prayer = 0; prayer < times.size(); ++prayer)
+    times[prayer] = times[prayer] - std::chrono::minutes(own[prayer]);
+  return times;
+}
+
+std::optional<SixTimes> withoutMinutes(const std::optional<SixTimes>& times,
+                                       const Adhan::PrayerAdjustments& minutes) {
+  return times ? std::optional(withoutMinutes(*times, minutes)) : std::nullopt;
+}
+
+bool isFajrInOrder(const SixTimes& times, const std::optional<SixTimes>& before) {
   const Date fajr = timeOf(times, Prayer::fajr);
   const bool isBeforeNight = before && fajr < timeOf(*before, Prayer::maghrib);
-  if (isBeforeNight || fajr > timeOf(times, Prayer::dhuhr)) return std::nullopt;
-  return fajr;
+  return !isBeforeNight && fajr <= timeOf(times, Prayer::dhuhr);
+}
+
+/// Whether the sun's own time is in the day's order.
+bool isInOrder(Prayer prayer, const SixTimes& times, const std::optional<SixTimes>& before) {
+  const Date time = timeOf(times, prayer);
+  const Date noon = timeOf(times, Prayer::dhuhr);
+  const Date maghrib = timeOf(times, Prayer::maghrib);
+  switch (prayer) {
+    case Prayer::fajr:
+      return isFajrInOrder(times, before);
+    case Prayer::sunrise:
+      return time >= timeOf(times, Prayer::fajr) && time <= noon;
+    case Prayer::dhuhr:
+      return true;
+    case Prayer::asr:
+      return time >= noon && time <= maghrib;
+    case Prayer::maghrib:
+      return time >= noon;
+    case Prayer::isha:
+      return time >= std::max(maghrib, noon);
+  }
+  return false;
 }
 
 }  // namespace
 
 PrayerDay::PrayerDay(const SixTimes& times, const std::optional<SixTimes>& before,
-                     const std::optional<SixTimes>& after)
-    : dhuhr_(timeOf(times, Prayer::dhuhr)),
-      nextFajr_(after ? fajrOf(*after, times) : std::nullopt) {
-  const Date noon = dhuhr_;
-  at(Prayer::dhuhr) = noon;
-  at(Prayer::fajr) = fajrOf(times, before);
-  const auto sunrise = timeOf(times, Prayer::sunrise);
-  if (sunrise >= timeOf(times, Prayer::fajr) && sunrise <= noon) at(Prayer::sunrise) = sunrise;
-  const auto maghrib = timeOf(times, Prayer::maghrib);
-  if (maghrib >= noon) at(Prayer::maghrib) = maghrib;
-  const auto isha = timeOf(times, Prayer::isha);
-  if (isha >= std::max(maghrib, noon)) at(Prayer::isha) = isha;
-  const auto asr = timeOf(times, Prayer::asr);
-  if (asr >= noon && asr <= maghrib) at(Prayer::asr) = asr;
+                     const std::optional<SixTimes>& after, const Adhan::PrayerAdjustments& minutes)
+    : dhuhr_(timeOf(times, Prayer::dhuhr)) {
+  const auto suns = withoutMinutes(times, minutes);
+  const auto sunsBefore = withoutMinutes(before, minutes);
+  for (const Prayer prayer : kPrayers) {
+    if (isInOrder(prayer, suns, sunsBefore)) at(prayer) = timeOf(times, prayer);
+  }
+  const auto sunsAfter = withoutMinutes(after, minutes);
+  if (sunsAfter && isFajrInOrder(*sunsAfter, suns)) nextFajr_ = timeOf(*after, Prayer::fajr);
 }
 
 std::optional<Date> PrayerDay::time(Prayer prayer) const {
@@ -56,6 +84,8 @@ std::vector<CalledPrayer> PrayerDay::called() const {
     if (!comes || prayer == Prayer::sunrise) continue;
     if (!nextFajr_ || *comes <= *nextFajr_) prayers.push_back({prayer, *comes});
   }
+  // The user's minutes can carry one past another.
+  std::ranges::stable_sort(prayers, {}, &CalledPrayer::time);
   return prayers;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Adhan/Models/Prayer.hpp"
+#include "Adhan/Models/PrayerAdjustments.hpp"
 #include "Adhan/SunnahTimes.hpp"
 #include "datetime/Date.hpp"
 
@@ -27,21 +28,22 @@ struct CalledPrayer {
 /// rises and its time comes out before noon or after sunset (at either end of the polar night), and
 /// in the shortest nights of the far north, where a method's minutes carry one time past the next,
 /// sunrise before Fajr and Isha before Maghrib; and a Fajr before the Maghrib of the evening before
-/// (minutes back from a sunrise that follows that Maghrib sooner, in the far south).
+/// (minutes back from a sunrise that follows that Maghrib sooner, in the far south). What the user
+/// adds to the times leaves none out.
 class PrayerDay {
  public:
-  /// Of the day's times, those of the day before and of the day after; none where the sun gives no
-  /// such day.
+  /// Of the day's times, those of the day before and of the day after (none where the sun gives no
+  /// such day), all with the user's minutes, which are given too.
   PrayerDay(const SixTimes& times, const std::optional<SixTimes>& before,
-            const std::optional<SixTimes>& after);
+            const std::optional<SixTimes>& after, const Adhan::PrayerAdjustments& minutes = {});
 
   /// The time, unless it is left out. Dhuhr never is.
   [[nodiscard]] std::optional<Date> time(Adhan::Prayer prayer) const;
 
   [[nodiscard]] Date dhuhr() const { return dhuhr_; }
 
-  /// The prayers that are called, in their order: not those after the next day's Fajr, whose night
-  /// that Fajr ends (Isha by a fixed interval, where nights are shorter).
+  /// The prayers that are called, as they follow each other: not those after the next day's Fajr,
+  /// whose night that Fajr ends (Isha by a fixed interval, where nights are shorter).
   [[nodiscard]] std::vector<CalledPrayer> called() const;
 
   /// Whether that time of the day no longer lies ahead: it has come, or the next day's Fajr has.

@@ -30,7 +30,7 @@ std::vector<PrayerRow> prayerRows(const PrayerDay& day, const std::optional<Call
 PrayerList prayerList(const PrayerCourse& course, Date displayDate, Date now) {
   const EffectiveLocation place = course.settings().effectiveLocation();
   const Calendar gregorian(CalendarIdentifier::gregorian, place.timeZone);
-  const Calendar hijri(CalendarIdentifier::islamicUmmAlQura, place.timeZone);
+  const auto hijri = course.settings().hijriCalendar(place.timeZone);
   PrayerList list{
       .gregorianDate = DateFormatter("EEEE, d MMMM yyyy", gregorian).string(displayDate),
       .hijriDate = DateFormatter("d MMMM yyyy", hijri).string(displayDate),
@@ -39,8 +39,10 @@ PrayerList prayerList(const PrayerCourse& course, Date displayDate, Date now) {
   const auto day = course.day(displayDate);
   if (!day) return list;
   const auto active = course.hasBegun(displayDate, now) ? course.next(now) : std::nullopt;
-  list.rows = prayerRows(*day, active, now, DateFormatter("hh:mm a", gregorian),
-                         course.settings().showSunnahTimes);
+  list.rows =
+      prayerRows(*day, active, now,
+                 DateFormatter(course.settings().use24HourClock ? "HH:mm" : "hh:mm a", gregorian),
+                 course.settings().showSunnahTimes);
   return list;
 }
 

@@ -12,7 +12,7 @@ namespace Hilalor {
 /// One line of the prayer list, as it is written.
 struct PrayerRow {
   ListedTime listed = ListedTime::fajr;
-  std::string time;  ///< "05:12 PM"
+  std::string time;  ///< "05:12 PM", or "17:12".
   bool isActive = false;
   bool isPast = false;
 

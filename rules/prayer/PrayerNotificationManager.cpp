@@ -47,10 +47,32 @@ void PrayerNotificationManager::checkAndNotify() {
 
 void PrayerNotificationManager::checkAndNotify(Date now) {
   if (!settings_.prayerNotificationsEnabled) return;
+  announce(now);
+  remind(now);
+}
+
+void PrayerNotificationManager::announce(Date now) {
   const auto due = duePrayer(course_, announced_, now);
   if (!due) return;
   announced_.add(*due, now);
   deliver(due->prayer);
+}
+
+void PrayerNotificationManager::remind(Date now) {
+  const std::chrono::minutes before(settings_.reminderMinutes.value());
+  if (before.count() == 0) return;
+  const auto due = duePrayer(course_, reminded_, now + before);
+  if (!due) return;
+  reminded_.add(*due, now + before);
+  const std::string name(displayName(due->prayer));
+  const auto elements = announcementElements(settings_);
+  if (elements.banner) {
+    postBanner("🕌 " + name, name + " in " + std::to_string(before.count()) + " minutes");
+  }
+  // An announcement in progress is not disturbed.
+  if (!elements.beep || activeAthanTitle.value()) return;
+  reminderSound_ = sounds_.soundNamed(elements.beep->sound);
+  if (reminderSound_) reminderSound_->play();
 }
 
 void PrayerNotificationManager::deliver(Adhan::Prayer prayer) {
@@ -188,6 +210,7 @@ void PrayerNotificationManager::audioPlayerDidFinishPlaying(AudioPlayer& player,
 
 void PrayerNotificationManager::stopAll() {
   stopAndDrop(beepSound_);
+  stopAndDrop(reminderSound_);
   beepLoopStopTimer_.invalidate();
   stopAndDrop(athanPlayer_);
   stopAndDrop(duaPlayer_);

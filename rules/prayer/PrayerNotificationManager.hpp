@@ -24,7 +24,9 @@
 namespace Hilalor {
 
 /// Announces each of the five prayers at its minute: a banner, a beep, the athan, the supplication
-/// after it, each if the user wants it, and always a title for the bar. Main thread.
+/// after it, each if the user wants it, and always a title for the bar. Before that it reminds of
+/// the prayer, if the user wants it: by a banner and a single beep as those of the announcement.
+/// Main thread.
 ///
 /// An announcement goes from the beep to the athan to the supplication and then ends; one without
 /// an athan ends by its title, two minutes after the beep. Announcements do not end one another: a
@@ -52,8 +54,9 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
   /// The title of the announcement in progress, "Fajr Athan"; none when there is none.
   Published<std::optional<std::string>> activeAthanTitle{std::nullopt, &willChange};
 
-  /// Announces the prayer whose minute it is, unless that was done. To be called at least once a
-  /// minute; a minute without a call is not caught up.
+  /// Announces the prayer whose minute it is, and reminds of the one whose reminder's minute it is,
+  /// unless that was done. To be called at least once a minute; a minute without a call is not
+  /// caught up.
   void checkAndNotify();
 
   /// The same, for a caller that has asked the clock.
@@ -82,6 +85,8 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
   [[nodiscard]] NotificationOptions willPresent(const NotificationRequest& request) override;
   void audioPlayerDidFinishPlaying(AudioPlayer& player, bool successfully) override;
 
+  void announce(Date now);
+  void remind(Date now);
   void deliver(Adhan::Prayer prayer);
   void postBanner(const std::string& title, const std::string& body);
   void beepOnce(const AnnouncementElements& elements);
@@ -100,7 +105,9 @@ class PrayerNotificationManager final : public Shared<PrayerNotificationManager>
 
   PrayerCourse course_{settings_};
   Announced announced_;
+  Announced reminded_;
   std::shared_ptr<SystemSound> beepSound_;
+  std::shared_ptr<SystemSound> reminderSound_;
   std::shared_ptr<AudioPlayer> athanPlayer_;
   std::shared_ptr<AudioPlayer> duaPlayer_;
   OneShotTimer athanTitleTimer_;

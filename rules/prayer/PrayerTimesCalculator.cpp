@@ -58,6 +58,11 @@ Adhan::CalculationParameters PrayerTimesCalculator::parameters(const AppSettings
   auto result = Adhan::params(adhanMethod(settings.calculationMethod));
   const bool hanafi = settings.asrCalculation == AsrCalculation::hanafi;
   result.madhab = hanafi ? Adhan::Madhab::hanafi : Adhan::Madhab::shafi;
+  const auto own = [&](Adhan::Prayer prayer) {
+    return static_cast<int>(settings.minutes(prayer).value());
+  };
+  using enum Adhan::Prayer;
+  result.adjustments = {own(fajr), own(sunrise), own(dhuhr), own(asr), own(maghrib), own(isha)};
   return result;
 }
 

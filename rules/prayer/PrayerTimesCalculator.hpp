@@ -42,7 +42,8 @@ struct PrayerTime {
 /// it. What the program shows and calls is chosen from the engine's days by `PrayerCourse`.
 namespace PrayerTimesCalculator {
 
-/// The engine's parameters of the method and the school of Asr that the user chose.
+/// The engine's parameters of the method and the school of Asr that the user chose, with the
+/// user's own minutes.
 [[nodiscard]] Adhan::CalculationParameters parameters(const AppSettings& settings);
 
 /// The engine's schedule of the date that the instant has at a place: Fajr, Sunrise, Dhuhr, Asr,

@@ -25,8 +25,10 @@ SixTimes sixTimes(const Adhan::PrayerTimes& day) {
   return {day.fajr, day.sunrise, day.dhuhr, day.asr, day.maghrib, day.isha};
 }
 
-Date noonOf(const SixTimes& times) {
-  return times[static_cast<std::size_t>(Prayer::dhuhr)];
+/// The sun's noon of those times, without the user's own minutes.
+Date noonOf(const SixTimes& times, const CalculationParameters& parameters) {
+  return times[static_cast<std::size_t>(Prayer::dhuhr)] -
+         std::chrono::minutes(parameters.adjustments.dhuhr);
 }
 
 bool areNear(Date one, Date other, double seconds) {
@@ -53,7 +55,7 @@ std::optional<SixTimes> engineDayAround(const Coordinates& place, Date meanNoon,
                                         Adhan::Ephemeris& ephemeris) {
   for (const double later : {-kFarthestNoon, kFarthestNoon}) {
     const auto day = engineDay(place, meanNoon + Seconds(later), parameters, ephemeris);
-    if (day && areNear(noonOf(*day), meanNoon, kFarthestNoon)) return day;
+    if (day && areNear(noonOf(*day, parameters), meanNoon, kFarthestNoon)) return day;
   }
   return std::nullopt;
 }
@@ -92,10 +94,13 @@ std::optional<SixTimes> SolarDays::findNearMidnight(Date meanNoon) {
   for (const double later : {-kFarthestNoon, kFarthestNoon}) {
     const Date instant = meanNoon + Seconds(later);
     const auto day = engineDay(place_, instant, parameters_, ephemeris_);
-    if (!day || !areNear(noonOf(*day), meanNoon, kFarthestNoon)) continue;
+    if (!day || !areNear(noonOf(*day, parameters_), meanNoon, kFarthestNoon)) continue;
     const auto next = engineDay(place_, instant + Seconds(kDay), parameters_, ephemeris_);
     // The engine's night ends with the next of its days.
-    if (!next || areNear(noonOf(*next), noonOf(*day) + Seconds(kDay), kFarthestNoon)) return day;
+    if (!next || areNear(noonOf(*next, parameters_), noonOf(*day, parameters_) + Seconds(kDay),
+                         kFarthestNoon)) {
+      return day;
+    }
     spoiled = day;
   }
   const auto mean = betweenNeighbours(meanNoon);

@@ -35,6 +35,16 @@ std::optional<LocationCoordinate> AppSettings::manualCoordinate() const {
   return stored != LocationCoordinate{} ? std::optional(stored) : std::nullopt;
 }
 
+Calendar AppSettings::hijriCalendar() const {
+  return Calendar(CalendarIdentifier::islamicUmmAlQura)
+      .withHijriAhead(static_cast<int>(hijriDays.value()));
+}
+
+Calendar AppSettings::hijriCalendar(const TimeZone& zone) const {
+  return Calendar(CalendarIdentifier::islamicUmmAlQura, zone)
+      .withHijriAhead(static_cast<int>(hijriDays.value()));
+}
+
 EffectiveLocation AppSettings::manualLocation() const {
   const auto coordinate = manualCoordinate();
   if (!coordinate) return fallbackLocation();

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "Adhan/Models/Prayer.hpp"
+#include "datetime/Calendar.hpp"
 #include "datetime/TimeZone.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/Signal.hpp"
@@ -76,6 +79,24 @@ class AppSettings : public Shared<AppSettings> {
   Setting<bool> playDuaAfterAthan{store_, willChange, "playDuaAfterAthan", false};
   Setting<AppTheme> theme{store_, willChange, "appTheme", AppTheme::system};
 
+  /// Minutes added to each time of the day, by `Adhan::Prayer`, to match the user's mosque.
+  std::array<Setting<std::int64_t>, Adhan::kCaseCount<Adhan::Prayer>> prayerMinutes{
+      minutesOf("fajrMinutes"), minutesOf("sunriseMinutes"), minutesOf("dhuhrMinutes"),
+      minutesOf("asrMinutes"),  minutesOf("maghribMinutes"), minutesOf("ishaMinutes")};
+  [[nodiscard]] const Setting<std::int64_t>& minutes(Adhan::Prayer prayer) const {
+    return prayerMinutes[static_cast<std::size_t>(prayer)];
+  }
+  /// Days by which the Hijri calendar is ahead of the table, as the new moon was seen.
+  Setting<std::int64_t> hijriDays{store_, willChange, "hijriDays", 0, areHijriDays};
+  /// Minutes before each prayer; 0 for no reminder.
+  Setting<std::int64_t> reminderMinutes{store_, willChange, "reminderMinutes", 0,
+                                        areReminderMinutes};
+  Setting<bool> use24HourClock{store_, willChange, "use24HourClock", false};
+
+  /// The Hijri calendar as the user keeps it, in the machine's zone or in another.
+  [[nodiscard]] Calendar hijriCalendar() const;
+  [[nodiscard]] Calendar hijriCalendar(const TimeZone& zone) const;
+
   /// The place that the user set by hand; none until then.
   [[nodiscard]] std::optional<LocationCoordinate> manualCoordinate() const;
 
@@ -87,6 +108,9 @@ class AppSettings : public Shared<AppSettings> {
   [[nodiscard]] std::vector<std::string> systemSoundNames() const;
 
  private:
+  [[nodiscard]] Setting<std::int64_t> minutesOf(const char* key) {
+    return {store_, willChange, key, 0, arePrayerMinutes};
+  }
   [[nodiscard]] EffectiveLocation manualLocation() const;
   [[nodiscard]] EffectiveLocation automaticLocation() const;
 

@@ -17,11 +17,17 @@ namespace Hilalor {
 template <typename Value>
 class Setting {
  public:
-  /// Loads the value under the key, or takes the default where there is none of its type.
-  Setting(DefaultsStore& store, const Signal<>& ownerWillChange, const char* key, Value byDefault)
+  /// Whether a stored value is one that the preference can have.
+  using Condition = bool (*)(const Value&);
+
+  /// Loads the value under the key, or takes the default where there is none of its type or it
+  /// does not fulfil the condition, if there is one.
+  Setting(DefaultsStore& store, const Signal<>& ownerWillChange, const char* key, Value byDefault,
+          Condition isPossible = nullptr)
       : store_(store),
         key_(key),
         byDefault_(std::move(byDefault)),
+        isPossible_(isPossible),
         value_(loaded(), &ownerWillChange),
         cameIn_(store.cameIn.subscribe([this] { reload(); })) {}
 
@@ -44,6 +50,11 @@ class Setting {
   }
 
   [[nodiscard]] Value loaded() const {
+    auto found = read();
+    return isPossible_ == nullptr || isPossible_(found) ? std::move(found) : byDefault_;
+  }
+
+  [[nodiscard]] Value read() const {
     if constexpr (std::is_enum_v<Value>) {
       return fromRawValue<Value>(store_.string(key_).value_or("")).value_or(byDefault_);
     } else if constexpr (std::is_same_v<Value, bool>) {
@@ -68,6 +79,7 @@ class Setting {
   DefaultsStore& store_;
   const char* key_;
   Value byDefault_;
+  Condition isPossible_;
   Published<Value> value_;
   Subscription cameIn_;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "Adhan/Models/RawValue.hpp"
@@ -40,6 +42,27 @@ enum class AthanVoice { none, vemran, tolsar };
 
 /// Light or dark, or as the desktop is.
 enum class AppTheme { system, light, dark };
+
+/// Minutes by which the user may move each time of the day, either way.
+inline constexpr std::int64_t kMostPrayerMinutes = 60;
+
+/// Days by which the user may move the Hijri calendar, either way.
+inline constexpr std::int64_t kMostHijriDays = 2;
+
+/// How many minutes before a prayer a reminder may come; 0 is no reminder.
+inline constexpr std::array<std::int64_t, 8> kReminderMinutes{0, 5, 10, 15, 20, 30, 45, 60};
+
+[[nodiscard]] inline bool arePrayerMinutes(const std::int64_t& minutes) {
+  return minutes >= -kMostPrayerMinutes && minutes <= kMostPrayerMinutes;
+}
+
+[[nodiscard]] inline bool areHijriDays(const std::int64_t& days) {
+  return days >= -kMostHijriDays && days <= kMostHijriDays;
+}
+
+[[nodiscard]] inline bool areReminderMinutes(const std::int64_t& minutes) {
+  return std::ranges::find(kReminderMinutes, minutes) != kReminderMinutes.end();
+}
 
 using Adhan::allCases;
 using Adhan::fromRawValue;

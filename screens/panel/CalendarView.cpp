@@ -150,7 +150,7 @@ QWidget* CalendarView::prayerTimes() {
 
 void CalendarView::showDays() {
   std::optional<DaySpeech> speech;
-  if (QAccessible::isActive()) speech.emplace();
+  if (QAccessible::isActive()) speech.emplace(settings_.hijriCalendar());
   const auto& cells = model_.page().cells;
   for (std::size_t index = 0; index < DayGrid::kCells; ++index) {
     const bool isDay = index < cells.size() && cells[index];

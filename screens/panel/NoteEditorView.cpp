@@ -69,9 +69,8 @@ Date NoteEditorView::startOfDay() const {
 
 QString NoteEditorView::dateLabel() const {
   const bool isHijri = settings_.primaryCalendar == PrimaryCalendar::hijri;
-  const Calendar hijri(CalendarIdentifier::islamicUmmAlQura);
-  const DateFormatter formatter =
-      isHijri ? DateFormatter("d MMMM yyyy", hijri) : DateFormatter::longStyle();
+  const DateFormatter formatter = isHijri ? DateFormatter("d MMMM yyyy", settings_.hijriCalendar())
+                                          : DateFormatter::longStyle();
   return QString::fromStdString(formatter.string(startOfDay()));
 }
 

@@ -65,5 +65,29 @@ TEST(UmmAlQura, CountsEveryDayOnceFromBeforeThePublishedYearsToAfterThem) {
   EXPECT_EQ(year, 1501);
 }
 
+// A calendar that is ahead is the table's of another day, but for weekdays and instants.
+TEST(UmmAlQura, CanBeAheadOfItsTableByDays) {
+  const auto zone = TimeZone::named("Asia/Riyadh").value();
+  const Calendar table(CalendarIdentifier::islamicUmmAlQura, zone);
+  const DateFormatter gregorian("EEEE", Calendar(CalendarIdentifier::gregorian, zone));
+  for (const int ahead : {-2, -1, 0, 1, 2}) {
+    const auto moved = table.withHijriAhead(ahead);
+    const DateFormatter formatter("EEEE d MMMM yyyy", moved);
+    // Years of ICU's table, and over the first of the published ones.
+    for (auto date = utc(2028, 5, 1, 12); date < utc(2030, 5, 1); date = date + Seconds(86400)) {
+      const Date like = date + Seconds(86400.0 * ahead);
+      const auto fields = table.components(like);
+      ASSERT_EQ(moved.components(date), fields) << ahead << ' ' << date;
+      ASSERT_EQ(moved.date(fields), date);
+      ASSERT_EQ(moved.daysInMonth(date), table.daysInMonth(like));
+      ASSERT_EQ(moved.ordinalDay(date), table.ordinalDay(like));
+      ASSERT_EQ(moved.adding(CalendarUnit::month, 5, date),
+                *table.adding(CalendarUnit::month, 5, like) - Seconds(86400.0 * ahead));
+      ASSERT_EQ(formatter.string(date),
+                gregorian.string(date) + ' ' + DateFormatter("d MMMM yyyy", table).string(like));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace Hilalor

@@ -40,7 +40,7 @@ TEST(HoverLabel, NamesTheNewMonthAndTheHolidays) {
 
 TEST(DaySpeech, SaysTheDateInBothCalendarsAndWhatMarksTheDay) {
   const SystemTimeZone zone("Asia/Riyadh");
-  const DaySpeech speech;
+  const DaySpeech speech{Calendar(CalendarIdentifier::islamicUmmAlQura)};
   DayCell cell = day();
   EXPECT_EQ(speech.of(cell, ""), "Sunday, 22 February 2026, 5 Ramadan 1447");
   cell.isToday = true;

@@ -42,6 +42,28 @@ class PanelModelTest : public testing::Test {
   PanelModel model{settings, Moment::at(kNow)};
 };
 
+TEST_F(PanelModelTest, FollowsTheUsersHijriDayAtOnce) {
+  // The day of March 2026 that is the Eid, on a page whose header is that.
+  const auto eid = [&] {
+    seen();
+    model.showNext();
+    seen();
+    for (const auto& cell : model.page().cells) {
+      if (cell && cell->holidayLabel == "Eid Al-Fitr") {
+        EXPECT_EQ(cell->secondaryDay, "1");
+        return text(cell->date) + ' ' + model.page().secondaryMonthHeader;
+      }
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(eid(), "2026-03-20 Ram. – Shaw. 1447");
+  settings.hijriDays = -2;
+  EXPECT_EQ(eid(), "2026-03-22 Ram. – Shaw. 1447");
+  settings.primaryCalendar = PrimaryCalendar::hijri;
+  EXPECT_EQ(seen(), "Ramadan 1447");
+  EXPECT_EQ(model.page().cells[5]->secondaryDay, "20");  // Of February, a Friday.
+}
+
 TEST_F(PanelModelTest, ShowsWhatWasDoneStepByStep) {
   using Unit = CalendarUnit;
   const struct {

@@ -86,6 +86,11 @@ TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
   EXPECT_EQ(list.placeName, "Jakarta");
   ASSERT_EQ(list.rows.size(), 6U);
   EXPECT_THAT(list.rows.front().time, testing::MatchesRegex("0[34]:[0-9][0-9] AM"));
+  settings.use24HourClock = true;
+  settings.hijriDays = -1;
+  const PrayerList asTheUserHasIt = prayerList(course, now, now);
+  EXPECT_EQ(asTheUserHasIt.hijriDate, "6 Jumada II 1448");
+  EXPECT_THAT(asTheUserHasIt.rows.back().time, testing::MatchesRegex("1[89]:[0-9][0-9]"));
 }
 
 TEST_F(PrayerListTest, SunnahTimesComeLastAndAreNeverNext) {

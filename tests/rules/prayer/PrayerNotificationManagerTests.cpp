@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +22,10 @@ using testing::IsEmpty;
 
 /// Noon in Riyadh on 16 November 2026; the settings' place is Riyadh too, for want of another.
 constexpr Date kNoon{1794819600};
+
+/// Minutes by which the user moved each prayer.
+const std::map<std::string, int> kMoved{
+    {"Fajr", -20}, {"Dhuhr", 7}, {"Asr", -60}, {"Maghrib", 3}, {"Isha", 60}};
 
 /// What the user wants of an announcement, and which recordings are no good.
 struct Choices {
@@ -115,6 +123,70 @@ TEST_F(PrayerNotificationManagerTest, AnnouncesEachMinuteOnce) {
   for (int tick = -4; tick <= 4; ++tick)
     tickAt(fajr + std::chrono::hours(24) + Seconds(30.0 * tick));
   EXPECT_EQ(notifications.shown.size(), 2U);
+}
+
+// Three weeks in which the user has moved everything: each prayer at its own minute, each reminder
+// a quarter of an hour before, by a banner and one beep.
+TEST_F(PrayerNotificationManagerTest, RemindsAndAnnouncesOnceByTheUsersMinutes) {
+  settings.notificationBannerEnabled = true;
+  settings.athanEnabled = true;
+  settings.hijriDays = -1;
+  settings.beepSoundEnabled = true;
+  std::vector<std::pair<Date, std::string>> expected;
+  constexpr int kDays = 21;
+  const Seconds day{86400};
+  for (int past = 0; past < kDays; ++past) {
+    const auto place = settings.effectiveLocation();
+    // By the table of the method; the user's minutes are added here.
+    for (const auto& row :
+         PrayerTimesCalculator::calculate(kNoon + day * past, place.latitude, place.longitude,
+                                          place.timeZone, false, settings)) {
+      const auto moved = kMoved.find(row.name);
+      if (moved == kMoved.end()) continue;
+      const Date time = row.time + Seconds(60.0 * moved->second);
+      expected.emplace_back(time - Seconds(15 * 60), row.name + " in 15 minutes");
+      expected.emplace_back(time, "It's time for " + row.name + " prayer");
+    }
+  }
+  std::ranges::sort(expected);
+  settings.reminderMinutes = 15;
+  constexpr std::array kMinutes{-20, 60, 7, -60, 3, 60};
+  std::ranges::copy(kMinutes, settings.prayerMinutes.begin());
+
+  std::vector<std::pair<Date, std::string>> found;
+  loop.setClock(kNoon - day / 2 + Seconds(7));
+  for (int tick = 0; tick < kDays * 2880; ++tick) {
+    manager->checkAndNotify();
+    loop.runPosted();
+    for (; found.size() < notifications.shown.size();)
+      found.emplace_back(Date{std::floor(loop.now().secondsSince1970 / 60) * 60},
+                         notifications.shown[found.size()].body);
+    manager->stopAll();
+    loop.advance(Seconds(30));
+  }
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(std::ranges::count(sounds.begun(), "Glass"), kDays * 10);
+  EXPECT_EQ(std::ranges::count(sounds.begun(), "athan"), kDays * 5);
+}
+
+TEST_F(PrayerNotificationManagerTest, CatchesNoReminderUpAndBeepsOverNoAnnouncement) {
+  settings.reminderMinutes = 10;
+  settings.beepSoundEnabled = true;
+  settings.beepLoopEnabled = true;
+  tickAt(prayer("Asr") - Seconds(9 * 60));
+  EXPECT_EQ(perceived(), "");
+  tickAt(prayer("Dhuhr") - Seconds(10 * 60));
+  EXPECT_EQ(perceived(), "Glass");
+  letPass(5);
+  settings.reminderMinutes = 5;
+  tickAt(prayer("Dhuhr") - Seconds(5 * 60));
+  EXPECT_EQ(perceived(), "") << "once, also where the user then wants it later";
+  // Isha follows Maghrib by ten minutes.
+  settings.reminderMinutes = 10;
+  settings.prayerMinutes[static_cast<std::size_t>(Adhan::Prayer::maghrib)] = 60;
+  settings.prayerMinutes[static_cast<std::size_t>(Adhan::Prayer::isha)] = -20;
+  announce("Maghrib");
+  EXPECT_EQ(perceived(), "Glass looped [Maghrib Athan]");
 }
 
 TEST_F(PrayerNotificationManagerTest, AClockSetBackAnnouncesNoMinuteTwice) {

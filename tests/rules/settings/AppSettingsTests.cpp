@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
@@ -54,6 +55,11 @@ TEST_F(AppSettingsTest, TakesDefaultsFromAnEmptyStoreAndWritesNothing) {
   EXPECT_FALSE(settings().playBeepBeforeAthan);
   EXPECT_FALSE(settings().playDuaAfterAthan);
   EXPECT_EQ(settings().theme, AppTheme::system);
+  for (const auto& minutes : settings().prayerMinutes)
+    EXPECT_EQ(minutes, 0);
+  EXPECT_EQ(settings().hijriDays, 0);
+  EXPECT_EQ(settings().reminderMinutes, 0);
+  EXPECT_FALSE(settings().use24HourClock);
   EXPECT_TRUE(store().writes.empty());
 }
 
@@ -83,6 +89,38 @@ TEST_F(AppSettingsTest, ReadsWhatIsStoredAndFallsBackForWhatIsNotOfItsType) {
   EXPECT_EQ(settings().manualLatitude, 21.0);
   EXPECT_EQ(settings().manualLongitude, 0.0);
   EXPECT_EQ(settings().manualLocationName.value(), "");
+}
+
+// What lies between the limits is taken, all else is the default.
+TEST_F(AppSettingsTest, TakesNoAdjustmentThatCannotBe) {
+  using Adjustment = std::function<std::int64_t(const AppSettings&)>;
+  const auto minutes = [](Adhan::Prayer prayer) -> Adjustment {
+    return [prayer](const auto& settings) { return settings.minutes(prayer).value(); };
+  };
+  const Adjustment hijri = [](const auto& settings) { return settings.hijriDays.value(); };
+  const Adjustment reminder = [](const auto& settings) { return settings.reminderMinutes.value(); };
+  const struct {
+    const char* key;
+    Adjustment read;
+    DefaultsValue stored;
+    std::int64_t expected;
+  } cases[] = {{"fajrMinutes", minutes(Adhan::Prayer::fajr), std::int64_t{-60}, -60},
+               {"sunriseMinutes", minutes(Adhan::Prayer::sunrise), std::int64_t{60}, 60},
+               {"dhuhrMinutes", minutes(Adhan::Prayer::dhuhr), std::int64_t{61}, 0},
+               {"asrMinutes", minutes(Adhan::Prayer::asr), 2.5, 0},
+               {"maghribMinutes", minutes(Adhan::Prayer::maghrib), std::string("3"), 0},
+               {"ishaMinutes", minutes(Adhan::Prayer::isha), std::int64_t{5}, 5},
+               {"hijriDays", hijri, std::int64_t{-2}, -2},
+               {"hijriDays", hijri, std::int64_t{3}, 0},
+               {"reminderMinutes", reminder, std::int64_t{45}, 45},
+               {"reminderMinutes", reminder, std::int64_t{25}, 0},
+               {"reminderMinutes", reminder, std::int64_t{-5}, 0}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.key);
+    desktop().restart();
+    store().setValue(one.key, one.stored);
+    EXPECT_EQ(one.read(settings()), one.expected);
+  }
 }
 
 // Every enumeration's every case goes to the store and comes back by its own string.
