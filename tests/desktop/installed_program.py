@@ -18,10 +18,10 @@ import sys
 import tempfile
 
 from item_on_bars import LEAST_CONTRAST, ItemWindow
-from session.bars import XfcePanel
-from session.program import Program
-from session.screen import Screen
-from session.session import Session, wait_until
+from virtual_desktop.bars import XfcePanel
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Screen
+from virtual_desktop.session import Session, wait_until
 
 USER = "games"  # Known to both systems by one number.
 PACKAGES = ["hilalor", "hilalor-data"]

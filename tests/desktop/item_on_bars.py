@@ -12,12 +12,12 @@ import os
 import re
 import sys
 
-from session.bars import (NoBar, XfcePanelWithIndicators, XfcePanelWithSquareIcons,
+from virtual_desktop.bars import (NoBar, XfcePanelWithIndicators, XfcePanelWithSquareIcons,
                           XfcePanelWithoutSystemTray)
-from session.panel import Panel
-from session.program import Program
-from session.screen import Rect, Screen, centre
-from session.session import Session, wait_until
+from virtual_desktop.panel import Panel
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Rect, Screen, centre
+from virtual_desktop.session import Session, wait_until
 
 COUNTDOWN = re.compile(r"(Fajr|Dhuhr|Asr|Maghrib|Isha) (\d+h )?\d+m")
 LEAST_CONTRAST = 90

@@ -16,9 +16,9 @@ import subprocess
 import sys
 import time
 
-from session.bars import XfcePanelWithSquareIcons
-from session.screen import Rect, Screen
-from session.session import Session, wait_until
+from virtual_desktop.bars import XfcePanelWithSquareIcons
+from virtual_desktop.screen import Rect, Screen
+from virtual_desktop.session import Session, wait_until
 
 # As the probe takes them.
 SOME_TITLES = ["|Dhuhr 10m|Dhu|10m|", "|Dhuhr 9m|Dhu|9m|", "|Maghrib 1h 0m|Mag|1h|00",

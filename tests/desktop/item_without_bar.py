@@ -8,8 +8,8 @@ import os
 import sys
 
 from item_on_bars import COUNTDOWN, Check, today
-from session.screen import centre
-from session.session import Session, wait_until
+from virtual_desktop.screen import centre
+from virtual_desktop.session import Session, wait_until
 
 NEW_PLACE = 300
 # Buttons of title bars, three of them, are within this far from the screen's end.

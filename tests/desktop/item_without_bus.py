@@ -8,7 +8,7 @@ import os
 import sys
 
 from item_on_bars import COUNTDOWN, Check
-from session.session import Session
+from virtual_desktop.session import Session
 
 
 class CheckWithoutBus(Check):

@@ -8,7 +8,7 @@ import os
 import sys
 
 from item_on_bars import Check
-from session.session import Session, wait_until
+from virtual_desktop.session import Session, wait_until
 
 FONTS = """<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">

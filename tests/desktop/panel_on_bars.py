@@ -11,11 +11,11 @@ import os
 import pathlib
 import sys
 
-from session.bars import XfcePanel, XfcePanelWithoutSystemTray
-from session.panel import TITLE, WIDTH, Panel, cell
-from session.program import Program
-from session.screen import Rect, centre
-from session.session import Session, SessionWithTwoScreens, wait_until
+from virtual_desktop.bars import XfcePanel, XfcePanelWithoutSystemTray
+from virtual_desktop.panel import TITLE, WIDTH, Panel, cell
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Rect, centre
+from virtual_desktop.session import Session, SessionWithTwoScreens, wait_until
 
 SCREEN, LOW_SCREEN = "1280x800x24", "1024x600x24"
 NOTE = b"call home"

@@ -10,7 +10,7 @@ import os
 import sys
 
 from item_on_bars import COUNTDOWN, ItemWindow
-from session.session import Session, wait_until
+from virtual_desktop.session import Session, wait_until
 from settings_on_desktop import Check
 
 NOWHERE = {"locationMode": "automatic", "manualLatitude": 0.0, "manualLongitude": 0.0,

@@ -18,10 +18,10 @@ import threading
 import time
 
 from item_on_bars import COUNTDOWN, ItemWindow
-from session.bars import NoBar
-from session.program import Program
-from session.screen import Screen
-from session.session import Session, wait_until
+from virtual_desktop.bars import NoBar
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Screen
+from virtual_desktop.session import Session, wait_until
 
 SKIPPED = 77
 GEOCLUE, AGENT = "/usr/libexec/geoclue", "/usr/libexec/geoclue-2.0/demos/agent"

@@ -11,14 +11,14 @@ import os
 import sys
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), *[os.pardir] * 2))
-sys.path.insert(0, os.path.join(ROOT, "tests", "desktop"))
+sys.path.insert(0, os.path.join(ROOT, "tools"))
 
 # pylint: disable=wrong-import-position
-from session.bars import XfcePanel
-from session.panel import Panel
-from session.program import Program
-from session.screen import centre
-from session.session import Session, wait_until
+from virtual_desktop.bars import XfcePanel
+from virtual_desktop.panel import Panel
+from virtual_desktop.program import Program
+from virtual_desktop.screen import centre
+from virtual_desktop.session import Session, wait_until
 
 # What is opened and under which settings.
 PICTURES = {

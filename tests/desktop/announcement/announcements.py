@@ -9,43 +9,24 @@ make up the desktop.
 
 import contextlib
 import json
-import math
 import os
 import shutil
 import subprocess
 import sys
 import time
 
-ROOT = os.path.abspath(os.path.join(os.path.dirname(__file__), *[os.pardir] * 3))
-sys.path[:0] = [os.path.join(ROOT, "tests", "desktop"), os.path.join(ROOT, "tools", "sounds")]
-
-# pylint: disable=wrong-import-position
-import make_sounds
-from session.bars import XfcePanel
-from session.program import Program
-from session.screen import Screen
-from session.session import Session, wait_until
-from session.sound import Recorder, SoundServer, is_like
+from virtual_desktop.bars import XfcePanel
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Screen
+from virtual_desktop.session import Session, wait_until
+from virtual_desktop.sound import Recorder, SoundServer, is_like
+from virtual_desktop.stand_ins import ATHAN, BEEP, SUPPLICATION, write_sounds
 
 SKIPPED = 77
 NEEDED = ("Xvfb", "dbus-daemon", "gdbus", "openbox", "xfce4-panel", "xwininfo", "dunst", "dunstctl",
           "pipewire", "wireplumber", "pipewire-pulse", "pactl", "parec")
 
-# Short stand-ins, told from one another by their pitch: seconds and Hz.
-BEEP, ATHAN, SUPPLICATION = (0.8, 900), (2.0, 500), (1.2, 700)
 FIRST_TICK = 30.0  # Seconds after the program's start.
-
-
-def write_sounds(folder):
-    def tone(seconds, frequency):
-        return [0.4 * math.sin(2 * math.pi * frequency * i / make_sounds.RATE)
-                for i in range(int(seconds * make_sounds.RATE))]
-
-    os.makedirs(folder)
-    path = make_sounds.pathlib.Path(folder)
-    make_sounds.write_aiff(path / "Glass.aiff", tone(*BEEP))
-    make_sounds.write_mp3(path / "athan.mp3", tone(*ATHAN), "athan")
-    make_sounds.write_mp3(path / "after_athan.mp3", tone(*SUPPLICATION), "supplication")
 
 
 def banners(session):

@@ -5,7 +5,7 @@ import glob
 import os
 import re
 
-from session.screen import Rect
+from virtual_desktop.screen import Rect
 
 WIDTH, HEIGHT = 1280, 800
 # Another program's window, for a click elsewhere.

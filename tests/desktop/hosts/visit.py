@@ -7,10 +7,10 @@ import shutil
 import time
 
 from announcement.announcements import place_of_noon, the_minute_of_the_first_tick
-from session.panel import WIDTH, cell
-from session.program import Program
-from session.screen import Rect, Screen, centre
-from session.session import wait_until
+from virtual_desktop.panel import WIDTH, cell
+from virtual_desktop.program import Program
+from virtual_desktop.screen import Rect, Screen, centre
+from virtual_desktop.session import wait_until
 
 LEAST_CONTRAST = 90
 PATIENCE = 12

@@ -4,7 +4,7 @@ import os
 import signal
 import sqlite3
 
-from session.session import wait_until
+from virtual_desktop.session import wait_until
 
 # Mecca, so that neither a location service nor the machine's place has a say.
 PLACE = {"locationMode": "manual", "manualLatitude": 21.4225, "manualLongitude": 39.8262,

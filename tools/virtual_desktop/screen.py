@@ -5,7 +5,7 @@ import ctypes
 import re
 import time
 
-from session.session import wait_until
+from virtual_desktop.session import wait_until
 
 Rect = collections.namedtuple("Rect", "x y width height")
 

@@ -2,8 +2,8 @@
 
 import os
 
-from session.screen import Rect, Screen
-from session.session import wait_until
+from virtual_desktop.screen import Rect, Screen
+from virtual_desktop.session import wait_until
 
 PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">

@@ -6,7 +6,7 @@ import subprocess
 import threading
 import time
 
-from session.session import wait_until
+from virtual_desktop.session import wait_until
 
 RATE = 8000
 WINDOW = RATE // 50  # 20 ms

@@ -3,8 +3,8 @@
 import os
 import time
 
-from session.screen import Screen
-from session.session import wait_until
+from virtual_desktop.screen import Screen
+from virtual_desktop.session import wait_until
 
 # In points, as the panel is laid out with the secondary calendar in it.
 WIDTH = 260
