@@ -6,6 +6,7 @@
 
 #include "ui/FocusRing.hpp"
 #include "ui/PlainToolTip.hpp"
+#include "ui/Reach.hpp"
 #include "ui/Shapes.hpp"
 
 namespace Hilalor::Ui {
@@ -18,10 +19,6 @@ constexpr double kPressedOpacity = 0.5;
 constexpr double kDisabledOpacity = 0.7;
 constexpr double kScaleWhenGone = 0.9;
 
-bool isBoxed(ButtonLook look) {
-  return look == ButtonLook::bordered || look == ButtonLook::prominent;
-}
-
 }  // namespace
 
 Button::Button(ButtonLabel label, std::function<void()> action, ButtonLook look)
@@ -30,6 +27,8 @@ Button::Button(ButtonLabel label, std::function<void()> action, ButtonLook look)
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   if (look == ButtonLook::link) setCursor(Qt::PointingHandCursor);
+  answerWithinReach();
+  markFocusAround(*this, kBoxRadius);
   setLabel(label);
   connect(this, &QAbstractButton::clicked, this, [action = std::move(action)] { action(); });
 }
@@ -57,7 +56,15 @@ void Button::appear(bool shown, std::chrono::milliseconds duration) {
 }
 
 QSize Button::sizeHint() const {
-  return isBoxed(look_) ? labelSize() + 2 * kBoxPadding : labelSize();
+  return isBoxed() ? labelSize() + 2 * kBoxPadding : labelSize();
+}
+
+bool Button::isBoxed() const {
+  return look_ == ButtonLook::bordered || look_ == ButtonLook::prominent;
+}
+
+bool Button::hitButton(const QPoint& place) const {
+  return reachOf(*this).contains(place);
 }
 
 int Button::side() const {
@@ -88,8 +95,7 @@ void Button::paintEvent(QPaintEvent*) {
   painter.translate(QRectF(rect()).center());
   painter.scale(scale, scale);
   painter.translate(-QRectF(rect()).center());
-  if (isBoxed(look_)) paintBox(painter);
-  paintFocusRing(painter, *this, kBoxRadius);
+  if (isBoxed()) paintBox(painter);
   paintLabel(painter);
 }
 

@@ -42,7 +42,12 @@ class Button final : public QAbstractButton {
 
   [[nodiscard]] QSize sizeHint() const override;
 
+  /// Whether it is drawn in a box.
+  [[nodiscard]] bool isBoxed() const;
+
  protected:
+  /// Also a place beside a small button is on it.
+  [[nodiscard]] bool hitButton(const QPoint& place) const override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -8,16 +8,31 @@
 #include <utility>
 
 #include "ui/Colors.hpp"
+#include "ui/Halo.hpp"
+#include "ui/Shapes.hpp"
 
 namespace Hilalor::Ui {
 namespace {
 
 constexpr double kRingWidth = 1.5;
+constexpr double kGap = 2;
+constexpr int kReach = 4;  // Of a ring around a control.
+constexpr const char* kRadius = "focusRadius";
+
+void strokeRing(QPainter& painter, const QWidget& control, const QRectF& ring, double radius) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Colors::of(control).secondary, kRingWidth));
+  painter.drawPath(smoothRect(ring, radius));
+}
 
 /// What the user pressed last, a key or the pointer, of all that the program is told.
 class LastPress final : public QObject {
  public:
-  LastPress() : QObject(qApp) { qApp->installEventFilter(this); }
+  LastPress() : QObject(qApp) {
+    qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this] { markAround(); });
+  }
 
   [[nodiscard]] bool wasKey() const { return wasKey_; }
 
@@ -41,9 +56,22 @@ class LastPress final : public QObject {
   void set(bool wasKey) {
     if (std::exchange(wasKey_, wasKey) == wasKey) return;
     if (QWidget* control = QApplication::focusWidget()) control->update();
+    markAround();
+  }
+
+  void markAround() {
+    delete ring_;
+    QWidget* control = QApplication::focusWidget();
+    if (!wasKey_ || control == nullptr || !control->property(kRadius).isValid()) return;
+    ring_ = new Halo(*control, {kReach, kReach}, [control](QPainter& painter, const QRectF& rect) {
+      const double out = kGap + kRingWidth / 2;
+      strokeRing(painter, *control, rect.adjusted(-out, -out, out, out),
+                 control->property(kRadius).toDouble() + kGap);
+    });
   }
 
   bool wasKey_ = false;
+  QPointer<Halo> ring_;
 };
 
 const LastPress& lastPress() {
@@ -58,12 +86,14 @@ void paintFocusRing(QPainter& painter, const QWidget& control, double radius) {
   if (!lastPress().wasKey() || !control.hasFocus()) return;
   const double inset = kRingWidth / 2;
   painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Colors::of(control).secondary, kRingWidth));
-  painter.drawRoundedRect(QRectF(control.rect()).adjusted(inset, inset, -inset, -inset), radius,
-                          radius);
+  strokeRing(painter, control, QRectF(control.rect()).adjusted(inset, inset, -inset, -inset),
+             radius);
   painter.restore();
+}
+
+void markFocusAround(QWidget& control, double radius) {
+  (void)lastPress();
+  control.setProperty(kRadius, radius);
 }
 
 }  // namespace Hilalor::Ui

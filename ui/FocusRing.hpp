@@ -10,4 +10,7 @@ namespace Hilalor::Ui {
 /// called whenever the control is painted, over its ground.
 void paintFocusRing(QPainter& painter, const QWidget& control, double radius);
 
+/// Marks the control so two pixels outside its edges, from now on. For what reaches to its edges.
+void markFocusAround(QWidget& control, double radius);
+
 }  // namespace Hilalor::Ui

@@ -33,6 +33,7 @@ Toggle::Toggle(ToggleLook look, const QString& label, std::function<void(bool)> 
   setFont(systemFont(kTypeSize));
   setCheckable(true);
   setFocusPolicy(Qt::TabFocus);
+  markFocusAround(*this, kFocusRadius);
   const bool isSwitch = look == ToggleLook::switched;
   setSizePolicy(isSwitch ? QSizePolicy::Expanding : QSizePolicy::Preferred, QSizePolicy::Preferred);
   connect(this, &QAbstractButton::clicked, this,
@@ -90,8 +91,6 @@ void Toggle::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (!isEnabled()) painter.setOpacity(kRingAtRestOpacity);
-  // Behind the label and the mark, which reach to the edges.
-  paintFocusRing(painter, *this, kFocusRadius);
   painter.setPen(Colors::of(*this).primary);
   painter.drawText(labelRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, label_);
   painter.setPen(Qt::NoPen);

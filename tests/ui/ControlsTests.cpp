@@ -9,6 +9,7 @@
 #include "tests/fakes/Parts.hpp"
 #include "ui/Picker.hpp"
 #include "ui/PopUpStyle.hpp"
+#include "ui/Stack.hpp"
 #include "ui/Stepper.hpp"
 #include "ui/TextEditor.hpp"
 #include "ui/Toggle.hpp"
@@ -26,6 +27,29 @@ TEST(Button, ActsOnAClickAndLeavesTheKeyboardWhereItIs) {
   EXPECT_FALSE(button.hasFocus());
   EXPECT_EQ(button.toolTip(), QStringLiteral("Quit"));
   EXPECT_EQ(button.accessibleName(), QStringLiteral("Quit"));
+}
+
+TEST(Button, AnswersAroundItselfWhereNothingElseDoes) {
+  int presses = 0;
+  QWidget window;
+  window.resize(100, 100);
+  auto* small = framed(new Button({.text = QStringLiteral("<")}, [&] { ++presses; }), 12, 16);
+  small->setParent(&window);
+  small->move(40, 40);
+  auto* other = framed(new Toggle(ToggleLook::checkbox, {}, [](bool) {}), 16, 16);
+  other->setParent(&window);
+  other->move(52, 40);
+  window.show();
+  for (const auto& [place, answers] : {std::pair(QPoint(34, 36), true),
+                                       {QPoint(46, 60), true},
+                                       {QPoint(30, 48), false},
+                                       {QPoint(54, 48), false}}) {
+    QWidget* under = window.childAt(place);
+    QWidget& target = under == nullptr ? window : *under;
+    presses = 0;
+    QTest::mouseClick(&target, Qt::LeftButton, {}, target.mapFrom(&window, place));
+    EXPECT_EQ(presses, answers ? 1 : 0) << place.x() << ", " << place.y();
+  }
 }
 
 TEST(Button, IsHiddenOnlyWhenItHasFaded) {

@@ -95,6 +95,13 @@ class Ground final : public QWidget {
   static constexpr int kShadow = 20;
 };
 
+/// The pointer on the button.
+void pointAt(Button& button) {
+  const QPointF place = QRectF(button.rect()).center();
+  QMouseEvent move(QEvent::MouseMove, place, button.mapToGlobal(place), Qt::NoButton, {}, {});
+  QApplication::sendEvent(&button, &move);
+}
+
 DayCellView& cellOf(const QWidget& panel, int day) {
   for (auto* cell : parts<DayCellView>(panel))
     if (cell->day() && cell->day()->cell.day == day) return *cell;
@@ -109,6 +116,7 @@ void showPanel(Sheet& sheet, FakePlatform& desktop, ColorScheme scheme) {
   settle(desktop);
   cellOf(panel, 12).click();
   settle(desktop);
+  pointAt(*part<Button>(panel));
   sheet.put({10, 20}, window);
   QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
   QApplication::sendEvent(&panel, &enter);
