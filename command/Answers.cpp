@@ -48,7 +48,7 @@ std::string idOf(ListedTime time) {
 }
 
 std::string_view wordFor(PlaceSource source) {
-  constexpr std::array<std::string_view, 3> kWords{"given", "settings", "fallback"};
+  constexpr std::array<std::string_view, 4> kWords{"given", "settings", "located", "fallback"};
   return kWords.at(static_cast<std::size_t>(source));
 }
 

@@ -45,8 +45,14 @@ struct Course::Parts {
   PrayerCourse prayers{settings};
 };
 
-Course::Course(DefaultsStore& store, const Request& request)
+Course::Course(DefaultsStore& store, const std::optional<LocatedPlace>& located,
+               const Request& request)
     : parts_(std::make_unique<Parts>(store)), isGiven_(request.place.has_value()) {
+  if (located) {
+    parts_->location.coordinate.assign(*located);
+    parts_->location.locationName.assign(located->name);
+    parts_->location.detectedTimeZone.assign(located->zone);
+  }
   apply(request, parts_->settings);
 }
 
@@ -58,9 +64,10 @@ const PrayerCourse& Course::prayers() const {
 
 PlaceSource Course::source() const {
   if (isGiven_) return PlaceSource::given;
-  const bool isSet =
-      settings().locationMode == LocationMode::manual && settings().manualCoordinate();
-  return isSet ? PlaceSource::settings : PlaceSource::fallback;
+  if (settings().locationMode == LocationMode::manual) {
+    return settings().manualCoordinate() ? PlaceSource::settings : PlaceSource::fallback;
+  }
+  return parts_->location.coordinate.value() ? PlaceSource::located : PlaceSource::fallback;
 }
 
 }  // namespace Hilalor

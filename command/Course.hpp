@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "command/Arguments.hpp"
+#include "command/LocatedPlace.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
 
@@ -12,14 +14,16 @@ namespace Hilalor {
 enum class PlaceSource {
   given,     ///< The command's words.
   settings,  ///< The user's place, set by hand.
-  fallback,  ///< Riyadh: none was set, or only the running program knows it.
+  located,   ///< The location service, which the running program asked.
+  fallback,  ///< Riyadh: none was set or found.
 };
 
-/// The course of the prayers by the user's settings as they are stored, with what the request says
-/// otherwise. The store must outlive it and may be changed in memory. Main thread.
+/// The course of the prayers by the user's settings as they are stored, at the place that was
+/// found, and with what the request says otherwise. The store must outlive it and may be changed in
+/// memory. Main thread.
 class Course {
  public:
-  Course(DefaultsStore& store, const Request& request);
+  Course(DefaultsStore& store, const std::optional<LocatedPlace>& located, const Request& request);
   Course(const Course&) = delete;
   Course& operator=(const Course&) = delete;
   ~Course();

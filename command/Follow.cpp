@@ -17,7 +17,7 @@ void follow(const Request& request, const FollowContext& context) {
   bool isRead = true;
   while (isRead) {
     const auto store = context.openStore();
-    const Course course(*store, request);
+    const Course course(*store, context.located(), request);
     const auto moment = Moment::at(context.clock.now());
     const auto textAt = [&](Date instant) {
       return answer(compared, course, {instant, moment.zone, moment.region});

@@ -2,9 +2,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "command/Arguments.hpp"
+#include "command/LocatedPlace.hpp"
 #include "command/Wakes.hpp"
 #include "platform/Clock.hpp"
 #include "platform/DefaultsStore.hpp"
@@ -15,8 +17,9 @@ namespace Hilalor {
 struct FollowContext {
   const Clock& clock;
   Wakes& wakes;
-  /// The settings as they are stored by then.
+  /// The settings as they are stored by then, and the place that was found.
   std::function<std::unique_ptr<DefaultsStore>()> openStore;
+  std::function<std::optional<LocatedPlace>()> located;
   /// Hands a line out.
   std::function<void(const std::string&)> print;
 };

@@ -32,8 +32,8 @@ void empty(int descriptor) {
 
 }  // namespace
 
-KernelWakes::KernelWakes(std::filesystem::path settingsFolder)
-    : settingsFolder_(std::move(settingsFolder)),
+KernelWakes::KernelWakes(std::vector<std::filesystem::path> folders)
+    : folders_(std::move(folders)),
       timer_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
       changes_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {}
 
@@ -57,10 +57,11 @@ bool KernelWakes::sleepUntil(Date instant) {
 // A folder that is watched already is not watched twice.
 void KernelWakes::watchFolders() const {
   std::error_code error;
-  auto folder = settingsFolder_;
-  while (!std::filesystem::exists(folder, error) && folder.has_relative_path())
-    folder = folder.parent_path();
-  inotify_add_watch(changes_, folder.c_str(), kFileChanges);
+  for (auto folder : folders_) {
+    while (!std::filesystem::exists(folder, error) && folder.has_relative_path())
+      folder = folder.parent_path();
+    inotify_add_watch(changes_, folder.c_str(), kFileChanges);
+  }
   inotify_add_watch(changes_, "/etc", IN_CREATE | IN_MOVED_TO);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 #include "datetime/Date.hpp"
 
@@ -16,12 +17,12 @@ class Wakes {
   [[nodiscard]] virtual bool sleepUntil(Date instant) = 0;
 };
 
-/// By the kernel: one sleep for the machine's clock, which may be set meanwhile, the settings'
-/// folder, the machine's time zone, and the reader of the standard output.
+/// By the kernel: one sleep for the machine's clock, which may be set meanwhile, the folders
+/// of what is stored, the machine's time zone, and the reader of the standard output.
 class KernelWakes final : public Wakes {
  public:
-  /// The folder need not exist yet.
-  explicit KernelWakes(std::filesystem::path settingsFolder);
+  /// The folders need not exist yet.
+  explicit KernelWakes(std::vector<std::filesystem::path> folders);
   KernelWakes(const KernelWakes&) = delete;
   KernelWakes& operator=(const KernelWakes&) = delete;
   ~KernelWakes() override;
@@ -32,7 +33,7 @@ class KernelWakes final : public Wakes {
  private:
   void watchFolders() const;
 
-  std::filesystem::path settingsFolder_;
+  std::vector<std::filesystem::path> folders_;
   int timer_;
   int changes_;
 };

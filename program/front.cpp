@@ -18,12 +18,14 @@
 #include "desktop/process/SystemClock.hpp"
 #include "desktop/store/DefaultsView.hpp"
 #include "desktop/store/UserFolders.hpp"
+#include "program/PlaceFile.hpp"
 #include "rules/settings/ProgramFacts.hpp"
 
 namespace {
 
 using namespace Hilalor;
 using namespace Hilalor::Desktop;
+using Hilalor::Program::placeFile;
 
 constexpr int kCannot = 2;
 
@@ -58,19 +60,24 @@ std::filesystem::path storeFile() {
   return userConfigFolder() / "hilalor/defaults.sqlite";
 }
 
+std::optional<LocatedPlace> located() {
+  return keptPlace(placeFile());
+}
+
 int answerRequest(const Request& request) {
   const SystemClock clock;
   DefaultsView store(storeFile());
-  const Course course(store, request);
+  const Course course(store, located(), request);
   if (const auto text = warning(request, course)) complain(*text);
   if (!request.follows) {
     print(answer(request, course, Moment::at(clock.now())));
     return EXIT_SUCCESS;
   }
-  KernelWakes wakes(storeFile().parent_path());
+  KernelWakes wakes({storeFile().parent_path(), placeFile().parent_path()});
   follow(request, {.clock = clock,
                    .wakes = wakes,
                    .openStore = [] { return std::make_unique<DefaultsView>(storeFile()); },
+                   .located = located,
                    .print = print});
   return EXIT_SUCCESS;
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "command/LocatedPlace.hpp"
 #include "desktop/display/Compositor.hpp"
 #include "desktop/display/DisplayKind.hpp"
 #include "desktop/display/LinuxScreens.hpp"
@@ -30,7 +31,9 @@
 #include "desktop/sound/LinuxSoundService.hpp"
 #include "desktop/store/SqliteDefaultsStore.hpp"
 #include "desktop/store/UserFolders.hpp"
+#include "platform/Delivery.hpp"
 #include "platform/Platform.hpp"
+#include "program/PlaceFile.hpp"
 #include "program/ScreenSurfaces.hpp"
 #include "program/SharedObjects.hpp"
 #include "rules/bar/AppDelegate.hpp"
@@ -152,6 +155,16 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
   std::_Exit(kCannot);
 }
 
+// Lets commands answer for the place that the location service found.
+Subscription keepPlaceForCommands(LocationManager& location, RunLoop& loop) {
+  return location.willChange.subscribe(onNextPass(loop, [&location] {
+    const auto& found = location.coordinate.value();
+    const auto file = Program::placeFile();
+    if (!found || file.empty()) return;
+    keepPlace(file, {*found, location.locationName.value(), location.detectedTimeZone.value()});
+  }));
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -179,6 +192,7 @@ int main(int argc, char* argv[]) {
                         .locationManager = objects.locationManager,
                         .notificationManager = objects.notificationManager});
   auto& loop = desktop.platform().loop;
+  const auto ofPlace = keepPlaceForCommands(objects.locationManager, loop);
   loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
   return QApplication::exec();
 }

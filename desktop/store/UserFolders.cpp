@@ -35,4 +35,8 @@ std::filesystem::path userDataFolder() {
   return folder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path userRuntimeFolder() {
+  return absolutePath("XDG_RUNTIME_DIR");
+}
+
 }  // namespace Hilalor::Desktop

@@ -13,4 +13,7 @@ namespace Hilalor::Desktop {
 /// XDG_DATA_HOME, or ".local/share" in the home folder.
 [[nodiscard]] std::filesystem::path userDataFolder();
 
+/// XDG_RUNTIME_DIR, which lasts as long as the session; empty where there is none.
+[[nodiscard]] std::filesystem::path userRuntimeFolder();
+
 }  // namespace Hilalor::Desktop

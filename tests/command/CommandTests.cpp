@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <memory>
 #include <sstream>
 
@@ -7,6 +8,7 @@
 #include "tests/command/Schema.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
+#include "tests/fakes/TemporaryFolder.hpp"
 
 namespace Hilalor {
 namespace {
@@ -40,7 +42,7 @@ class CommandTest : public ::testing::Test {
     const auto request = requestOf(views);
     if (const auto* complaint = std::get_if<Complaint>(&request)) return complaint->text;
     const auto store = settings("manual");
-    const Course course(*store, std::get<Request>(request));
+    const Course course(*store, {}, std::get<Request>(request));
     EXPECT_EQ(warning(std::get<Request>(request), course), std::nullopt);
     return answer(std::get<Request>(request), course, Moment::at(kNow));
   }
@@ -123,13 +125,23 @@ TEST_F(CommandTest, SaysWhatIsWrong) {
 }
 
 TEST_F(CommandTest, WarnsWhereThePlaceIsNotTheUsers) {
-  const auto warns = [](const Request& request) {
+  std::optional<LocatedPlace> located;
+  const auto warns = [&located](const Request& request) {
     const auto store = settings("automatic");
-    return warning(request, Course(*store, request)).has_value();
+    return warning(request, Course(*store, located, request)).has_value();
   };
   EXPECT_TRUE(warns({.verb = Verb::next}));
   EXPECT_TRUE(warns({.verb = Verb::title}));
   EXPECT_FALSE(warns({.verb = Verb::month}));
+  located = LocatedPlace{{52.52, 13.4}, "Berlin", *TimeZone::named("Europe/Berlin")};
+  EXPECT_FALSE(warns({.verb = Verb::next}));
+  const TemporaryFolder folder;
+  const auto file = folder.path() / "hilalor" / "place";
+  EXPECT_EQ(keptPlace(file), std::nullopt);
+  keepPlace(file, *located);
+  EXPECT_EQ(keptPlace(file), located);
+  std::ofstream(file) << "52.52 nowhere";
+  EXPECT_EQ(keptPlace(file), std::nullopt);
   EXPECT_EQ(said("qibla --place 0,0 --zone UTC"), "58.5°");
 }
 

@@ -46,6 +46,7 @@ TEST(Follow, PrintsEachTitleOnceAsItComes) {
             store->setValue("menuBarStyle", style);
             return store;
           },
+      .located = [] { return std::nullopt; },
       .print = [&](const std::string& line) { lines.emplace_back(night.now(), line); }};
 
   follow({.verb = Verb::title}, context);
@@ -61,9 +62,9 @@ TEST(Follow, PrintsEachTitleOnceAsItComes) {
   style = "date";
   lines.clear();
   Night quiet(kStart + std::chrono::hours(30));
-  follow({.verb = Verb::title}, {quiet, quiet, context.openStore, [&](const std::string& line) {
-                                   lines.emplace_back(quiet.now(), line);
-                                 }});
+  follow({.verb = Verb::title},
+         {quiet, quiet, context.openStore, context.located,
+          [&](const std::string& line) { lines.emplace_back(quiet.now(), line); }});
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[1].second, "24 Nov");
   EXPECT_NEAR((lines[1].first - kStart).count(), 10 * 3600, 0.004);

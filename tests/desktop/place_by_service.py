@@ -8,6 +8,7 @@ Ends with status 77 where the machine has no such service, or gives no right to 
 
 import contextlib
 import functools
+import json
 import operator
 import os
 import re
@@ -78,6 +79,9 @@ def check(session, executable):
     assert abs(start(locationMode="automatic") - in_jakarta) > 5, "nobody tells the place yet"
     start_service(session)
     wait_until(lambda: abs(minutes_left() - in_jakarta) < 5, "the place was told", 40)
+    answer = subprocess.check_output([executable, "next", "--json"], env=session.environment)
+    place = json.loads(answer)["place"]
+    assert (place["source"], place["zone"]) == ("located", "Asia/Jakarta"), f"a command: {place}"
     program.end()
 
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <filesystem>
+
+#include "desktop/store/UserFolders.hpp"
+
+namespace Hilalor::Program {
+
+/// Where the program keeps the place that it found, for commands; empty in a session without a
+/// folder of its own.
+[[nodiscard]] inline std::filesystem::path placeFile() {
+  const auto folder = Desktop::userRuntimeFolder();
+  return folder.empty() ? folder : folder / "hilalor/place";
+}
+
+}  // namespace Hilalor::Program
