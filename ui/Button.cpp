@@ -105,7 +105,7 @@ void Button::paintBox(QPainter& painter) const {
   const QPainterPath box = smoothRect(rect(), kBoxRadius);
   if (!isEnabled()) return painter.fillPath(box, colors.separator);
   painter.fillPath(box, isProminent ? colors.accent : colors.controlBackground);
-  if (!isProminent) strokeSmoothRect(painter, rect(), kBoxRadius, QPen(colors.tertiary, 1));
+  if (!isProminent) strokeWithin(painter, rect(), kBoxRadius, QPen(colors.tertiary, 1));
 }
 
 void Button::paintLabel(QPainter& painter) const {

@@ -59,7 +59,7 @@ void Card::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Colors& colors = Colors::of(*this);
   painter.fillPath(smoothRect(rect(), kCardRadius), colors.controlBackground);
-  strokeSmoothRect(painter, rect(), kCardRadius, QPen(colors.separator, 1));
+  strokeWithin(painter, rect(), kCardRadius, QPen(colors.separator, 1));
 }
 
 ScrollColumn::ScrollColumn(QWidget* content, ScrollKeys keys)

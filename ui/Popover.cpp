@@ -111,9 +111,14 @@ QPainterPath Popover::outline() const {
   const double tip = isBelow ? base - kArrowHeight : base + kArrowHeight;
   const double inset = kRadius + kArrowHalfWidth;
   const double x = std::clamp<double>(arrowX_, box.left() + inset, box.right() - inset);
-  QPainterPath arrow({x - kArrowHalfWidth, base});
-  arrow.lineTo(x, tip);
-  arrow.lineTo(x + kArrowHalfWidth, base);
+  // It begins within the body, so that no edge is left between the two.
+  const double inside = isBelow ? base + 2 : base - 2;
+  QPainterPath arrow;
+  arrow.addPolygon(QPolygonF({{x - kArrowHalfWidth, inside},
+                              {x - kArrowHalfWidth, base},
+                              {x, tip},
+                              {x + kArrowHalfWidth, base},
+                              {x + kArrowHalfWidth, inside}}));
   arrow.closeSubpath();
   return smoothRect(box, kRadius).united(arrow);
 }

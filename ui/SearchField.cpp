@@ -227,7 +227,7 @@ void SearchField::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillPath(smoothRect(rect(), kRadius), colors.windowBackground);
-  strokeSmoothRect(painter, rect(), kRadius, QPen(colors.tertiary, 1));
+  strokeWithin(painter, rect(), kRadius, QPen(colors.tertiary, 1));
 }
 
 }  // namespace Hilalor::Ui

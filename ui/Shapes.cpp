@@ -65,4 +65,9 @@ void strokeSmoothRect(QPainter& painter, const QRectF& rect, double radius, cons
   painter.drawPath(smoothRect(onPixels(painter, rect, pen.widthF()), radius));
 }
 
+void strokeWithin(QPainter& painter, const QRectF& rect, double radius, const QPen& pen) {
+  const double inset = pen.widthF() / 2;
+  strokeSmoothRect(painter, rect.adjusted(inset, inset, -inset, -inset), radius - inset, pen);
+}
+
 }  // namespace Hilalor::Ui

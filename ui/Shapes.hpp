@@ -19,4 +19,7 @@ namespace Hilalor::Ui {
 /// Draws the line along the edges of the rectangle with such corners, on whole pixels.
 void strokeSmoothRect(QPainter& painter, const QRectF& rect, double radius, const QPen& pen);
 
+/// The same just inside the edges, for what has no room around it.
+void strokeWithin(QPainter& painter, const QRectF& rect, double radius, const QPen& pen);
+
 }  // namespace Hilalor::Ui

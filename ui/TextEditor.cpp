@@ -46,8 +46,8 @@ void TextEditor::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillPath(smoothRect(rect(), kRadius), colors.textBackground);
-  strokeSmoothRect(painter, rect(), kRadius,
-                   QPen(faded(colors.secondary, kOutlineOpacity), kOutlineWidth));
+  strokeWithin(painter, rect(), kRadius,
+               QPen(faded(colors.secondary, kOutlineOpacity), kOutlineWidth));
 }
 
 }  // namespace Hilalor::Ui

@@ -126,7 +126,7 @@ void Toggle::paintCheckbox(QPainter& painter, const QRectF& mark) const {
   const Colors& colors = Colors::of(*this);
   if (!isChecked()) {
     painter.fillPath(smoothRect(mark, kCheckboxRadius), colors.textBackground);
-    return strokeSmoothRect(painter, mark, kCheckboxRadius, QPen(colors.tertiary, 1));
+    return strokeWithin(painter, mark, kCheckboxRadius, QPen(colors.tertiary, 1));
   }
   painter.fillPath(smoothRect(mark, kCheckboxRadius), colors.accent);
   paintIcon(painter, Icon::checkMark, mark, colors.white);

@@ -29,7 +29,7 @@ namespace {
 // A Tuesday in Riyadh at 13:00: 17 February 2026.
 constexpr Date kNow{1771322400};
 constexpr double kDay = 86400;
-constexpr QSize kSheet{1000, 1130};
+constexpr QSize kSheet{1000, 1330};
 
 void prepare(FakePlatform& desktop) {
   auto& settings = desktop.settings();
@@ -154,7 +154,7 @@ void take(ColorScheme scheme, const QPixmap& icon, const QString& path) {
   showPanel(sheet, desktop, scheme);
   SettingsView settings(settingsContext(desktop), &desktop.updater, icon);
   settings.setPalette(windowPalette(scheme));
-  settings.resize(380, 1090);
+  settings.resize(380, 1290);
   settings.show();
   settle(desktop);
   sheet.put({600, 20}, settings);
