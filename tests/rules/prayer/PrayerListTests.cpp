@@ -69,6 +69,8 @@ TEST_F(PrayerListTest, HighlightsOnTodaysPageOnly) {
   const PrayerList tomorrow = prayerList(course, riyadh(17, 13, 0), now);
   EXPECT_THAT(named(tomorrow, &PrayerRow::isActive), IsEmpty());
   EXPECT_THAT(named(tomorrow, &PrayerRow::isPast), IsEmpty());
+  const PrayerList afterIsha = prayerList(course, riyadh(17, 13, 0), riyadh(16, 23, 0));
+  EXPECT_THAT(named(afterIsha, &PrayerRow::isActive), IsEmpty());
 }
 
 TEST_F(PrayerListTest, IsWrittenInThePlacesTimeZone) {
