@@ -264,7 +264,7 @@ TEST_F(GeoClueLocationServiceTest, LooksAgainWhenTheNetworkIsBackWhileNoPosition
     const char* name;
     QDBusMessage gone;
     QDBusMessage back;
-  } networks[] = {{"NetworkManager", manager(20), manager(70)},
+  } networks[] = {{"NetworkManager", manager(50), manager(60)},
                   {"networkd", networkd("carrier"), networkd("routable")}};
   startDaemon(Agent::allows);
   startService(Contact::atStart);

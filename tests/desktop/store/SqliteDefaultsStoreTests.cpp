@@ -176,7 +176,7 @@ TEST_F(SqliteDefaultsStoreTest, TakesTheWritesOfTwoProgramsEntryByEntry) {
 }
 
 TEST_F(SqliteDefaultsStoreTest, WritesLaterWhatAnotherProgramsLockHoldsUp) {
-  const auto store = open();
+  auto store = open();
   store->setValue("key", "old"s);
   const auto other = SqliteConnection::open(file(), SqliteConnection::Access::readWrite);
   ASSERT_EQ(other->execute("BEGIN IMMEDIATE"), SQLITE_OK);
@@ -187,6 +187,11 @@ TEST_F(SqliteDefaultsStoreTest, WritesLaterWhatAnotherProgramsLockHoldsUp) {
   ASSERT_EQ(other->execute("COMMIT"), SQLITE_OK);
   loop.advance(Seconds(64));
   EXPECT_THAT(open()->string("key"), Optional("new"s));
+  ASSERT_EQ(other->execute("BEGIN IMMEDIATE"), SQLITE_OK);
+  store->setValue("key", "last"s);
+  ASSERT_EQ(other->execute("COMMIT"), SQLITE_OK);
+  store.reset();  // before it tries again
+  EXPECT_THAT(open()->string("key"), Optional("last"s));
 }
 
 }  // namespace
