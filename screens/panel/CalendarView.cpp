@@ -87,6 +87,11 @@ CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)
   redraw();
 }
 
+CalendarView::~CalendarView() {
+  // Hidden with the rest of the panel, it would tell of that when the model has gone.
+  if (note_ != nullptr) note_->onDismiss = nullptr;
+}
+
 QWidget* CalendarView::header() {
   auto* header = new MonthHeader(model_, [this] { redraw(); });
   atRedraw([header] { header->redraw(); });

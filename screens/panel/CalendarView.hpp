@@ -24,6 +24,7 @@ class CalendarView final : public Ui::View {
   /// `onSizeChange` is told the size that the panel wants; either may be empty.
   CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
                std::function<void()> onOpenSettings, std::optional<Advice> advice = std::nullopt);
+  ~CalendarView() override;
 
   void setGreatestHeight(int height) override;
 

@@ -147,10 +147,11 @@ void addDay(const Rules& rules, bool isEdge, std::vector<TruePrayer>& prayers) {
   const double rise = slack(place, kEventDegrees, kHorizon, day.midnightBefore, day.noon);
   const double set = slack(place, kEventDegrees, kHorizon, day.noon, day.midnightAfter);
   const auto doubt = isEdge ? Doubt::edge : Doubt::none;
-  const auto add = [&](Prayer prayer, double instant, int Adhan::PrayerAdjustments::*own,
-                       double tolerance, Doubt why) {
-    prayers.push_back({prayer, instant + minutes(parameters, own), kRounding + tolerance, day.noon,
-                       doubt == Doubt::edge ? doubt : why});
+  const auto add = [&, noon = day.noon](Prayer prayer, double instant,
+                                        int Adhan::PrayerAdjustments::*own, double tolerance,
+                                        Doubt why) {
+    prayers.push_back({prayer, instant + minutes(rules.parameters, own), kRounding + tolerance,
+                       noon, doubt == Doubt::edge ? doubt : why});
   };
   using Minutes = Adhan::PrayerAdjustments;
   add(Prayer::fajr, rules.fajr(), &Minutes::fajr,

@@ -97,8 +97,8 @@ TEST_F(DamagedStore, LosesTheEntryThatCannotBeReadAndNoOther) {
   const char* const damages[] = {
       "UPDATE entries SET value = 16 WHERE entry = '100'",
       "UPDATE entries SET value = CAST(value AS BLOB) WHERE entry = '200'",
-      "INSERT INTO defaults VALUES('notes', 'dictionarx', NULL)"
-      "  ON CONFLICT DO UPDATE SET type = excluded.type"};
+      R"(INSERT INTO defaults VALUES('notes', 'dictionarx', NULL)
+         ON CONFLICT DO UPDATE SET type = excluded.type)"};
   auto expected = notes;
   expected.erase("100");
   for (const char* damage : damages) {

@@ -57,8 +57,8 @@ TEST_F(ReplacedStore, LosesNothingByAnAttackOnFileOrLogAndAKillAfterTheNextWrite
       {"file deleted", [&] { fs::remove(file()); }},
       {"all deleted", [&] { fs::remove_all(file().parent_path()); }},
   };
-  for (const auto& [name, attack] : cases) {
-    SCOPED_TRACE(name);
+  for (const auto& damage : cases) {
+    SCOPED_TRACE(damage.name);
     fs::remove_all(file().parent_path());
     TextDictionary notes{{"new", "note"}};
     for (int day = 10; day < 30; ++day)
@@ -70,7 +70,7 @@ TEST_F(ReplacedStore, LosesNothingByAnAttackOnFileOrLogAndAKillAfterTheNextWrite
       store->setEntry("notes", "gone", std::nullopt);
       for (int day = 10; day < 30; ++day)
         store->setEntry("notes", std::to_string(day), notes[std::to_string(day)]);
-      attack();
+      damage.attack();
       store->setEntry("notes", "new", "note");
       _exit(0);
     });

@@ -199,12 +199,12 @@ TEST_F(AppSettingsTest, ManualPlaceIsTheUsersOrTheFallback) {
   settings().manualLongitude = 10.0;
   settings().manualTimeZoneId = "Asia/Riyadh";
   EXPECT_EQ(settings().effectiveLocation(),
-            (EffectiveLocation{0.0, 10.0, "Nowhere", *TimeZone::named("Asia/Riyadh")}));
+            (EffectiveLocation{{0.0, 10.0}, "Nowhere", *TimeZone::named("Asia/Riyadh")}));
 
   settings().manualLocationName = "";
   settings().manualTimeZoneId = "Mars/Olympus";
   EXPECT_EQ(settings().effectiveLocation(),
-            (EffectiveLocation{0.0, 10.0, "Custom Location", *TimeZone::named("Europe/Oslo")}));
+            (EffectiveLocation{{0.0, 10.0}, "Custom Location", *TimeZone::named("Europe/Oslo")}));
   EXPECT_EQ(settings().manualTimeZoneId.value(), "Mars/Olympus");
 }
 
@@ -215,7 +215,7 @@ TEST_F(AppSettingsTest, AutomaticPlaceIsTheFixOrTheFallback) {
   EXPECT_EQ(settings().effectiveLocation().name, "Riyadh");
   located.coordinate.assign(LocationCoordinate{-6.2, 106.8});
   EXPECT_EQ(settings().effectiveLocation(),
-            (EffectiveLocation{-6.2, 106.8, "My Location", *TimeZone::named("Asia/Jakarta")}));
+            (EffectiveLocation{{-6.2, 106.8}, "My Location", *TimeZone::named("Asia/Jakarta")}));
   located.locationName.assign("Jakarta");
   EXPECT_EQ(settings().effectiveLocation().name, "Jakarta");
 }
