@@ -55,23 +55,17 @@ TEST(AppDelegate, FirstRunAsksOnceForTheLocation) {
   EXPECT_EQ(desktop.location.authorizationRequests, 1);
 }
 
-TEST(AppDelegate, FirstRunLeavesAStoredModeAlone) {
-  for (const std::string mode : {"manual", "automatic", "orbital", ""}) {
-    SCOPED_TRACE(mode);
+TEST(AppDelegate, FirstRunLeavesAStoredModeAloneThatIsText) {
+  using namespace std::string_literals;
+  for (const DefaultsValue& mode : {DefaultsValue("manual"s), {"orbital"s}, {""s}, {int64_t{7}}}) {
     FakePlatform desktop;
     desktop.defaults.setValue("locationMode", mode);
     launch(desktop);
-    EXPECT_EQ(desktop.defaults.string("locationMode"), mode);
+    const auto* text = std::get_if<std::string>(&mode);
+    EXPECT_EQ(desktop.defaults.string("locationMode"), text ? *text : "automatic");
     EXPECT_EQ(desktop.defaults.boolean(kFlag), true);
     EXPECT_EQ(desktop.location.authorizationRequests, 1);
   }
-}
-
-TEST(AppDelegate, FirstRunReplacesAModeThatIsNotText) {
-  FakePlatform desktop;
-  desktop.defaults.setValue("locationMode", std::int64_t{7});
-  launch(desktop);
-  EXPECT_EQ(desktop.defaults.string("locationMode"), "automatic");
 }
 
 TEST(AppDelegate, FirstRunWaitsForAStoreThatCannotBeReadYet) {

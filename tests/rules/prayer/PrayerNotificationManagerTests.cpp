@@ -234,11 +234,11 @@ TEST_F(PrayerNotificationManagerTest, FollowsAChangeOfPlaceAtTheNextTick) {
   EXPECT_EQ(perceived(), " [Maghrib Athan]");
 }
 
-// One line a moment: so many seconds pass, or a recording comes to its end, and then this is what
-// the user hears and sees.
+// One line a moment: so many seconds pass, a recording comes to its end or the user stops
+// something, and then this is what the user hears and sees.
 struct Moment {
   double passes;
-  std::string ends;
+  std::string deed;
   std::string perceived;
 };
 
@@ -246,6 +246,7 @@ struct Course {
   std::string name;
   Choices choices;
   std::vector<Moment> moments;
+  int plainAlerts = 0;
 };
 
 Moment after(double seconds, std::string perceived) {
@@ -256,12 +257,27 @@ Moment endOf(std::string recording, std::string perceived) {
   return {0, std::move(recording), std::move(perceived)};
 }
 
+constexpr const char* kStop = "Stop";
+constexpr const char* kStopSupplication = "Stop the supplication";
+
+Moment press(const char* stop, std::string perceived) {
+  return {0, stop, std::move(perceived)};
+}
+
 void PrintTo(const Course& course, std::ostream* out) {
   *out << course.name;
 }
 
 class AnnouncementCourse : public PrayerNotificationManagerTest,
-                           public testing::WithParamInterface<Course> {};
+                           public testing::WithParamInterface<Course> {
+ protected:
+  void doDeed(const std::string& deed) {
+    if (deed == kStopSupplication) return manager->stopDua();
+    if (deed != kStop) return deed.empty() ? void() : finish(deed);
+    manager->stopAll();
+    EXPECT_EQ(sounds.players(), 0U);
+  }
+};
 
 TEST_P(AnnouncementCourse, GoesFromBeepToAthanToSupplication) {
   choose(GetParam().choices);
@@ -270,9 +286,10 @@ TEST_P(AnnouncementCourse, GoesFromBeepToAthanToSupplication) {
   for (const auto& moment : GetParam().moments) {
     SCOPED_TRACE("moment " + std::to_string(step++));
     letPass(moment.passes);
-    if (!moment.ends.empty()) finish(moment.ends);
+    doDeed(moment.deed);
     EXPECT_EQ(perceived(), moment.perceived);
   }
+  EXPECT_EQ(std::ranges::count(sounds.begun(), "alert"), GetParam().plainAlerts);
 }
 
 const std::vector<Course> kCourses{
@@ -312,94 +329,43 @@ const std::vector<Course> kCourses{
      {after(0, "Bowl [Dhuhr Athan]"), after(2.1, " [Dhuhr Athan]"),
       after(0.2, "athan2 [Dhuhr Athan] tolsar"),
       endOf("athan2", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
-    {"loopThenAthanAndSupplication",
-     {.beep = true, .loop = true, .athan = true, .supplication = true},
-     {after(10.1, "athan [Dhuhr Athan] vemran"),
-      endOf("athan", "after_athan [Dhuhr Athan] supplication"), endOf("after_athan", "")}},
     {"athanThatIsMissing",
      {.athan = true, .supplication = true, .missing = "athan"},
-     {after(0, " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
+     {after(0, " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")},
+     1},
     {"athanThatCannotBeRead",
      {.athan = true, .unreadable = "athan"},
-     {after(600, " [Dhuhr Athan]")}},
+     {after(600, " [Dhuhr Athan]")},
+     1},
     {"supplicationThatIsMissing",
      {.athan = true, .supplication = true, .missing = "after_athan"},
      {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
     {"supplicationThatCannotBeRead",
      {.athan = true, .supplication = true, .unreadable = "after_athan"},
      {endOf("athan", " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
+    {"stoppedBeforeItBegan", {.enabled = false}, {press(kStop, ""), after(150, "")}},
+    {"titleStopped", {}, {after(60, " [Dhuhr Athan]"), press(kStop, ""), after(150, "")}},
+    // The wait after a single beep is not taken back.
+    {"beepStopped",
+     {.beep = true, .athan = true},
+     {after(0.5, "Glass [Dhuhr Athan]"), press(kStop, ""), after(150, "athan vemran")}},
+    {"loopStopped",
+     {.beep = true, .loop = true, .athan = true},
+     {after(5, "Glass looped [Dhuhr Athan]"), press(kStop, ""), press(kStop, ""), after(150, "")}},
+    {"athanStopped",
+     {.athan = true, .supplication = true},
+     {after(30, "athan [Dhuhr Athan] vemran"), press(kStop, ""), press(kStop, ""), after(150, "")}},
+    {"supplicationStopped",
+     {.athan = true, .supplication = true},
+     {endOf("athan", "after_athan [Dhuhr Athan] supplication"), press(kStop, ""), after(150, "")}},
+    {"supplicationAloneStopped",
+     {.athan = true, .supplication = true},
+     {endOf("athan", "after_athan [Dhuhr Athan] supplication"),
+      press(kStopSupplication, " [Dhuhr Athan]"), after(600, " [Dhuhr Athan]")}},
 };
 
 INSTANTIATE_TEST_SUITE_P(, AnnouncementCourse, testing::ValuesIn(kCourses),
                          [](const auto& tested) { return tested.param.name; });
-
-TEST_F(PrayerNotificationManagerTest, PlainAlertStandsInForTheAthanAlone) {
-  settings.athanEnabled = true;
-  settings.playDuaAfterAthan = true;
-  sounds.recordings.erase("athan");
-  announce("Fajr");
-  sounds.unreadable.insert("athan2");
-  settings.athanVoice = AthanVoice::tolsar;
-  announce("Dhuhr");
-  sounds.recordings.erase("after_athan");
-  manager->playDua();
-  loop.runPosted();
-  EXPECT_THAT(sounds.begun(), ElementsAre("alert", "alert"));
-}
-
-// Every state of an announcement, left by the user's Stop.
-struct Stop {
-  std::string name;
-  Choices choices;
-  double after;
-  std::string ended;  // The recording that came to its end before.
-  std::string comes;  // What is heard after all, ten seconds later.
-};
-
-void PrintTo(const Stop& stop, std::ostream* out) {
-  *out << stop.name;
-}
-
-class StoppedAnnouncement : public PrayerNotificationManagerTest,
-                            public testing::WithParamInterface<Stop> {};
-
-TEST_P(StoppedAnnouncement, IsSilentAtOnce) {
-  choose(GetParam().choices);
-  announce("Maghrib");
-  letPass(GetParam().after);
-  if (!GetParam().ended.empty()) finish(GetParam().ended);
-  for (int time = 0; time < 2; ++time) {
-    manager->stopAll();
-    EXPECT_EQ(perceived(), "");
-    EXPECT_EQ(sounds.players(), 0U);
-  }
-  letPass(150);
-  EXPECT_EQ(perceived(), GetParam().comes);
-}
-
-const std::vector<Stop> kStops{
-    {"idle", {.enabled = false}, 0, "", ""},
-    {"lingeringTitle", {}, 60, "", ""},
-    // The wait after a single beep is not taken back.
-    {"beepingOnce", {.beep = true, .athan = true}, 0.5, "", "athan vemran"},
-    {"beepingInLoop", {.beep = true, .loop = true, .athan = true}, 5, "", ""},
-    {"athan", {.athan = true, .supplication = true}, 30, "", ""},
-    {"supplication", {.athan = true, .supplication = true}, 30, "athan", ""},
-};
-
-INSTANTIATE_TEST_SUITE_P(, StoppedAnnouncement, testing::ValuesIn(kStops),
-                         [](const auto& tested) { return tested.param.name; });
-
-TEST_F(PrayerNotificationManagerTest, StoppingTheSupplicationKeepsTheTitle) {
-  settings.athanEnabled = true;
-  settings.playDuaAfterAthan = true;
-  announce("Isha");
-  finish("athan");
-  manager->stopDua();
-  EXPECT_EQ(perceived(), " [Isha Athan]");
-  letPass(600);
-  EXPECT_EQ(perceived(), " [Isha Athan]");
-}
 
 TEST_F(PrayerNotificationManagerTest, LaterAnnouncementTakesOverAndTheEarlierGoesOn) {
   settings.beepSoundEnabled = true;
@@ -444,6 +410,9 @@ TEST_F(PrayerNotificationManagerTest, PreviewOfAVoiceEndsTheAnnouncementFirst) {
   EXPECT_EQ(perceived(), "athan2 tolsar");
   finish("athan2");
   EXPECT_EQ(perceived(), "") << "no supplication follows a preview";
+  manager->playAthan("athan", std::nullopt);
+  loop.runPosted();
+  EXPECT_EQ(perceived(), "athan") << "of no voice that is known";
 }
 
 TEST_F(PrayerNotificationManagerTest, SupplicationPreviewBesideAnAnnouncementEndsItWithItself) {
@@ -457,12 +426,6 @@ TEST_F(PrayerNotificationManagerTest, SupplicationPreviewBesideAnAnnouncementEnd
   finish("after_athan");
   EXPECT_EQ(perceived(), "");
   EXPECT_EQ(sounds.players(), 0U);
-}
-
-TEST_F(PrayerNotificationManagerTest, AthanWithoutAVoiceMarksNone) {
-  manager->playAthan("athan", std::nullopt);
-  loop.runPosted();
-  EXPECT_EQ(perceived(), "athan");
 }
 
 TEST_F(PrayerNotificationManagerTest, OpensRecordingsInTheBackground) {
