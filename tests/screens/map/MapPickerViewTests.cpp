@@ -58,19 +58,27 @@ class MapPickerViewTest : public ScreenTest<MapPickerView> {
     return status;
   }
 
+  void expectInTheMiddle(LocationCoordinate coordinate) const {
+    const auto middle = map().coordinateAt(QRectF(map().rect()).center());
+    EXPECT_NEAR(middle.latitude, coordinate.latitude, 1e-6);
+    EXPECT_NEAR(middle.longitude, coordinate.longitude, 1e-6);
+  }
+
   std::vector<Confirmed> confirmed;
 };
 
 TEST_F(MapPickerViewTest, BeginsWithNothingChosen) {
+  for (const double none : {std::nan(""), 1e300}) {
+    open(LocationCoordinate{none, none});
+    expectInTheMiddle({24, 45});
+  }
   open();
   EXPECT_EQ(screen->size(), QSize(640, 500));
   EXPECT_EQ(status(), kHint);
   EXPECT_FALSE(button("Confirm")->isEnabled());
   EXPECT_TRUE(desktop.geocoder.requests.empty());
+  expectInTheMiddle({24, 45});
   const auto& viewport = map().viewport();
-  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
-  EXPECT_NEAR(middle.latitude, 24, 1e-6);
-  EXPECT_NEAR(middle.longitude, 45, 1e-6);
   EXPECT_GE(viewport.size().width / viewport.pixelsPerDegree(), 120);
   EXPECT_LT(viewport.pixelsPerDegree(), 4);
 }
@@ -79,9 +87,7 @@ TEST_F(MapPickerViewTest, BeginsAtTheStoredPlaceAndHandsItBackUnnamed) {
   open(kJeddah);
   EXPECT_EQ(status(), kHint);
   EXPECT_TRUE(desktop.geocoder.requests.empty());
-  const auto middle = map().coordinateAt(QRectF(map().rect()).center());
-  EXPECT_NEAR(middle.latitude, kJeddah.latitude, 1e-6);
-  EXPECT_NEAR(middle.longitude, kJeddah.longitude, 1e-6);
+  expectInTheMiddle(kJeddah);
   EXPECT_NEAR(map().viewport().size().height / map().viewport().pixelsPerDegree(), 5 / 0.93, 0.1);
   click(button("Confirm"));
   ASSERT_EQ(confirmed.size(), 1U);
@@ -89,13 +95,6 @@ TEST_F(MapPickerViewTest, BeginsAtTheStoredPlaceAndHandsItBackUnnamed) {
   EXPECT_EQ(confirmed[0].name, "Custom Location");
   EXPECT_EQ(confirmed[0].zone, "Asia/Kuwait");
   EXPECT_FALSE(screen->isVisible());
-}
-
-TEST_F(MapPickerViewTest, BeginsWithoutAPlaceWhereTheStoredOneIsNone) {
-  for (const double degrees : {std::nan(""), 1e300}) {
-    open(LocationCoordinate{degrees, degrees});
-    EXPECT_NEAR(map().coordinateAt(QRectF(map().rect()).center()).latitude, 24, 1e-6);
-  }
 }
 
 TEST_F(MapPickerViewTest, LooksAClickUpAndHandsItBack) {
@@ -229,7 +228,7 @@ TEST_F(MapSearchTest, FindsAPlaceByKeysAlone) {
   EXPECT_EQ(takeChosen(), 24.47);
   EXPECT_EQ(status(), "Resolving location…");
   EXPECT_FALSE(edit().isVisible());
-  EXPECT_NEAR(map().coordinateAt(QRectF(map().rect()).center()).latitude, 24.47, 1e-6);
+  expectInTheMiddle({24.47, 39.61});
   EXPECT_TRUE(map().hasFocus());
 
   click(button("Find a place"));

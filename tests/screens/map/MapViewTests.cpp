@@ -46,6 +46,8 @@ class MapViewTest : public testing::Test {
     QApplication::sendEvent(map.get(), &event);
   }
 
+  auto touch() { return QTest::touchEvent(map.get(), screen.get()); }
+
   [[nodiscard]] double scale() const { return map->viewport().pixelsPerDegree(); }
 
   void expectUnder(QPointF place, LocationCoordinate coordinate) {
@@ -126,11 +128,9 @@ TEST_F(MapViewTest, FollowsTwoFingers) {
   show();
   const auto under = map->coordinateAt({320, 200});
   const double before = scale();
-  QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(270, 200)).press(1, QPoint(370, 200));
-  QTest::touchEvent(map.get(), screen.get()).move(0, QPoint(240, 230)).move(1, QPoint(440, 230));
-  QTest::touchEvent(map.get(), screen.get())
-      .release(0, QPoint(240, 230))
-      .release(1, QPoint(440, 230));
+  touch().press(0, QPoint(270, 200)).press(1, QPoint(370, 200));
+  touch().move(0, QPoint(240, 230)).move(1, QPoint(440, 230));
+  touch().release(0, QPoint(240, 230)).release(1, QPoint(440, 230));
   EXPECT_NEAR(scale() / before, 2, 1e-6);
   expectUnder({340, 230}, under);
   EXPECT_TRUE(clicks.empty());
@@ -139,16 +139,16 @@ TEST_F(MapViewTest, FollowsTwoFingers) {
 TEST_F(MapViewTest, FollowsOneFingerAndTakesATapForAClick) {
   show();
   const auto under = map->coordinateAt({320, 200});
-  QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(320, 200));
-  QTest::touchEvent(map.get(), screen.get()).move(0, QPoint(380, 260));
-  QTest::touchEvent(map.get(), screen.get()).release(0, QPoint(380, 260));
+  touch().press(0, QPoint(320, 200));
+  touch().move(0, QPoint(380, 260));
+  touch().release(0, QPoint(380, 260));
   expectUnder({380, 260}, under);
   EXPECT_TRUE(clicks.empty());
-  QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(50, 60));
-  QTest::touchEvent(map.get(), screen.get()).release(0, QPoint(50, 60));
+  touch().press(0, QPoint(50, 60));
+  touch().release(0, QPoint(50, 60));
   EXPECT_THAT(clicks, testing::ElementsAre(QPointF(50, 60)));
 
-  QTest::touchEvent(map.get(), screen.get()).press(0, QPoint(320, 200));
+  touch().press(0, QPoint(320, 200));
   QTouchEvent cancel(QEvent::TouchCancel, screen.get());
   QApplication::sendEvent(map.get(), &cancel);
   const auto before = map->coordinateAt({0, 0});
