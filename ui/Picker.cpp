@@ -132,8 +132,13 @@ SegmentedPicker::SegmentedPicker(const QStringList& options, std::function<void(
 }
 
 void SegmentedPicker::setCurrent(int index) {
-  for (int place = 0; QAbstractButton * segment : segments_)
+  for (int place = 0; QAbstractButton * segment : segments_) {
+    // One of several to a screen reader; Qt's own rule would let none of them be off.
+    segment->setAutoExclusive(false);
     segment->setChecked(place++ == index);
+  }
+  for (QAbstractButton* segment : segments_)
+    segment->setAutoExclusive(true);
 }
 
 }  // namespace Hilalor::Ui

@@ -41,7 +41,10 @@ Toggle::Toggle(ToggleLook look, const QString& label, std::function<void(bool)> 
 }
 
 void Toggle::setOn(bool isOn) {
+  // One of several to a screen reader; Qt's own rule would let none of them be off.
+  setAutoExclusive(false);
   setChecked(isOn);
+  setAutoExclusive(look_ == ToggleLook::radio);
   position_.to(isOn ? 1 : 0, isVisible() ? kSlide : std::chrono::milliseconds(0));
 }
 

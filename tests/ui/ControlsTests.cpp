@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
@@ -70,6 +71,8 @@ TEST(Toggle, ShowsWhatItIsToldAndAsksForTheRest) {
     QTest::mouseClick(&toggle, Qt::LeftButton);
     EXPECT_FALSE(toggle.isOn());
     toggle.setOn(true);
+    const auto role = QAccessible::queryAccessibleInterface(&toggle)->role();
+    EXPECT_EQ(role == QAccessible::RadioButton, look == ToggleLook::radio);
     QTest::mouseClick(&toggle, Qt::LeftButton);
     EXPECT_TRUE(toggle.isOn());
     EXPECT_EQ(asked, (std::vector{true, false}));
