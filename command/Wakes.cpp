@@ -58,9 +58,13 @@ bool KernelWakes::sleepUntil(Date instant) {
 void KernelWakes::watchFolders() const {
   std::error_code error;
   for (auto folder : folders_) {
-    while (!std::filesystem::exists(folder, error) && folder.has_relative_path())
+    auto changes = kFileChanges;
+    while (!std::filesystem::exists(folder, error) && folder.has_relative_path()) {
       folder = folder.parent_path();
-    inotify_add_watch(changes_, folder.c_str(), kFileChanges);
+      // What other programs write there is nobody's matter here.
+      changes = IN_CREATE | IN_MOVED_TO;
+    }
+    inotify_add_watch(changes_, folder.c_str(), changes);
   }
   inotify_add_watch(changes_, "/etc", IN_CREATE | IN_MOVED_TO);
 }
