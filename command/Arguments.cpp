@@ -33,7 +33,7 @@ constexpr std::array<VerbEntry, 13> kVerbs{{
 }};
 
 std::string quoted(std::string_view word) {
-  return "\"" + std::string(word) + "\"";
+  return std::string("\"").append(word).append("\"");
 }
 
 std::optional<double> degrees(std::string_view text) {
@@ -137,7 +137,7 @@ class Reader {
     if (request_.method) return true;
     std::string names;
     for (const auto method : allCases<PrayerCalculationMethod>())
-      names += " " + std::string(rawValue(method));
+      names.append(" ").append(rawValue(method));
     return complain("unknown method " + quoted(word) + "; there are:" + names);
   }
 

@@ -26,7 +26,7 @@ bool isExtension(std::string_view text, std::string_view extension) {
 
 std::optional<std::filesystem::path> fileIn(const std::filesystem::path& folder,
                                             std::string_view name, std::string_view extension) {
-  const auto dotted = "." + std::string(extension);
+  const auto dotted = std::string(".").append(extension);
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {

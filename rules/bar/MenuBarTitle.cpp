@@ -25,7 +25,7 @@ std::string beginning(const std::string& text) {
 }
 
 std::string twoDigits(std::int64_t number) {
-  return (number < 10 ? "0" : "") + std::to_string(number);
+  return std::string(number < 10 ? "0" : "").append(std::to_string(number));
 }
 
 ItemTitle glyphAlone(TitleGlyph glyph) {
