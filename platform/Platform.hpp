@@ -9,6 +9,7 @@
 #include "platform/DefaultsStore.hpp"
 #include "platform/Geocoder.hpp"
 #include "platform/LocationService.hpp"
+#include "platform/LoginEntry.hpp"
 #include "platform/MouseMonitor.hpp"
 #include "platform/NotificationCenter.hpp"
 #include "platform/RunLoop.hpp"
@@ -39,6 +40,8 @@ struct Platform {
   Workspace* workspace = nullptr;
   /// Null in a build that was given no place to look for releases.
   Updater* updater = nullptr;
+  /// Null where the desktop starts no programs at login.
+  LoginEntry* loginEntry = nullptr;
   /// Where the beeps lie, the user's own folder first.
   std::vector<std::filesystem::path> soundFolders;
 };

@@ -40,11 +40,13 @@ std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents eve
 std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
                                                            std::function<void()> onWillClose) {
   const SettingsContext context{
+      .clock = platform_.clock,
       .settings = objects_.settings,
       .locationManager = objects_.locationManager,
       .notificationManager = objects_.notificationManager,
       .sounds = platform_.sounds,
       .workspace = platform_.workspace,
+      .loginEntry = platform_.loginEntry,
       .map = {.loop = platform_.loop, .atlas = platform_.atlas, .geocoder = platform_.geocoder}};
   const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
   auto screen = std::make_unique<SettingsView>(context, updater, appIcon);

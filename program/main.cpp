@@ -23,6 +23,7 @@
 #include "desktop/process/QtRunLoop.hpp"
 #include "desktop/process/Resources.hpp"
 #include "desktop/process/SystemClock.hpp"
+#include "desktop/session/AutostartEntry.hpp"
 #include "desktop/session/BusProbe.hpp"
 #include "desktop/session/LinuxApplication.hpp"
 #include "desktop/session/LinuxWorkspace.hpp"
@@ -64,6 +65,12 @@ std::vector<std::filesystem::path> soundFolders() {
   return {userDataFolder() / "hilalor/sounds", resourceFolder() / "sounds"};
 }
 
+// A sandbox has folders of its own, in which no desktop looks for what to start.
+bool isConfined() {
+  std::error_code error;
+  return std::filesystem::exists("/.flatpak-info", error);
+}
+
 // None in a build that was given no list of releases.
 std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
                                      [[maybe_unused]] const Clock& clock,
@@ -96,6 +103,7 @@ class LinuxDesktop {
                   .sounds = sounds_,
                   .workspace = &workspace_,
                   .updater = updater_.get(),
+                  .loginEntry = isConfined() ? nullptr : &loginEntry_,
                   .soundFolders = soundFolders()} {
     application.remainTheRunningCopy(sessionBus_);
     LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
@@ -134,6 +142,8 @@ class LinuxDesktop {
   LinuxNotificationCenter notifications_{loop_, [this] { return sessionBus_.connection(); }};
   LinuxSoundService sounds_{loop_, soundFolders()};
   LinuxWorkspace workspace_;
+  AutostartEntry loginEntry_{userConfigFolder() / "autostart", systemAutostartFolders(),
+                             startedProgram()};
   std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
   Platform platform_;
   Subscription cameIn_;

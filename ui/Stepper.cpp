@@ -15,9 +15,10 @@ int StepperRange::next(int value, int direction) const {
   return std::clamp(value + direction * step, lowest, highest);
 }
 
-Stepper::Stepper(StepperRange range, const QString& unit, std::function<void(int)> onChange)
+Stepper::Stepper(StepperRange range, std::function<QString(int)> text,
+                 std::function<void(int)> onChange)
     : range_(range),
-      unit_(unit),
+      text_(std::move(text)),
       onChange_(std::move(onChange)),
       label_(new Text({.size = kTypeSize})),
       less_(stepButton(QStringLiteral("\u2212"), QStringLiteral("Less"), -1)),
@@ -43,9 +44,17 @@ Button* Stepper::stepButton(const QString& sign, const QString& help, int direct
   return helped(help, button);
 }
 
+void Stepper::setName(const QString& name) {
+  less_->setAccessibleName(name + QStringLiteral(", less"));
+  more_->setAccessibleName(name + QStringLiteral(", more"));
+}
+
 void Stepper::setValue(int value) {
   value_ = value;
-  label_->setText(QString::number(value) + unit_);
+  const QString text = text_(value);
+  label_->setText(text);
+  for (Button* button : {less_, more_})
+    button->setAccessibleDescription(text);
   less_->setEnabled(value > range_.lowest);
   more_->setEnabled(value < range_.highest);
 }

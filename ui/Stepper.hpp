@@ -18,11 +18,14 @@ struct StepperRange {
   [[nodiscard]] int next(int value, int direction) const;
 };
 
-/// The number with its unit, and a button for each direction.
+/// The number as a text, and a button for each direction.
 class Stepper final : public QWidget {
  public:
-  /// `unit` follows the number as it is (" sec").
-  Stepper(StepperRange range, const QString& unit, std::function<void(int)> onChange);
+  /// `text` writes a number ("10 sec").
+  Stepper(StepperRange range, std::function<QString(int)> text, std::function<void(int)> onChange);
+
+  /// What the number is, for those who cannot see what stands beside it.
+  void setName(const QString& name);
 
   void setValue(int value);
 
@@ -30,7 +33,7 @@ class Stepper final : public QWidget {
   [[nodiscard]] Button* stepButton(const QString& sign, const QString& help, int direction);
 
   StepperRange range_;
-  QString unit_;
+  std::function<QString(int)> text_;
   std::function<void(int)> onChange_;
   int value_ = 0;
   Text* label_;

@@ -79,8 +79,9 @@ QWidget* AlertSettings::beepRows() {
 }
 
 QWidget* AlertSettings::loopRow() {
-  auto* seconds = new Stepper(kLoopSeconds, QStringLiteral(" sec"),
-                              [this](int value) { settings_.beepLoopSeconds = value; });
+  auto* seconds = new Stepper(
+      kLoopSeconds, [](int value) { return QString::number(value) + " sec"; },
+      [this](int value) { settings_.beepLoopSeconds = value; });
   atRedraw([this, seconds] { seconds->setValue(shownSeconds(settings_.beepLoopSeconds)); });
   return row(
       {.spacing = kSpacing},

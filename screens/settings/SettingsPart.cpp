@@ -55,6 +55,14 @@ Toggle* SettingsPart::boundToggle(ToggleLook look, const char* label, Setting<bo
   return toggle;
 }
 
+QWidget* SettingsPart::stepperRow(const QString& label, StepperRange range,
+                                  std::function<QString(int)> text, Setting<std::int64_t>& value) {
+  auto* stepper = new Stepper(range, std::move(text), [&value](int number) { value = number; });
+  stepper->setName(label);
+  atRedraw([stepper, &value] { stepper->setValue(static_cast<int>(value.value())); });
+  return row({}, {new Text(kLabelStyle, label), flexibleSpace(), stepper});
+}
+
 Button* SettingsPart::previewButton(std::function<bool()> isPlaying,
                                     std::function<void()> onPreview, std::function<void()> onStop) {
   auto* button =

@@ -7,6 +7,7 @@
 #include "platform/Signal.hpp"
 #include "screens/settings/SettingsContext.hpp"
 #include "ui/Picker.hpp"
+#include "ui/Stepper.hpp"
 #include "ui/Toggle.hpp"
 #include "ui/View.hpp"
 
@@ -34,6 +35,10 @@ class SettingsPart : public Ui::View {
 
   [[nodiscard]] Ui::Toggle* toggleRow(const char* label, Setting<bool>& isOn);
   [[nodiscard]] Ui::Toggle* checkboxRow(const char* label, Setting<bool>& isOn);
+
+  /// A number to step up and down, at the end of its row.
+  [[nodiscard]] QWidget* stepperRow(const QString& label, Ui::StepperRange range,
+                                    std::function<QString(int)> text, Setting<std::int64_t>& value);
 
   /// A ring with a dot while the preference is the choice; a click makes it so.
   template <typename Value>

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "screens/settings/AboutCard.hpp"
+#include "screens/settings/AdjustmentsCard.hpp"
 #include "screens/settings/PrayerTimesCard.hpp"
 #include "ui/Containers.hpp"
 
@@ -51,12 +52,12 @@ QString labelOf(PrimaryCalendar calendar) {
 
 SettingsView::SettingsView(const SettingsContext& context, Updater* updater, const QPixmap& appIcon)
     : SettingsPart(context), prayerTimes_(new PrayerTimesCard(context)) {
-  auto* content =
-      column({.padding = kPadding},
-             {unsavedLine(), sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"),
-              calendarCard(), sectionHeader("Prayer Times"), prayerTimes_,
-              sectionHeader("Appearance"), appearanceCard(), sectionHeader("About"),
-              new AboutCard(context, updater, appIcon), flexibleSpace()});
+  auto* content = column(
+      {.padding = kPadding},
+      {unsavedLine(), sectionHeader("Menu Bar"), menuBarCard(), sectionHeader("Calendar"),
+       calendarCard(), sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"),
+       appearanceCard(), sectionHeader("About"), new AboutCard(context, updater, appIcon),
+       sectionHeader("Adjustments"), new AdjustmentsCard(context), flexibleSpace()});
   content->setFixedWidth(kWidth);
   setBody(new ScrollColumn(content));
   redraw();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Application.hpp"
+#include "platform/LoginEntry.hpp"
 #include "platform/StatusItem.hpp"
 #include "platform/Updater.hpp"
 #include "platform/Workspace.hpp"
@@ -71,6 +72,14 @@ class FakeWorkspace final : public Workspace {
 
   std::vector<SettingsPane> panes;
   std::vector<std::string> pages;
+};
+
+class FakeLoginEntry final : public LoginEntry {
+ public:
+  [[nodiscard]] bool isOn() const override { return on; }
+  void setOn(bool wanted) override { on = wanted; }
+
+  bool on = true;
 };
 
 class FakeUpdater final : public Updater {

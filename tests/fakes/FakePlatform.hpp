@@ -58,6 +58,7 @@ class FakePlatform {
   FakeSoundService sounds{loop};
   FakeWorkspace workspace;
   FakeUpdater updater;
+  FakeLoginEntry loginEntry;
   Platform platform{.application = application,
                     .clock = loop,
                     .loop = loop,
@@ -72,6 +73,7 @@ class FakePlatform {
                     .sounds = sounds,
                     .workspace = &workspace,
                     .updater = &updater,
+                    .loginEntry = &loginEntry,
                     .soundFolders = {}};
 
  private:

@@ -22,11 +22,13 @@ namespace Hilalor::Screens {
 }
 
 [[nodiscard]] inline SettingsContext settingsContext(FakePlatform& desktop) {
-  return {.settings = desktop.settings(),
+  return {.clock = desktop.loop,
+          .settings = desktop.settings(),
           .locationManager = desktop.locationManager(),
           .notificationManager = desktop.notificationManager(),
           .sounds = desktop.sounds,
           .workspace = &desktop.workspace,
+          .loginEntry = desktop.platform.loginEntry,
           .map = mapContext(desktop)};
 }
 

@@ -91,7 +91,9 @@ TEST(Stepper, StaysInItsRange) {
   EXPECT_EQ(kRange.next(118, 1), 120);
 
   std::vector<int> changes;
-  Stepper stepper(kRange, QStringLiteral(" sec"), [&](int value) { changes.push_back(value); });
+  Stepper stepper(
+      kRange, [](int value) { return QString::number(value); },
+      [&](int value) { changes.push_back(value); });
   stepper.setValue(120);
   const auto buttons = parts<Button>(stepper);
   EXPECT_FALSE(buttons[1]->isEnabled());

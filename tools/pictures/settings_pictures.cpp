@@ -37,6 +37,10 @@ void everythingOn(FakePlatform& desktop) {
   settings.athanEnabled = true;
   settings.playDuaAfterAthan = true;
   settings.showSunnahTimes = true;
+  settings.prayerMinutes[0] = 3;
+  settings.prayerMinutes[5] = -12;
+  settings.hijriDays = -1;
+  settings.reminderMinutes = 15;
 }
 
 void nothingShown(FakePlatform& desktop) {

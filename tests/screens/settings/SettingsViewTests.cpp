@@ -40,6 +40,7 @@ TEST_F(SettingsViewTest, EverySwitchAndBoxStoresAtOnce) {
       {"Loop for", "beepLoopEnabled", settings().beepLoopEnabled},
       {"Athan", "athanEnabled", settings().athanEnabled},
       {"Play after Athan supplication", "playDuaAfterAthan", settings().playDuaAfterAthan},
+      {"24-hour clock", "use24HourClock", settings().use24HourClock},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.label);
@@ -74,6 +75,10 @@ TEST_F(SettingsViewTest, EveryPickerOffersItsOptionsInOrderAndStoresTheChosenOne
         "Kuwait", "Qatar", "Singapore / Malaysia", "Tehran", "Turkey (Diyanet)"},
        {"ummAlQura", "muslimWorldLeague", "egyptian", "karachi", "dubai", "moonsightingCommittee",
         "northAmerica", "kuwait", "qatar", "singapore", "tehran", "turkey"}},
+      {"reminderMinutes",
+       {"Off", "5 minutes before", "10 minutes before", "15 minutes before", "20 minutes before",
+        "30 minutes before", "45 minutes before", "60 minutes before"},
+       {"0", "5", "10", "15", "20", "30", "45", "60"}},
   };
   for (const auto& picker : pickers) {
     SCOPED_TRACE(picker.key);
@@ -166,7 +171,8 @@ TEST_F(SettingsViewTest, CardsWithoutTheirSectionsHoldTheirSwitchAlone) {
   std::vector<QString> labels;
   for (const Toggle* found : parts<Toggle>(*screen))
     if (found->isVisible()) labels.push_back(found->accessibleName());
-  EXPECT_THAT(labels, ElementsAre("Show calendar", "Show prayer times"));
+  EXPECT_THAT(labels,
+              ElementsAre("Show calendar", "Show prayer times", "24-hour clock", "Start at login"));
 }
 
 TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
@@ -178,6 +184,44 @@ TEST_F(SettingsViewTest, ShowsWhatChangesElsewhere) {
   EXPECT_FALSE(toggle("Show Islamic Eids & Saudi holidays")->isOn());
   EXPECT_TRUE(button(QStringLiteral("Emoji \U0001F4C5")));
   EXPECT_TRUE(part<SegmentedPicker>(*screen)->findChildren<QAbstractButton*>()[2]->isChecked());
+}
+
+TEST_F(SettingsViewTest, StepsPrayersAndTheHijriDayByOneAndShowsTodayAsItWillRead) {
+  show();
+  EXPECT_TRUE(showsText("Today is 5 Ramadan 1447"));
+  const struct {
+    const char* button;
+    int presses;
+    const char* key;
+    const char* stored;
+    const char* shown;
+  } steps[] = {{"Fajr, more", 3, "fajrMinutes", "3", "+3 min"},
+               {"Isha, less", 61, "ishaMinutes", "-60", "−60 min"},
+               {"Hijri day, less", 3, "hijriDays", "-2", "−2 days"},
+               {"Hijri day, more", 1, "hijriDays", "-1", "−1 day"}};
+  for (const auto& step : steps) {
+    SCOPED_TRACE(step.button);
+    for (int press = 0; press < step.presses; ++press) {
+      QTest::keyClick(button(step.button), Qt::Key_Space);
+      settle();
+    }
+    EXPECT_EQ(stored(step.key), step.stored);
+    EXPECT_TRUE(showsText(step.shown));
+    EXPECT_EQ(button(step.button)->accessibleDescription(), step.shown);
+  }
+  EXPECT_TRUE(showsText("Today is 4 Ramadan 1447"));
+}
+
+TEST_F(SettingsViewTest, ShowsWhetherTheDesktopStartsItAlsoAfterOthersChangedThat) {
+  show();
+  EXPECT_TRUE(toggle("Start at login")->isOn());
+  click(toggle("Start at login"));
+  EXPECT_FALSE(desktop.loginEntry.on);
+  desktop.loginEntry.on = true;
+  QEvent activated(QEvent::WindowActivate);
+  QApplication::sendEvent(screen.get(), &activated);
+  settle();
+  EXPECT_TRUE(toggle("Start at login")->isOn());
 }
 
 /// How many windows there were.
