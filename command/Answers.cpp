@@ -52,6 +52,13 @@ std::string_view wordFor(PlaceSource source) {
   return kWords.at(static_cast<std::size_t>(source));
 }
 
+// The day that the request names, in the user's own calendar; today where it names none.
+Date shownDay(const Request& request, const Course& course, const TimeZone& zone, Date now) {
+  if (!request.date) return now;
+  return noonOf(*request.date, zone, course.settings().hijriCalendar().hijriDaysAhead())
+      .value_or(now);
+}
+
 Json placeOf(const Course& course) {
   const auto place = course.settings().effectiveLocation();
   return {{"name", place.name},
@@ -82,7 +89,7 @@ std::string textOf(const PrayerList& list) {
 
 Answer dayAnswer(const Request& request, const Course& course, const Moment& moment) {
   const auto zone = course.settings().effectiveLocation().timeZone;
-  const Date shown = request.date ? noonOf(*request.date, zone).value_or(moment.now) : moment.now;
+  const Date shown = shownDay(request, course, zone, moment.now);
   const auto list = prayerList(course.prayers(), shown, moment.now);
   Json times = Json::array();
   const auto day = course.prayers().day(shown);
@@ -94,8 +101,8 @@ Answer dayAnswer(const Request& request, const Course& course, const Moment& mom
                      {"next", row.isActive}});
   }
   return {textOf(list),
-          {{"date", isoText(civilDateOf(shown, kGregorian, zone))},
-           {"hijriDate", isoText(civilDateOf(shown, kHijri, zone))},
+          {{"date", isoText(civilDateOf(shown, Calendar(kGregorian, zone)))},
+           {"hijriDate", isoText(civilDateOf(shown, course.settings().hijriCalendar(zone)))},
            {"gregorian", list.gregorianDate},
            {"hijri", list.hijriDate},
            {"place", placeOf(course)},
@@ -142,19 +149,18 @@ std::string monthText(const MonthPage& page, const std::vector<WeekdayColumn>& c
 
 Answer monthAnswer(const Request& request, const Course& course, const Moment& moment) {
   auto calendar = course.settings().primaryCalendar.value();
-  Date shown = moment.now;
   if (request.date) {
     calendar =
         request.date->calendar == kHijri ? PrimaryCalendar::hijri : PrimaryCalendar::gregorian;
-    shown = noonOf(*request.date, moment.zone).value_or(moment.now);
   }
-  const CalendarModel model(shown, calendar);
+  const CalendarModel model(shownDay(request, course, moment.zone, moment.now), calendar,
+                            course.settings().hijriCalendar(moment.zone));
   const auto page = model.page(moment, HolidayLabels::shown);
   Json days = Json::array();
   for (const auto& cell : page.cells) {
     if (!cell) continue;
-    days.push_back({{"date", isoText(civilDateOf(cell->date, kGregorian, moment.zone))},
-                    {"hijriDate", isoText(civilDateOf(cell->date, kHijri, moment.zone))},
+    days.push_back({{"date", isoText(civilDateOf(cell->date, model.gregorianCalendar))},
+                    {"hijriDate", isoText(civilDateOf(cell->date, model.hijriCalendar))},
                     {"day", cell->day},
                     {"holiday", cell->holidayLabel},
                     {"today", cell->isToday},
@@ -168,17 +174,20 @@ Answer monthAnswer(const Request& request, const Course& course, const Moment& m
            {"days", days}}};
 }
 
-Answer convertAnswer(const Request& request, const Moment& moment) {
-  const Date noon = noonOf(*request.date, moment.zone).value_or(moment.now);
-  const auto gregorian = DateFormatter("EEEE, d MMMM yyyy", Calendar(kGregorian, moment.zone));
-  const auto hijri = DateFormatter("EEEE, d MMMM yyyy", Calendar(kHijri, moment.zone));
+Answer convertAnswer(const Request& request, const Course& course, const Moment& moment) {
+  const Date noon = shownDay(request, course, moment.zone, moment.now);
+  const Calendar gregorianCalendar(kGregorian, moment.zone);
+  const auto hijriCalendar = course.settings().hijriCalendar(moment.zone);
+  const auto gregorian = DateFormatter("EEEE, d MMMM yyyy", gregorianCalendar);
+  const auto hijri = DateFormatter("EEEE, d MMMM yyyy", hijriCalendar);
   const auto isHijri = request.date->calendar == kHijri;
   return {(isHijri ? gregorian : hijri).string(noon),
-          {{"date", isoText(civilDateOf(noon, kGregorian, moment.zone))},
-           {"hijriDate", isoText(civilDateOf(noon, kHijri, moment.zone))},
+          {{"date", isoText(civilDateOf(noon, gregorianCalendar))},
+           {"hijriDate", isoText(civilDateOf(noon, hijriCalendar))},
            {"gregorian", gregorian.string(noon)},
            {"hijri", hijri.string(noon)},
-           {"holiday", HolidaysProvider::label(HolidaysProvider::holidays(noon))}}};
+           {"holiday", HolidaysProvider::label(HolidaysProvider::holidays(
+                           hijriCalendar.components(noon), gregorianCalendar.components(noon)))}}};
 }
 
 Answer qiblaAnswer(const Course& course) {
@@ -198,7 +207,7 @@ Answer answerOf(const Request& request, const Course& course, const Moment& mome
     case Verb::month:
       return monthAnswer(request, course, moment);
     case Verb::convert:
-      return convertAnswer(request, moment);
+      return convertAnswer(request, course, moment);
     case Verb::qibla:
       return qiblaAnswer(course);
     default:

@@ -36,19 +36,19 @@ std::optional<CivilDate> civilDate(std::string_view text, CalendarIdentifier cal
   return CivilDate{calendar, *year, *month, day};
 }
 
-std::optional<Date> noonOf(const CivilDate& date, const TimeZone& zone) {
-  const Calendar calendar(date.calendar, zone);
+std::optional<Date> noonOf(const CivilDate& date, const TimeZone& zone, int hijriDaysAhead) {
+  const auto calendar = Calendar(date.calendar, zone).withHijriAhead(hijriDaysAhead);
   const auto noon = calendar.date({date.year, date.month, date.day.value_or(1), 12, 0, 0});
   if (!noon) return std::nullopt;
   // Calendars carry what a month lacks into the next one.
-  auto found = civilDateOf(*noon, date.calendar, zone);
+  auto found = civilDateOf(*noon, calendar);
   if (!date.day) found.day.reset();
   return found == date ? noon : std::nullopt;
 }
 
-CivilDate civilDateOf(Date date, CalendarIdentifier calendar, const TimeZone& zone) {
-  const auto fields = Calendar(calendar, zone).components(date);
-  return {calendar, fields.year.value_or(0), fields.month.value_or(1), fields.day};
+CivilDate civilDateOf(Date date, const Calendar& calendar) {
+  const auto fields = calendar.components(date);
+  return {calendar.identifier(), fields.year.value_or(0), fields.month.value_or(1), fields.day};
 }
 
 std::string isoText(const CivilDate& date) {
@@ -56,8 +56,9 @@ std::string isoText(const CivilDate& date) {
 }
 
 std::string isoText(Date date, const TimeZone& zone) {
-  const auto local = Calendar(CalendarIdentifier::gregorian, zone).components(date);
-  const auto day = civilDateOf(date, CalendarIdentifier::gregorian, zone);
+  const Calendar gregorian(CalendarIdentifier::gregorian, zone);
+  const auto local = gregorian.components(date);
+  const auto day = civilDateOf(date, gregorian);
   const int offset = zone.secondsFromUTC(date);
   const int minutes = std::abs(offset) / 60;
   const auto clock = [](int larger, int smaller) {

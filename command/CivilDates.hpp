@@ -25,11 +25,12 @@ struct CivilDate {
                                                  CalendarIdentifier calendar);
 
 /// Noon of that day in the zone, of the month's first where it names none. None where the calendar
-/// has no such day.
-[[nodiscard]] std::optional<Date> noonOf(const CivilDate& date, const TimeZone& zone);
+/// has no such day. A Hijri calendar may be ahead (see Calendar::withHijriAhead).
+[[nodiscard]] std::optional<Date> noonOf(const CivilDate& date, const TimeZone& zone,
+                                         int hijriDaysAhead = 0);
 
 /// The day that the instant lies in.
-[[nodiscard]] CivilDate civilDateOf(Date date, CalendarIdentifier calendar, const TimeZone& zone);
+[[nodiscard]] CivilDate civilDateOf(Date date, const Calendar& calendar);
 
 /// "2026-11-16".
 [[nodiscard]] std::string isoText(const CivilDate& date);

@@ -32,6 +32,9 @@ void apply(const Request& request, AppSettings& settings) {
   settings.manualLongitude = request.place->longitude;
   settings.manualLocationName = std::string();
   settings.manualTimeZoneId = request.place->zone.identifier();
+  // The user's minutes are those of the mosque at home.
+  for (auto& minutes : settings.prayerMinutes)
+    minutes = 0;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <map>
 #include <memory>
 #include <sstream>
 
@@ -32,8 +33,9 @@ class CommandTest : public ::testing::Test {
     return store;
   }
 
-  /// The answer to a line of words, or the complaint.
-  static std::string said(const std::string& line) {
+  /// The answer to a line of words, or the complaint, where the user has set those numbers.
+  static std::string said(const std::string& line,
+                          const std::map<const char*, std::int64_t>& numbers = {}) {
     std::istringstream stream(line);
     std::vector<std::string> words;
     for (std::string word; stream >> word;)
@@ -42,6 +44,8 @@ class CommandTest : public ::testing::Test {
     const auto request = requestOf(views);
     if (const auto* complaint = std::get_if<Complaint>(&request)) return complaint->text;
     const auto store = settings("manual");
+    for (const auto& [key, number] : numbers)
+      store->setValue(key, number);
     const Course course(*store, {}, std::get<Request>(request));
     EXPECT_EQ(warning(std::get<Request>(request), course), std::nullopt);
     return answer(std::get<Request>(request), course, Moment::at(kNow));
@@ -76,6 +80,19 @@ TEST_F(CommandTest, AnswersInWords) {
   EXPECT_THAT(said("day hijri 1448-10-01 --place 69.65,18.96 --zone Europe/Oslo"),
               StartsWith("Tuesday, 9 March 2027\n1 Shawwal 1448\n"));
   EXPECT_THAT(said("day 2026-12-21 --place 78.2,15.6 --zone Europe/Oslo"), HasSubstr("no times"));
+}
+
+TEST_F(CommandTest, GoesByTheUsersHijriDayAndAtHomeByTheirMinutes) {
+  const std::map<const char*, std::int64_t> own{
+      {"hijriDays", -1}, {"asrMinutes", 5}, {"use24HourClock", 1}};
+  EXPECT_EQ(said("convert 2026-11-23", own), "Monday, 12 Jumada II 1448");
+  EXPECT_EQ(said("convert hijri 1448-09-29", own), "Tuesday, 9 March 2027");
+  EXPECT_THAT(said("day hijri 1448-10-01", own), StartsWith("Wednesday, 10 March 2027\n1 Shaw"));
+  EXPECT_THAT(said("month hijri 1448-10 --json", own),
+              HasSubstr(R"({"date":"2027-03-10","hijriDate":"1448-10-01","day":1,"holiday":"Eid)"));
+  EXPECT_THAT(said("day", own), HasSubstr("> Asr              14:48\n"));
+  EXPECT_EQ(said("next --place 52.52,13.40 --zone Europe/Berlin --method muslimWorldLeague", own),
+            "Asr 1h 42m");
 }
 
 TEST_F(CommandTest, AnswersInTheDocumentedJson) {
