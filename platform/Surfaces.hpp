@@ -18,6 +18,7 @@ enum class Dismissal { byEscape, byDesktop, toMakeRoom };
 struct CalendarPanelEvents {
   std::function<void(Size)> onSizeChange;  ///< Its screen wants that size now.
   std::function<void()> onOpenSettings;
+  std::function<void()> onChoosePlace = {};  ///< The user wants to say where they are.
   /// The user wants it gone, or it is gone already.
   std::function<void(Dismissal)> onDismiss;
 };
@@ -41,6 +42,10 @@ class Surfaces {
   /// when the user closes the window. Null where there is no such window.
   [[nodiscard]] virtual std::unique_ptr<Window> makeSettingsWindow(
       Updater* updater, std::function<void()> onWillClose) = 0;
+
+  /// A map on which the user says where they are, told in the same way.
+  [[nodiscard]] virtual std::unique_ptr<Window> makePlaceWindow(
+      std::function<void()> onWillClose) = 0;
 };
 
 }  // namespace Hilalor

@@ -4,6 +4,7 @@
 
 #include "desktop/panel/LinuxPanel.hpp"
 #include "desktop/panel/LinuxWindow.hpp"
+#include "screens/map/MapPickerView.hpp"
 #include "screens/panel/CalendarView.hpp"
 #include "screens/settings/SettingsView.hpp"
 
@@ -16,6 +17,9 @@ namespace {
 
 constexpr WindowProperties kSettingsWindow{
     .title = "Hilalor Settings", .contentSize = {380, 520}, .minimumSize = {380, 400}};
+
+constexpr WindowProperties kPlaceWindow{
+    .title = "Choose Your Place", .contentSize = {640, 500}, .minimumSize = {640, 500}};
 
 }  // namespace
 
@@ -33,25 +37,40 @@ std::unique_ptr<Panel> ScreenSurfaces::makeCalendarPanel(CalendarPanelEvents eve
                              .notificationManager = objects_.notificationManager,
                              .notes = objects_.notes};
   auto screen = std::make_unique<CalendarView>(context, std::move(events.onSizeChange),
-                                               std::move(events.onOpenSettings), std::move(advice));
+                                               std::move(events.onOpenSettings), std::move(advice),
+                                               std::move(events.onChoosePlace));
   return std::make_unique<LinuxPanel>(std::move(screen), std::move(events.onDismiss));
 }
 
 std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
                                                            std::function<void()> onWillClose) {
-  const SettingsContext context{
-      .clock = platform_.clock,
-      .settings = objects_.settings,
-      .locationManager = objects_.locationManager,
-      .notificationManager = objects_.notificationManager,
-      .sounds = platform_.sounds,
-      .workspace = platform_.workspace,
-      .loginEntry = platform_.loginEntry,
-      .map = {.loop = platform_.loop, .atlas = platform_.atlas, .geocoder = platform_.geocoder}};
+  const SettingsContext context{.clock = platform_.clock,
+                                .settings = objects_.settings,
+                                .locationManager = objects_.locationManager,
+                                .notificationManager = objects_.notificationManager,
+                                .sounds = platform_.sounds,
+                                .workspace = platform_.workspace,
+                                .loginEntry = platform_.loginEntry,
+                                .map = mapContext()};
   const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
   auto screen = std::make_unique<SettingsView>(context, updater, appIcon);
   screen->setWindowIcon(appIcon);
   return std::make_unique<LinuxWindow>(std::move(screen), kSettingsWindow, std::move(onWillClose));
+}
+
+std::unique_ptr<Window> ScreenSurfaces::makePlaceWindow(std::function<void()> onWillClose) {
+  auto& settings = objects_.settings;
+  auto screen = std::make_unique<MapPickerView>(
+      mapContext(), settings.manualCoordinate(),
+      [&settings](LocationCoordinate coordinate, const std::string& name, const TimeZone& zone) {
+        settings.choosePlace(coordinate, name, zone);
+      });
+  screen->setWindowIcon(QPixmap(QString::fromStdString(appIcon_.string())));
+  return std::make_unique<LinuxWindow>(std::move(screen), kPlaceWindow, std::move(onWillClose));
+}
+
+MapContext ScreenSurfaces::mapContext() const {
+  return {.loop = platform_.loop, .atlas = platform_.atlas, .geocoder = platform_.geocoder};
 }
 
 }  // namespace Hilalor::Program

@@ -5,6 +5,7 @@
 #include "platform/Platform.hpp"
 #include "platform/Surfaces.hpp"
 #include "program/SharedObjects.hpp"
+#include "screens/map/MapContext.hpp"
 
 namespace Hilalor::Program {
 
@@ -19,8 +20,11 @@ class ScreenSurfaces final : public Surfaces {
                                                          std::optional<Advice> advice) override;
   [[nodiscard]] std::unique_ptr<Window> makeSettingsWindow(
       Updater* updater, std::function<void()> onWillClose) override;
+  [[nodiscard]] std::unique_ptr<Window> makePlaceWindow(std::function<void()> onWillClose) override;
 
  private:
+  [[nodiscard]] Screens::MapContext mapContext() const;
+
   const Platform& platform_;
   SharedObjects& objects_;
   std::filesystem::path appIcon_;

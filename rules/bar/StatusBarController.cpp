@@ -136,6 +136,7 @@ void StatusBarController::openCalendar(KeyboardAtOpening keyboard) {
       {
           .onSizeChange = [this](Size size) { resize(size); },
           .onOpenSettings = [this] { openSettings(); },
+          .onChoosePlace = [this] { choosePlace(); },
           .onDismiss = [this](Dismissal how) { closeForDismissal(how); },
       },
       advice());
@@ -230,9 +231,19 @@ void StatusBarController::openSettings() {
   settingsWindow_->makeKeyAndOrderFront();
 }
 
+void StatusBarController::choosePlace() {
+  if (!placeWindow_) {
+    placeWindow_ = context_.surfaces.makePlaceWindow([this] { placeWindow_.reset(); });
+    if (!placeWindow_) return;
+    placeWindow_->setAppearance(appearance(settings_.theme));
+  }
+  placeWindow_->makeKeyAndOrderFront();
+}
+
 void StatusBarController::applyTheme(AppTheme theme) {
   if (panel_) panel_->setAppearance(appearance(theme));
   if (settingsWindow_) settingsWindow_->setAppearance(appearance(theme));
+  if (placeWindow_) placeWindow_->setAppearance(appearance(theme));
 }
 
 }  // namespace Hilalor

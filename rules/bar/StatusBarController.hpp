@@ -54,6 +54,7 @@ class StatusBarController {
   void closeForPress(Point place);
   void stopWatchingAfterRelease();
   void closeForDismissal(Dismissal how);
+  void choosePlace();
   void applyTheme(AppTheme theme);
 
   BarContext context_;
@@ -69,6 +70,7 @@ class StatusBarController {
   std::unique_ptr<Timer> unwatching_;
   std::unique_ptr<Timer> reopening_;
   std::unique_ptr<Window> settingsWindow_;
+  std::unique_ptr<Window> placeWindow_;
   Updater* updater_;
   std::unique_ptr<Timer> timer_;
   unsigned ticks_ = 0;

@@ -45,6 +45,19 @@ Calendar AppSettings::hijriCalendar(const TimeZone& zone) const {
       .withHijriAhead(static_cast<int>(hijriDays.value()));
 }
 
+void AppSettings::choosePlace(LocationCoordinate coordinate, const std::string& name,
+                              const TimeZone& zone) {
+  manualLatitude = coordinate.latitude;
+  manualLongitude = coordinate.longitude;
+  manualLocationName = name;
+  manualTimeZoneId = zone.identifier();
+  locationMode = LocationMode::manual;
+}
+
+bool AppSettings::isPlaceKnown() const {
+  return manualCoordinate().has_value() || locationManager_.coordinate.value().has_value();
+}
+
 EffectiveLocation AppSettings::manualLocation() const {
   const auto coordinate = manualCoordinate();
   if (!coordinate) return fallbackLocation();

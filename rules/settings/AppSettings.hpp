@@ -100,6 +100,13 @@ class AppSettings : public Shared<AppSettings> {
   /// The place that the user set by hand; none until then.
   [[nodiscard]] std::optional<LocationCoordinate> manualCoordinate() const;
 
+  /// Makes the place the user's own, and the one that times are computed for.
+  void choosePlace(LocationCoordinate coordinate, const std::string& name, const TimeZone& zone);
+
+  /// Whether the user chose a place, or one was found for them. Until then the fallback is in
+  /// force without their having a say.
+  [[nodiscard]] bool isPlaceKnown() const;
+
   /// Where prayer times are computed for: the user's manual place or the location service's fix, as
   /// `locationMode` says, and Riyadh where the chosen source has nothing. Computed at every call.
   [[nodiscard]] EffectiveLocation effectiveLocation() const;

@@ -62,8 +62,10 @@ std::optional<Step> stepOf(const QKeyEvent& event) {
 }  // namespace
 
 CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
-                           std::function<void()> onOpenSettings, std::optional<Advice> advice)
+                           std::function<void()> onOpenSettings, std::optional<Advice> advice,
+                           std::function<void()> onChoosePlace)
     : context_(context),
+      onChoosePlace_(std::move(onChoosePlace)),
       settings_(context.settings),
       model_(settings_, Moment::at(context.clock.now())) {
   setFixedWidth(kWidth);
@@ -148,7 +150,7 @@ QWidget* CalendarView::hoverLine() {
 }
 
 QWidget* CalendarView::prayerTimes() {
-  auto* times = new PrayerTimesView(model_.listedMoment(), context_);
+  auto* times = new PrayerTimesView(model_.listedMoment(), context_, onChoosePlace_);
   atRedraw([this, times] { times->setDisplayDate(model_.listedMoment()); });
   return times;
 }

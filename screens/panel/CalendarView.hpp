@@ -21,9 +21,10 @@ namespace Hilalor::Screens {
 /// between the month's name and the buttons.
 class CalendarView final : public Ui::View {
  public:
-  /// `onSizeChange` is told the size that the panel wants; either may be empty.
+  /// `onSizeChange` is told the size that the panel wants; what is told may be empty.
   CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
-               std::function<void()> onOpenSettings, std::optional<Advice> advice = std::nullopt);
+               std::function<void()> onOpenSettings, std::optional<Advice> advice = std::nullopt,
+               std::function<void()> onChoosePlace = {});
   ~CalendarView() override;
 
   void setGreatestHeight(int height) override;
@@ -59,6 +60,7 @@ class CalendarView final : public Ui::View {
   void putAwayNote();
 
   PanelContext context_;
+  std::function<void()> onChoosePlace_;
   const AppSettings& settings_;
   PanelModel model_;
   DayGrid* days_ = nullptr;

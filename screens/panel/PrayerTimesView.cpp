@@ -18,6 +18,7 @@ constexpr Insets kHeaderPadding{.top = 2, .bottom = 2};
 constexpr TextStyle kGregorianStyle{.size = 11, .weight = QFont::Medium};
 constexpr TextStyle kHijriStyle{.size = 10, .color = &Colors::secondary};
 constexpr TextStyle kPlaceStyle{.size = 9, .color = &Colors::secondary, .opacity = 0.7};
+constexpr TextStyle kChooseStyle{.size = 11, .weight = QFont::DemiBold, .color = &Colors::accent};
 constexpr int kRowSpacing = 1;
 constexpr Insets kSunnahDividerPadding{.top = 2, .leading = 6, .bottom = 2, .trailing = 6};
 constexpr Insets kRowPadding{.top = 4, .leading = 6, .bottom = 4, .trailing = 6};
@@ -70,15 +71,17 @@ class PrayerRowView final : public View {
 
 }  // namespace
 
-PrayerTimesView::PrayerTimesView(Date displayDate, const PanelContext& context)
-    : clock_(context.clock),
+PrayerTimesView::PrayerTimesView(Date displayDate, const PanelContext& context,
+                                 std::function<void()> onChoosePlace)
+    : settings_(context.settings),
+      clock_(context.clock),
       loop_(context.loop),
       course_(context.settings),
       displayDate_(displayDate),
       now_(clock_.now()) {
   atRedraw([this] { prayers_ = prayerList(course_, displayDate_, now_); });
-  setBody(column({.spacing = kSpacing},
-                 {divider(kDividerInset), header(), divider(kDividerInset), prayerRows()}));
+  setBody(column({.spacing = kSpacing}, {divider(kDividerInset), header(std::move(onChoosePlace)),
+                                         divider(kDividerInset), prayerRows()}));
 
   const auto changed = [this](const auto&...) { setNeedsRedraw(); };
   changes_.push_back(context.settings.willChange.subscribe(changed));
@@ -100,7 +103,7 @@ void PrayerTimesView::setDisplayDate(Date displayDate) {
   redraw();
 }
 
-QWidget* PrayerTimesView::header() {
+QWidget* PrayerTimesView::header(std::function<void()> onChoosePlace) {
   const auto line = [this](const TextStyle& style, std::string PrayerList::*text) {
     return centred(
         liveText(style, [this, text] { return QString::fromStdString(prayers_.*text); }));
@@ -108,7 +111,23 @@ QWidget* PrayerTimesView::header() {
   return column(
       {.spacing = kHeaderSpacing, .padding = kHeaderPadding},
       {line(kGregorianStyle, &PrayerList::gregorianDate), line(kHijriStyle, &PrayerList::hijriDate),
-       line(kPlaceStyle, &PrayerList::placeName)});
+       onlyWhile([this] { return settings_.isPlaceKnown(); },
+                 line(kPlaceStyle, &PrayerList::placeName)),
+       onlyWhile([this] { return !settings_.isPlaceKnown(); }, place(std::move(onChoosePlace)))});
+}
+
+QWidget* PrayerTimesView::place(std::function<void()> onChoosePlace) {
+  auto* choose = new Button(
+      {},
+      [choose = std::move(onChoosePlace)] {
+        if (choose) choose();
+      },
+      ButtonLook::link);
+  atRedraw([this, choose] {
+    const auto text = QString::fromStdString(prayers_.placeName) + ": choose your place";
+    choose->setLabel({.text = text, .style = kChooseStyle});
+  });
+  return row({}, {flexibleSpace(), choose, flexibleSpace()});
 }
 
 QWidget* PrayerTimesView::prayerRows() {

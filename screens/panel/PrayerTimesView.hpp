@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,8 +16,10 @@ namespace Hilalor::Screens {
 /// that the highlight moves on while the list is shown.
 class PrayerTimesView final : public Ui::View {
  public:
-  /// Any moment of the day to show.
-  PrayerTimesView(Date displayDate, const PanelContext& context);
+  /// Any moment of the day to show. While no place is known the user is led to choose one, of which
+  /// `onChoosePlace` is told.
+  PrayerTimesView(Date displayDate, const PanelContext& context,
+                  std::function<void()> onChoosePlace);
   ~PrayerTimesView() override;
 
   void setDisplayDate(Date displayDate);
@@ -26,7 +29,8 @@ class PrayerTimesView final : public Ui::View {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  [[nodiscard]] QWidget* header();
+  [[nodiscard]] QWidget* header(std::function<void()> onChoosePlace);
+  [[nodiscard]] QWidget* place(std::function<void()> onChoosePlace);
   [[nodiscard]] QWidget* prayerRows();
   [[nodiscard]] QWidget* prayerRow(ListedTime listed);
 
@@ -34,6 +38,7 @@ class PrayerTimesView final : public Ui::View {
   [[nodiscard]] const PrayerRow* shownRow(ListedTime listed) const;
   void refreshNow();
 
+  const AppSettings& settings_;
   const Clock& clock_;
   RunLoop& loop_;
   PrayerCourse course_;

@@ -69,11 +69,20 @@ class FakeSurfaces final : public Surfaces {
     return made;
   }
 
+  [[nodiscard]] std::unique_ptr<Window> makePlaceWindow(
+      std::function<void()> onWillClose) override {
+    ++mapsMade;
+    auto made = std::make_unique<FakeWindow>(*this);
+    made->onWillClose = std::move(onWillClose);
+    return made;
+  }
+
   Size panelSize{260, 500};
   FakePanel* panel = nullptr;
   FakeWindow* settings = nullptr;
   int panelsMade = 0;
   int windowsMade = 0;
+  int mapsMade = 0;
 };
 
 class FakeScreens final : public ScreenService {

@@ -10,7 +10,11 @@ namespace {
 
 class PrayerTimesViewTest : public PanelTest {
  protected:
-  PrayerTimesViewTest() { settings().showCalendar = false; }
+  PrayerTimesViewTest() {
+    settings().showCalendar = false;
+    desktop.locationManager().coordinate.assign(LocationCoordinate{24.6877, 46.7219});
+    desktop.locationManager().locationName.assign("Riyadh");
+  }
 
   /// The names of the rows on the accent colour.
   [[nodiscard]] QStringList highlighted() const {
@@ -57,6 +61,27 @@ TEST_F(PrayerTimesViewTest, FollowsSettingsAndPlace) {
   settings().manualLatitude = 89;
   settle();
   EXPECT_EQ(texts().size(), 3) << "no rows in the polar night";
+}
+
+TEST_F(PrayerTimesViewTest, LeadsWhoNeverHadAPlaceToTheMap) {
+  auto& found = desktop.locationManager().coordinate;
+  found.assign(std::nullopt);
+  int asked = 0;
+  ScreenTest::show(std::make_unique<CalendarView>(panelContext(desktop), nullptr, nullptr,
+                                                  std::nullopt, [&] { ++asked; }));
+  const auto notice = [this] { return button("Riyadh: choose your place"); };
+  click(notice());
+  EXPECT_EQ(asked, 1);
+  EXPECT_FALSE(showsText("Riyadh"));
+  found.assign(LocationCoordinate{21.4, 39.8});
+  settle();
+  EXPECT_FALSE(notice());
+  EXPECT_TRUE(showsText("Riyadh"));
+  found.assign(std::nullopt);
+  settings().choosePlace({-6.2, 106.8}, "Jakarta", *TimeZone::named("Asia/Jakarta"));
+  settle();
+  EXPECT_FALSE(notice());
+  EXPECT_TRUE(showsText("Jakarta"));
 }
 
 TEST_F(PrayerTimesViewTest, LooksAtTheClockOnlyWhileItIsShown) {
