@@ -17,8 +17,8 @@ NOWHERE = {"locationMode": "automatic", "manualLatitude": 0.0, "manualLongitude"
            "manualLocationName": "", "manualTimeZoneId": ""}
 SHEET_WIDTH = 640
 
-# From the left and the bottom of the window at its end, and of the sheet.
-SET_MANUALLY, MAP_BUTTON = (85, 306), (85, 305)
+# From the left and the bottom of the window, scrolled to them, and of the sheet.
+SET_MANUALLY, MAP_BUTTON = (85, 230), (85, 229)
 CONFIRM = (589, 24)
 FIRST_FOUND = (497, 98)  # From its top.
 

@@ -22,9 +22,9 @@ from virtual_desktop.settings import HOLIDAYS, MENU_BAR_ICON, SettingsWindow
 SIZE = (380, 520)
 
 # Within the window once it is scrolled to its end, from the bottom.
-DARK = (296, 155)
+DARK = (296, 79)
 
-WHEEL_DOWN = "5"
+WHEEL_UP, WHEEL_DOWN = "4", "5"
 
 
 class Check:
@@ -100,11 +100,12 @@ class Check:
         self.program.end()
 
     def scroll(self):
-        """To the end."""
+        """To the theme and the place: the card below them takes nine turns of the wheel."""
         self.screen.point(centre(self.window.rect()))
         # The window manager's word of the other workspace lies over it for a while.
         wait_until(self.window.is_pointed_at, "the wheel is the window's")
-        self.session.ask("xdotool", "click", "--repeat", "40", "--delay", "5", WHEEL_DOWN)
+        for turns, wheel in (("40", WHEEL_DOWN), ("9", WHEEL_UP)):
+            self.session.ask("xdotool", "click", "--repeat", turns, "--delay", "5", wheel)
         self.window.picture()
 
     def survives_a_kill_right_after_a_click(self):
