@@ -31,7 +31,7 @@ struct PrayerTime {
 [[nodiscard]] Adhan::CalculationMethod adhanMethod(PrayerCalculationMethod method);
 
 /// The place as the engine has it.
-[[nodiscard]] constexpr Adhan::Coordinates adhanCoordinates(LocationCoordinate place) {
+[[nodiscard]] constexpr Adhan::Coordinates adhanCoordinates(const LocationCoordinate& place) {
   return {place.latitude, place.longitude};
 }
 
