@@ -21,7 +21,7 @@ constexpr double kScaleWhenGone = 0.9;
 
 }  // namespace
 
-Button::Button(ButtonLabel label, std::function<void()> action, ButtonLook look)
+Button::Button(const ButtonLabel& label, std::function<void()> action, ButtonLook look)
     : look_(look), presence_(1, [this] { update(); }) {
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);

@@ -29,7 +29,8 @@ enum class ButtonLook {
 /// A button that never takes the keyboard from another program when it is clicked.
 class Button final : public QAbstractButton {
  public:
-  Button(ButtonLabel label, std::function<void()> action, ButtonLook look = ButtonLook::plain);
+  Button(const ButtonLabel& label, std::function<void()> action,
+         ButtonLook look = ButtonLook::plain);
 
   void setLabel(const ButtonLabel& label);
 

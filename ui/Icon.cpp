@@ -178,8 +178,9 @@ int iconSide(int typeSize) {
 
 void paintIcon(QPainter& painter, Icon icon, const QRectF& rect, const QColor& color) {
   // An even side has its middle between two pixels, as the icons are drawn.
-  const int side = static_cast<int>(std::min(rect.width(), rect.height())) / 2 * 2;
-  const QPointF corner = rect.center() - QPointF(side / 2, side / 2);
+  const int half = static_cast<int>(std::min(rect.width(), rect.height())) / 2;
+  const int side = half * 2;
+  const QPointF corner = rect.center() - QPointF(half, half);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(std::floor(corner.x()), std::floor(corner.y()));

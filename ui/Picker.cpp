@@ -117,7 +117,8 @@ void GreenPickerButton::showMenu() {
   menu_->popup(button_->mapToGlobal(QPoint(-shadow, button_->height() - shadow)));
 }
 
-SegmentedPicker::SegmentedPicker(const QStringList& options, std::function<void(int)> onSelect) {
+SegmentedPicker::SegmentedPicker(const QStringList& options,
+                                 const std::function<void(int)>& onSelect) {
   auto* trough = new Trough;
   auto* segments = new QHBoxLayout(trough);
   segments->setContentsMargins({});

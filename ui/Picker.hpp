@@ -46,7 +46,7 @@ class GreenPickerButton final : public QWidget {
 /// Options side by side in one box, as wide as there is room, one of them chosen.
 class SegmentedPicker final : public QWidget {
  public:
-  SegmentedPicker(const QStringList& options, std::function<void(int)> onSelect);
+  SegmentedPicker(const QStringList& options, const std::function<void(int)>& onSelect);
 
   void setCurrent(int index);
 
