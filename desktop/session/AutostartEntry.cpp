@@ -124,9 +124,8 @@ std::string AutostartEntry::entry() const {
 }
 
 std::filesystem::path startedProgram() {
-  std::error_code error;
   const auto command = besideProgram("bin/hilalor");
-  return command.empty() ? std::filesystem::read_symlink("/proc/self/exe", error) : command;
+  return command.empty() ? programFile() : command;
 }
 
 std::vector<std::filesystem::path> systemAutostartFolders() {
