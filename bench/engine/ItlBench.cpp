@@ -11,8 +11,8 @@
 #include <array>
 #include <vector>
 
-#include "bench/Usage.hpp"
 #include "bench/engine/Workload.hpp"
+#include "tools/Usage.hpp"
 
 namespace {
 

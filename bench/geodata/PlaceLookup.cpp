@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "bench/Usage.hpp"
 #include "desktop/geodata/PlaceDatabase.hpp"
 #include "desktop/geodata/ZoneDatabase.hpp"
+#include "tools/Usage.hpp"
 
 namespace {
 

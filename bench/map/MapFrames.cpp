@@ -14,13 +14,13 @@
 #include <string>
 #include <vector>
 
-#include "bench/Usage.hpp"
 #include "desktop/place/OfflineAtlas.hpp"
 #include "desktop/process/Resources.hpp"
 #include "screens/map/MapPickerView.hpp"
 #include "screens/map/MapView.hpp"
 #include "tests/fakes/Parts.hpp"
 #include "tests/fakes/ScreenContexts.hpp"
+#include "tools/Usage.hpp"
 
 namespace {
 

@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "bench/Usage.hpp"
 #include "datetime/DateFormatter.hpp"
 #include "rules/bar/StatusBarController.hpp"
 #include "rules/prayer/PrayerCourse.hpp"
@@ -18,6 +17,7 @@
 #include "rules/prayer/PrayerTimesCalculator.hpp"
 #include "tests/fakes/FakePlatform.hpp"
 #include "tests/fakes/SystemTimeZone.hpp"
+#include "tools/Usage.hpp"
 #include "tools/course/TrueCourse.hpp"
 
 namespace Course {
