@@ -22,14 +22,25 @@ constexpr double kTownKm = 12;
 constexpr double kFarTownKm = 35;
 constexpr double kAreaKm = 300;
 
-// What a match is worth beside the town's size, in the tenths of a doubling of its people.
-constexpr int kWholeName = 60;
-constexpr int kOwnName = 20;
+// What a match is worth beside the town's size, in the tenths of a doubling of its people. A name
+// that begins so goes before one in which a later word does, be that town a thousand times as
+// large.
+constexpr int kHoly = 200;
+constexpr int kStartOfName = 100;
+constexpr int kWholeName = 80;
+constexpr int kCapital = 60;
+constexpr int kOwnName = 60;
 
 double radiusKm(const PlaceTable::Record& record) {
   if (record.populationClass == 0) return kRadiusOfUnknownKm;
   const double squareKm = record.population() / kPeoplePerSquareKm;
   return std::min(kLargestRadiusKm, std::sqrt(squareKm / std::numbers::pi));
+}
+
+int worth(const PlaceNames::Match& match, const PlaceTable::Standing& place) {
+  return place.populationClass + (place.isHoly ? kHoly : 0) + (match.isStart ? kStartOfName : 0) +
+         (match.isWhole ? kWholeName : 0) + (place.isCapital ? kCapital : 0) +
+         (match.isOwnName ? kOwnName : 0);
 }
 
 bool contains(const PlaceTable::Countries& countries, std::uint32_t country) {
@@ -120,9 +131,7 @@ std::vector<Place> PlaceDatabase::search(std::string_view text, std::size_t limi
   };
   std::vector<Ranked> ranked;
   for (const auto& match : names_.search(text)) {
-    const int rank = table_.populationClass(match.place) + (match.isWhole ? kWholeName : 0) +
-                     (match.isOwnName ? kOwnName : 0);
-    ranked.push_back({rank, match.place});
+    ranked.push_back({worth(match, table_.standing(match.place)), match.place});
   }
   std::sort(ranked.begin(), ranked.end(), [](const Ranked& one, const Ranked& other) {
     return std::tie(other.rank, one.number) < std::tie(one.rank, other.number);

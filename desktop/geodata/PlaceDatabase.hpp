@@ -52,7 +52,8 @@ class PlaceDatabase {
                                                          std::string_view zone) const;
 
   /// The places with a name of which a word begins like the text, whatever its letter case and
-  /// diacritics, also in the Arabic script; the largest and best matching first.
+  /// diacritics, also in the Arabic script. Names that begin so come first, and of those the holy
+  /// cities, then capitals and large towns.
   [[nodiscard]] std::vector<Place> search(std::string_view text, std::size_t limit) const;
 
   /// The most prominent places in the square, the first of them first.

@@ -1,6 +1,7 @@
 #include "desktop/geodata/PlaceNames.hpp"
 
 #include <algorithm>
+#include <array>
 
 #include "desktop/geodata/Bisection.hpp"
 #include "desktop/geodata/PlaceFile.hpp"
@@ -54,10 +55,12 @@ std::vector<PlaceNames::Match> PlaceNames::search(std::string_view text) const {
       longer, count, [&](std::size_t entry) { return entryName(entry).starts_with(key); });
   matches.reserve(last - first);
   for (std::size_t entry = first; entry < last; ++entry) {
-    const auto [number, isStart] = positionAt(index_.u24(kEntrySize * entry));
+    const std::uint32_t offset = index_.u24(kEntrySize * entry);
+    const auto [number, before] = positionAt(offset);
     const bool isOwn = number < placeCount_;
     const auto place = isOwn ? number : others_.u24(kOtherSize * (number - placeCount_));
-    matches.push_back({place, isOwn, isStart && entry < longer});
+    const bool isStart = before == 0 || isArticle(names_.text(offset - before).substr(0, before));
+    matches.push_back({place, isOwn, before == 0 && entry < longer, isStart});
   }
   return matches;
 }
@@ -75,7 +78,16 @@ PlaceNames::Position PlaceNames::positionAt(std::uint32_t offset) const {
     begin = next;
     ++number;
   }
-  return {number, begin == offset};
+  return {number, offset - static_cast<std::uint32_t>(begin)};
+}
+
+bool PlaceNames::isArticle(std::string_view text) const {
+  constexpr std::size_t kLongest = 6;
+  if (text.size() > kLongest) return false;
+  // The Arabic one takes the sound of the letter after it.
+  static constexpr std::array<std::string_view, 13> kArticles{
+      "al", "ad", "an", "ar", "as", "at", "az", "adh", "ash", "ath", "el", "the", "ال"};
+  return std::ranges::find(kArticles, folding_.folded(text)) != kArticles.end();
 }
 
 }  // namespace Hilalor::Desktop

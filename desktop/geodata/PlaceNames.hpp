@@ -25,6 +25,7 @@ class PlaceNames {
     std::uint32_t place = 0;
     bool isOwnName = false;  ///< And not one of its others.
     bool isWhole = false;    ///< The name has nothing else.
+    bool isStart = false;    ///< Nothing but an article stands before it.
   };
 
   /// The names, places' own and others, of which a word begins like the text once both are folded.
@@ -33,9 +34,10 @@ class PlaceNames {
  private:
   struct Position {
     std::uint32_t number;  // of the name: the places' own come first, then the others
-    bool isStart;
+    std::uint32_t before;  // in the name, in bytes
   };
   [[nodiscard]] Position positionAt(std::uint32_t offset) const;
+  [[nodiscard]] bool isArticle(std::string_view text) const;
 
   std::uint32_t placeCount_;
   Section steps_;

@@ -20,6 +20,8 @@ constexpr std::size_t kCountrySize = 8;
 constexpr std::size_t kAreaSize = 8;
 constexpr std::size_t kZoneSize = 8;
 constexpr std::size_t kRecordSize = 8;
+constexpr unsigned kCapital = 2;
+constexpr unsigned kHoly = 8;
 
 // People without a rank of their own: so many doublings make up for all ranks.
 constexpr double kDoublingsOfRanks = 25;
@@ -121,8 +123,10 @@ PlaceTable::Record PlaceTable::recordAt(std::uint32_t number, std::uint32_t cell
           records_.u8(offset + 7)};
 }
 
-std::uint8_t PlaceTable::populationClass(std::uint32_t number) const {
-  return records_.u8(kRecordSize * number + 6);
+PlaceTable::Standing PlaceTable::standing(std::uint32_t number) const {
+  const std::size_t offset = kRecordSize * number;
+  const unsigned flags = records_.u8(offset + 7);
+  return {records_.u8(offset + 6), (flags & kCapital) != 0, (flags & kHoly) != 0};
 }
 
 PlaceTable::Area PlaceTable::area(std::uint16_t number) const {

@@ -53,8 +53,15 @@ class PlaceTable {
   /// The place of that number; none beyond the count.
   [[nodiscard]] std::optional<Record> record(std::uint32_t number) const;
 
-  /// The same as in its record; 0 beyond the count.
-  [[nodiscard]] std::uint8_t populationClass(std::uint32_t number) const;
+  /// Why people look for a place.
+  struct Standing {
+    std::uint8_t populationClass = 0;  ///< As in its record.
+    bool isCapital = false;            ///< Of its country.
+    bool isHoly = false;               ///< Makkah, Madinah and Jerusalem.
+  };
+
+  /// None of it beyond the count.
+  [[nodiscard]] Standing standing(std::uint32_t number) const;
 
   [[nodiscard]] Area area(std::uint16_t number) const;
   /// Empty beyond the last country.

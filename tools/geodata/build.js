@@ -8,6 +8,7 @@ import { withSections } from './places/citySections.js';
 import { corrected, readCorrections } from './places/corrections.js';
 import { countriesOfZones, readZoneTable } from './places/countries.js';
 import { readGazetteers, readNaturalEarthTowns } from './places/gazetteers.js';
+import { withHolyCities } from './places/holyCities.js';
 import { landMaskSections } from './places/landMask.js';
 import { mergedPlaces } from './places/merge.js';
 import { missingTowns, withRanks } from './places/naturalEarth.js';
@@ -31,7 +32,8 @@ async function places(states) {
     `${packages}/usr/share/magics/10m/ne_10m_populated_places_simple.dbf`);
   const ranked = withRanks(mergedPlaces(gazetteers), towns);
   const missing = missingTowns(ranked, towns, gazetteers.areas, states);
-  const all = withSections(corrected([...ranked, ...missing], readCorrections()));
+  const right = corrected([...ranked, ...missing], readCorrections());
+  const all = withHolyCities(withSections(right));
   const polygons = states.flatMap((state) => state.polygons);
   return placeFile({
     places: all,

@@ -120,9 +120,15 @@ TEST_F(PlaceDatabaseTest, FindsPlacesByTheNamesThatPeopleUse) {
   }
 }
 
-TEST_F(PlaceDatabaseTest, FindsByTheBeginningOfAnyLongWordLargestFirst) {
+TEST_F(PlaceDatabaseTest, FindsByTheBeginningOfAnyLongWordTheLikeliestFirst) {
   EXPECT_THAT(found("janeir", 5), Contains("Rio de Janeiro, Brazil"));
+  // The larger of two, holy cities, a capital, the start of a name; an article does not count.
   EXPECT_THAT(found("tripoli", 2), ElementsAre("Tripoli, Libya", "Tripoli, Lebanon"));
+  EXPECT_THAT(found("med", 2), ElementsAre("Madinah, Saudi Arabia", "Medan, Indonesia"));
+  EXPECT_THAT(found("jer", 1), ElementsAre("Jerusalem, Israel"));
+  EXPECT_THAT(found("ka", 1), ElementsAre("Kabul, Afghanistan"));
+  EXPECT_THAT(found("york", 1), ElementsAre("York, United Kingdom"));
+  EXPECT_THAT(found("buraymi", 1), ElementsAre("Al Buraymī, Oman"));
   EXPECT_TRUE(found("qqqq", 5).empty());
   EXPECT_TRUE(found(" -'", 5).empty());
   EXPECT_TRUE(found("\xFF\xC3", 5).empty());

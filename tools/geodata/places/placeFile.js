@@ -12,7 +12,7 @@ const UNITS_PER_DEGREE = 65536;
 /** One name in so many has its offset written down; those after it are found by walking. */
 const NAMES_PER_STEP = 16;
 
-const FLAG = { section: 1, capital: 2, areaSeat: 4 };
+const FLAG = { section: 1, capital: 2, areaSeat: 4, holy: 8 };
 const NO_RANK = 15;
 const NO_COUNTRY = 0xff;
 const COUNTRIES_PER_ZONE = 4;
@@ -150,9 +150,9 @@ function populationClass(population) {
   return Math.min(255, Math.max(1, Math.round(Math.log2(population) * 10)));
 }
 
-function flagsOf({ isSection, feature, rank }) {
+function flagsOf({ isSection, isHoly, feature, rank }) {
   const flags = (isSection ? FLAG.section : 0) | (feature === 'PPLC' ? FLAG.capital : 0) |
-    (feature === 'PPLA' ? FLAG.areaSeat : 0);
+    (feature === 'PPLA' ? FLAG.areaSeat : 0) | (isHoly ? FLAG.holy : 0);
   return flags | (Math.min(rank ?? NO_RANK, NO_RANK) << 4);
 }
 
