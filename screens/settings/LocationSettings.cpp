@@ -43,7 +43,9 @@ bool LocationSettings::event(QEvent* event) {
 }
 
 void LocationSettings::lookAgain() {
-  // Who has been there wants to be asked, however often they refused.
+  // Who chose a place by hand is not asked for the machine's.
+  if (settings_.locationMode != LocationMode::automatic) return;
+  // Who has been in the desktop's settings wants to be asked, however often they refused.
   if (std::exchange(isPaneOpened_, false)) locationManager_.manager.requestWhenInUseAuthorization();
   locationManager_.lookAgain();
 }
@@ -127,7 +129,7 @@ void LocationSettings::showMap() {
       new MapPickerView(context_.map, settings_.manualCoordinate(),
                         [this](LocationCoordinate coordinate, const std::string& name,
                                const TimeZone& timeZone) { take(coordinate, name, timeZone); });
-  // Its own, until it is closed.
+  // The sheet deletes itself when it is closed.
   auto* sheet = new Sheet(*window(), map);
   sheet->open();
 }

@@ -70,14 +70,16 @@ TEST_F(LocationSettingsTest, AsksForAccessAndOpensTheDesktopsSettings) {
   click(button("Open System Settings →"));
   EXPECT_THAT(desktop.workspace.panes, ElementsAre(SettingsPane::locationPrivacy));
 
-  // Back from the desktop's settings, and a second time from elsewhere.
+  // Back from the desktop's settings, a second time from elsewhere, and with a place of their own.
   const int asked = desktop.location.asksAgain;
-  for (const int looks : {1, 2}) {
+  for (const int looks : {1, 2, 2}) {
     QEvent back(QEvent::WindowActivate);
     QApplication::sendEvent(screen.get(), &back);
     EXPECT_EQ(desktop.location.authorizationRequests, 2);
     EXPECT_EQ(desktop.location.asksAgain, asked + looks);
+    if (looks == 2) settings().locationMode = LocationMode::manual;
   }
+  settings().locationMode = LocationMode::automatic;
   desktop.location.report(AuthorizationStatus::authorizedAlways);
   settle();
   EXPECT_EQ(lines(), QStringList{"Detecting location…"});
