@@ -192,7 +192,8 @@ int main(int argc, char* argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
 
   LinuxApplication application;
-  if (!application.becomeTheRunningCopy()) return EXIT_SUCCESS;
+  if (!application.becomeTheRunningCopy(LinuxApplication::kPatienceWithAnother))
+    return EXIT_SUCCESS;
   const LinuxDesktop desktop(application);
   SharedObjects objects(desktop.platform());
   ScreenSurfaces surfaces(desktop.platform(), objects, resourceFolder() / "AppIcon.png");

@@ -69,9 +69,12 @@ void noteSignal(int) {
   [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
 }
 
-// How long a copy that has the name, but does not answer, is waited for.
-constexpr std::chrono::seconds kPatienceWithAnother{10};
 constexpr unsigned long kMillisecondsBetweenTries = 50;
+constexpr unsigned kSecondsToEnd = 30;
+
+void endAtOnce(int) {
+  _exit(EXIT_SUCCESS);
+}
 
 bool isRunning = false;
 
@@ -111,20 +114,21 @@ LinuxApplication::~LinuxApplication() {
     close(std::exchange(end, -1));
 }
 
-bool LinuxApplication::becomeTheRunningCopy() {
+bool LinuxApplication::becomeTheRunningCopy(std::chrono::seconds patienceWithAnother) {
   if (sessionBusAddress().empty()) return true;
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return true;
   named_ = bus;
   bus.registerObject(kBusPath, this);
-  const QDeadlineTimer patience(kPatienceWithAnother);
+  const QDeadlineTimer patience(patienceWithAnother);
   while (true) {
     const auto reply = bus.interface()->registerService(kProgramId);
     if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
       return true;
     }
-    if (showRunningCopy(bus) || patience.hasExpired()) return false;
-    // One that is ending answers no more, and is gone in a moment.
+    const auto answer = showRunningCopy(bus);
+    if (answer == CopyAnswer::done) return false;
+    if (answer == CopyAnswer::none && patience.hasExpired()) return false;
     QThread::msleep(kMillisecondsBetweenTries);
   }
 }
@@ -153,8 +157,10 @@ void LinuxApplication::terminate() {
   // SIGHUP may come right behind SIGTERM when a session ends, and hurries nobody.
   for (const int number : {SIGTERM, SIGINT})
     signal(number, SIG_DFL);
-  // Who wants to start a copy from now on is to wait for the end of this one.
+  // Who wants to start a copy from now on waits for the end of this one, which is to come.
   if (named_) named_->unregisterObject(kBusPath);
+  signal(SIGALRM, endAtOnce);
+  alarm(kSecondsToEnd);
   QCoreApplication::exit(EXIT_SUCCESS);
 }
 

@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QObject>
 #include <QSocketNotifier>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,8 +16,8 @@
 namespace Hilalor::Desktop {
 
 /// The program on the session bus and among the processes: one copy a session, ended by SIGTERM,
-/// SIGINT, SIGHUP and the end of the session with status 0. A second SIGTERM or SIGINT ends it even
-/// where the first got stuck. Needs a QApplication. Main thread.
+/// SIGINT, SIGHUP and the end of the session with status 0. An end that got stuck is over after
+/// half a minute, and by a second SIGTERM or SIGINT at once. Needs a QApplication. Main thread.
 class LinuxApplication final : public QObject, public Application {
   Q_OBJECT
 
@@ -24,10 +25,13 @@ class LinuxApplication final : public QObject, public Application {
   LinuxApplication();
   ~LinuxApplication() override;
 
+  /// How long a copy that has the name, but does not answer, is waited for.
+  static constexpr std::chrono::seconds kPatienceWithAnother{10};
+
   /// Takes the program's name on the session bus. False when another copy has it; that copy was
-  /// then asked to show itself. One that is just ending is waited for. True where there is no
-  /// session bus to ask.
-  [[nodiscard]] bool becomeTheRunningCopy();
+  /// then asked to show itself. One that is ending is waited for, however long that takes it. True
+  /// where there is no session bus to ask.
+  [[nodiscard]] bool becomeTheRunningCopy(std::chrono::seconds patienceWithAnother);
 
   /// Takes the name again when the bus was lost and another has come. Should a copy have started
   /// in between, this one ends. The bus must live as long as its changes are to be heard.

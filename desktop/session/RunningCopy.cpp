@@ -1,5 +1,6 @@
 #include "desktop/session/RunningCopy.hpp"
 
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QVariantList>
 #include <QVariantMap>
@@ -10,26 +11,30 @@
 namespace Hilalor::Desktop {
 namespace {
 
-bool answers(const QDBusConnection& bus, const char* method, const QVariantList& before) {
+CopyAnswer ask(const QDBusConnection& bus, const char* method, const QVariantList& before) {
   auto call = QDBusMessage::createMethodCall(kProgramId, kBusPath, kApplicationInterface, method);
   call.setArguments(before + QVariantList{QVariantMap{{kTokenKey, qEnvironmentVariable(kToken)}}});
   call.setAutoStartService(false);
   constexpr int kMillisecondsToAnswer = 1000;
-  return bus.call(call, QDBus::Block, kMillisecondsToAnswer).type() == QDBusMessage::ReplyMessage;
+  const auto reply = bus.call(call, QDBus::Block, kMillisecondsToAnswer);
+  if (reply.type() == QDBusMessage::ReplyMessage) return CopyAnswer::done;
+  for (const auto goes : {QDBusError::UnknownObject, QDBusError::ServiceUnknown})
+    if (reply.errorName() == QDBusError::errorString(goes)) return CopyAnswer::isEnding;
+  return CopyAnswer::none;
 }
 
 }  // namespace
 
-bool showRunningCopy(const QDBusConnection& bus) {
-  return answers(bus, "Activate", {});
+CopyAnswer showRunningCopy(const QDBusConnection& bus) {
+  return ask(bus, "Activate", {});
 }
 
 bool tellRunningCopy(std::string_view word) {
   if (sessionBusAddress().empty()) return false;
   const auto bus = QDBusConnection::sessionBus();
-  if (word == "panel") return showRunningCopy(bus);
+  if (word == "panel") return showRunningCopy(bus) == CopyAnswer::done;
   const auto action = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
-  return answers(bus, "ActivateAction", {action, QVariantList()});
+  return ask(bus, "ActivateAction", {action, QVariantList()}) == CopyAnswer::done;
 }
 
 }  // namespace Hilalor::Desktop

@@ -20,10 +20,17 @@ inline constexpr const char* kQuitAction = "quit";
 inline const QString kTokenKey = QStringLiteral("activation-token");
 inline constexpr const char* kToken = "XDG_ACTIVATION_TOKEN";
 
-/// Asks the running copy to show itself. Whether it does. Waits for the answer.
-[[nodiscard]] bool showRunningCopy(const QDBusConnection& bus);
+/// What becomes of a word to the running copy.
+enum class CopyAnswer {
+  done,
+  isEnding,  ///< There is none, or it answers no more and will let go of the name.
+  none,      ///< It does not answer within a second.
+};
 
-/// Asks the running copy for "panel", "settings" or "quit", and starts none. Whether it does.
+/// Asks the running copy to show itself. Waits for the answer.
+[[nodiscard]] CopyAnswer showRunningCopy(const QDBusConnection& bus);
+
+/// Asks the running copy for "panel", "settings" or "quit", and starts none. True if it obeys.
 /// Waits for the answer; needs no display.
 [[nodiscard]] bool tellRunningCopy(std::string_view word);
 
