@@ -132,7 +132,7 @@ void ScrollColumn::followRange() {
 }
 
 Sheet::Sheet(QWidget& owner, QWidget* content) : QDialog(&owner, Qt::Sheet) {
-  setWindowTitle(owner.window()->windowTitle());
+  setWindowTitle(content->windowTitle());
   setWindowModality(Qt::WindowModal);
   setAttribute(Qt::WA_DeleteOnClose);
   // Light or dark as its owner is.

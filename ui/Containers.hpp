@@ -48,7 +48,7 @@ class ScrollColumn final : public QScrollArea {
 };
 
 /// A screen over another window, which waits until it has closed. Deletes itself then. Light or
-/// dark as that window.
+/// dark as that window, and titled as its content.
 class Sheet final : public QDialog {
  public:
   Sheet(QWidget& owner, QWidget* content);

@@ -1,7 +1,12 @@
 #include "ui/Text.hpp"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
+#include <cmath>
+
+#include "ui/Columns.hpp"
+#include "ui/PlainToolTip.hpp"
 
 namespace Hilalor::Ui {
 
@@ -33,6 +38,8 @@ void Text::fadeTo(double opacity, std::chrono::milliseconds duration) {
 }
 
 QSize Text::sizeHint() const {
+  if (style_.figures == Figures::columns)
+    return {static_cast<int>(std::ceil(widthInColumns(font(), text()))), fontMetrics().height()};
   return fontMetrics().size(0, text());
 }
 
@@ -41,14 +48,28 @@ QSize Text::minimumSizeHint() const {
 }
 
 int Text::heightForWidth(int width) const {
+  const bool isOneLine =
+      style_.overflow == Overflow::ellipsis || style_.figures == Figures::columns;
+  if (isOneLine) return fontMetrics().height();
   const QRect room(0, 0, width, QWIDGETSIZE_MAX);
   return fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height();
+}
+
+bool Text::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && style_.overflow == Overflow::ellipsis) {
+    const bool isCut = sizeHint().width() > width();
+    setPlainToolTip(*this, isCut ? text() : QString());
+  }
+  return QLabel::event(event);
 }
 
 void Text::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(faded(Colors::of(*this).*style_.color, style_.opacity * presence_.value()));
-  painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWordWrap, text());
+  if (style_.figures == Figures::columns) return drawInColumns(painter, rect(), text());
+  const bool wraps = style_.overflow == Overflow::wrap;
+  painter.drawText(rect(), static_cast<int>(alignment()) | (wraps ? Qt::TextWordWrap : 0),
+                   wraps ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, width()));
 }
 
 }  // namespace Hilalor::Ui

@@ -7,8 +7,8 @@
 
 namespace Hilalor::Ui {
 
-/// A text. As wide as it is on one line where there is room, broken between words where there is
-/// not.
+/// A text. As wide as it is on one line where there is room; where there is not, broken between
+/// words or with an ellipsis at its end.
 class Text final : public QLabel {
  public:
   explicit Text(const TextStyle& style, const QString& text = {});
@@ -24,6 +24,7 @@ class Text final : public QLabel {
   [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -23,7 +23,7 @@ constexpr TextStyle kHeaderStyle{.size = 13};
 constexpr int kFooterSpacing = 12;
 constexpr int kStatusSpacing = 6;
 constexpr int kStatusTypeSize = 12;
-constexpr TextStyle kStatusStyle{.size = kStatusTypeSize};
+constexpr TextStyle kStatusStyle{.size = kStatusTypeSize, .overflow = Overflow::ellipsis};
 constexpr TextStyle kHintStyle{.size = kStatusTypeSize, .color = &Colors::secondary};
 // A small indicator is 16 pixels wide; this one is scaled to seven tenths.
 constexpr int kIndicatorSide = 11;
@@ -46,6 +46,7 @@ MapPickerView::MapPickerView(const MapContext& context,
                              OnConfirm onConfirm)
     : context_(context), onConfirm_(std::move(onConfirm)), pinCoordinate_(initialCoordinate) {
   setFixedSize(kSize);
+  setWindowTitle(QStringLiteral("Choose Location"));
   setBody(column({}, {headerBar(), divider(), map(initialCoordinate), divider(), footerBar()}));
   redraw();
 }

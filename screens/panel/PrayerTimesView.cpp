@@ -17,7 +17,8 @@ constexpr int kHeaderSpacing = 2;
 constexpr Insets kHeaderPadding{.top = 2, .bottom = 2};
 constexpr TextStyle kGregorianStyle{.size = 11, .weight = QFont::Medium};
 constexpr TextStyle kHijriStyle{.size = 10, .color = &Colors::secondary};
-constexpr TextStyle kPlaceStyle{.size = 9, .color = &Colors::secondary, .opacity = 0.7};
+constexpr TextStyle kPlaceStyle{
+    .size = 9, .color = &Colors::secondary, .opacity = 0.7, .overflow = Overflow::ellipsis};
 constexpr TextStyle kChooseStyle{.size = 11, .weight = QFont::DemiBold, .color = &Colors::accent};
 constexpr int kRowSpacing = 1;
 constexpr Insets kSunnahDividerPadding{.top = 2, .leading = 6, .bottom = 2, .trailing = 6};
@@ -44,8 +45,10 @@ class PrayerRowView final : public View {
 
   void show(const PrayerRow& row) {
     isActive_ = row.isActive;
-    for (Text* text : {name_, time_})
-      text->setStyle(rowStyle(row));
+    TextStyle style = rowStyle(row);
+    name_->setStyle(style);
+    style.figures = Figures::columns;
+    time_->setStyle(style);
     const auto name = displayName(row.listed);
     name_->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     time_->setText(QString::fromStdString(row.time));
@@ -65,7 +68,7 @@ class PrayerRowView final : public View {
 
  private:
   Text* name_ = new Text({.size = kRowTypeSize});
-  Text* time_ = new Text({.size = kRowTypeSize});
+  Text* time_ = new Text({.size = kRowTypeSize, .figures = Figures::columns});
   bool isActive_ = false;
 };
 

@@ -15,7 +15,6 @@ from settings_on_desktop import Check
 
 NOWHERE = {"locationMode": "automatic", "manualLatitude": 0.0, "manualLongitude": 0.0,
            "manualLocationName": "", "manualTimeZoneId": ""}
-SHEET_WIDTH = 640
 
 # From the left and the bottom of the window, scrolled to them, and of the sheet.
 SET_MANUALLY, MAP_BUTTON = (85, 230), (85, 229)
@@ -57,8 +56,8 @@ class PlaceByName(Check):
         self.program.end()
 
     def sheet(self):
-        return next((window.rect for window in self.window.windows()
-                     if window.rect.width == SHEET_WIDTH), None)
+        return next((window.rect for window in self.screen.windows()
+                     if window.title == "Choose Location" and self.screen.is_shown(window)), None)
 
     def click_above_bottom(self, frame, place):
         self.screen.click((frame.x + place[0], frame.y + frame.height - place[1]))

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QTest>
 
 #include "tests/fakes/Parts.hpp"
@@ -61,6 +62,28 @@ TEST(Text, BreaksBetweenWordsWhereThereIsNoRoom) {
   const QSize oneLine = text.sizeHint();
   EXPECT_EQ(text.heightForWidth(oneLine.width()), oneLine.height());
   EXPECT_GT(text.heightForWidth(oneLine.width() * 2 / 3), oneLine.height());
+}
+
+TEST(Text, TellsTheWholeOfWhatIsCut) {
+  Text text({.size = 10, .overflow = Overflow::ellipsis}, QStringLiteral("Medina <b>, Arabia"));
+  const QSize whole = text.sizeHint();
+  EXPECT_EQ(text.heightForWidth(whole.width() / 2), text.heightForWidth(whole.width()));
+  const auto told = [&text](int width) {
+    text.resize(width, text.height());
+    QHelpEvent asked(QEvent::ToolTip, {}, {});
+    QCoreApplication::sendEvent(&text, &asked);
+    return text.accessibleDescription();
+  };
+  EXPECT_EQ(told(whole.width() - 1), text.text());
+  EXPECT_EQ(told(whole.width()), QString());
+}
+
+TEST(Text, TimesStandInColumns) {
+  Text text({.size = 11, .figures = Figures::columns}, QStringLiteral("11:11 AM"));
+  const int width = text.sizeHint().width();
+  text.setStyle({.size = 11, .weight = QFont::DemiBold, .figures = Figures::columns});
+  text.setText(QStringLiteral("08:40 PM"));
+  EXPECT_EQ(text.sizeHint().width(), width);
 }
 
 TEST(Grid, CellsStandInColumnsOfOneWidth) {

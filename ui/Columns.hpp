@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+class QFont;
+class QPainter;
+class QRectF;
+
+namespace Hilalor::Ui {
+
+/// Times of the day that stand below each other in whatever font: each digit is as wide as the
+/// widest one, what follows them ends where "AM" and "PM" do, and all that in regular type as in
+/// bold.
+
+/// In logical pixels.
+[[nodiscard]] double widthInColumns(const QFont& font, const QString& time);
+
+/// In the painter's font and pen, to the rectangle's right edge and in the middle of its height.
+void drawInColumns(QPainter& painter, const QRectF& rect, const QString& time);
+
+}  // namespace Hilalor::Ui
