@@ -16,6 +16,7 @@
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
 #include "desktop/panel/ColorSchemeSetting.hpp"
 #include "desktop/panel/LinuxMouseMonitor.hpp"
+#include "desktop/panel/MotionSetting.hpp"
 #include "desktop/place/GeoClueLocationService.hpp"
 #include "desktop/place/OfflineAtlas.hpp"
 #include "desktop/place/OfflineGeocoder.hpp"
@@ -27,6 +28,7 @@
 #include "desktop/session/BusProbe.hpp"
 #include "desktop/session/LinuxApplication.hpp"
 #include "desktop/session/LinuxWorkspace.hpp"
+#include "desktop/session/PortalSettings.hpp"
 #include "desktop/session/RunningCopy.hpp"
 #include "desktop/session/SessionBus.hpp"
 #include "desktop/sound/LinuxSoundService.hpp"
@@ -88,7 +90,7 @@ std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
 // How this desktop answers everything that is asked of it.
 class LinuxDesktop {
  public:
-  explicit LinuxDesktop(LinuxApplication& application)
+  LinuxDesktop(LinuxApplication& application, Ui::PopUpStyle& style)
       : platform_{.application = application,
                   .clock = clock_,
                   .loop = loop_,
@@ -105,6 +107,8 @@ class LinuxDesktop {
                   .updater = updater_.get(),
                   .loginEntry = isConfined() ? nullptr : &loginEntry_,
                   .soundFolders = soundFolders()} {
+    followColorScheme(portal_);
+    followMotion(portal_, style);
     application.remainTheRunningCopy(sessionBus_);
     LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
     if (!defaults_.isRead()) contactLaterIfAsked();
@@ -135,7 +139,7 @@ class LinuxDesktop {
   LinuxStatusBar statusBar_{loop_, sessionBus_, defaults_, resourceFolder() / "item"};
   LinuxScreens screens_;
   LinuxMouseMonitor mouse_;
-  ColorSchemeSetting colorScheme_{sessionBus_};
+  PortalSettings portal_{sessionBus_};
   GeoClueLocationService location_{QDBusConnection::systemBus(), loop_, firstContact(defaults_)};
   OfflineGeocoder geocoder_{resourceFolder() / "geodata", loop_};
   OfflineAtlas atlas_{resourceFolder() / "geodata", loop_};
@@ -186,7 +190,8 @@ int main(int argc, char* argv[]) {
   qInstallMessageHandler(sayMessages);
   buses.reset();
   if (isChosen) forgetChoice();
-  QApplication::setStyle(new Ui::PopUpStyle(&hasCompositor));
+  auto* style = new Ui::PopUpStyle({&hasCompositor, &settingsManagerAnimates});
+  QApplication::setStyle(style);
   QApplication::setApplicationName("hilalor");
   QApplication::setDesktopFileName(kProgramId);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -194,7 +199,7 @@ int main(int argc, char* argv[]) {
   LinuxApplication application;
   if (!application.becomeTheRunningCopy(LinuxApplication::kPatienceWithAnother))
     return EXIT_SUCCESS;
-  const LinuxDesktop desktop(application);
+  const LinuxDesktop desktop(application, *style);
   SharedObjects objects(desktop.platform());
   ScreenSurfaces surfaces(desktop.platform(), objects, resourceFolder() / "AppIcon.png");
   AppDelegate delegate({.platform = desktop.platform(),

@@ -13,11 +13,11 @@ QEasingCurve easeInOut() {
   return curve;
 }
 
+}  // namespace
+
 bool desktopAnimates() {
   return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 }
-
-}  // namespace
 
 Animation::Animation(double value, std::function<void()> step)
     : value_(value), goal_(value), step_(std::move(step)) {

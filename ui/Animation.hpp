@@ -6,6 +6,9 @@
 
 namespace Hilalor::Ui {
 
+/// Whether the desktop wants movement.
+[[nodiscard]] bool desktopAnimates();
+
 /// A number that moves to its goal with an ease-in-out curve, at once where the desktop wants no
 /// animations. Costs nothing at rest.
 class Animation {

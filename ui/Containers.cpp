@@ -7,6 +7,7 @@
 #include <QStyleOptionSlider>
 #include <QVBoxLayout>
 
+#include "ui/Animation.hpp"
 #include "ui/Colors.hpp"
 #include "ui/Shapes.hpp"
 #include "ui/Stack.hpp"
@@ -172,7 +173,7 @@ void ActivityIndicator::paintEvent(QPaintEvent*) {
 }
 
 void ActivityIndicator::showEvent(QShowEvent*) {
-  turning_.start();
+  if (desktopAnimates()) turning_.start();
 }
 
 void ActivityIndicator::hideEvent(QHideEvent*) {

@@ -99,8 +99,7 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& item, const Colors
 
 }  // namespace
 
-PopUpStyle::PopUpStyle(std::function<bool()> mixesWindows)
-    : mixesWindows_(std::move(mixesWindows)) {}
+PopUpStyle::PopUpStyle(Desktop desktop) : desktop_(std::move(desktop)) {}
 
 int PopUpStyle::shadowOf(const QWidget& popUp) {
   if (!popUp.testAttribute(Qt::WA_TranslucentBackground)) return 0;
@@ -110,7 +109,7 @@ int PopUpStyle::shadowOf(const QWidget& popUp) {
 void PopUpStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   if (!isPopUp(widget)) return;
-  widget->setAttribute(Qt::WA_TranslucentBackground, mixesWindows_());
+  widget->setAttribute(Qt::WA_TranslucentBackground, desktop_.mixesWindows());
   if (isTip(widget)) return takeColours(*widget);
   widget->setFont(systemFont(kMenuTypeSize));
   widget->setAttribute(Qt::WA_WindowPropagation);
@@ -130,6 +129,7 @@ int PopUpStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 int PopUpStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* answer) const {
   if (hint == SH_ToolTipLabel_Opacity) return 255;
+  if (hint == SH_Widget_Animation_Duration && !(animates_ && desktop_.animates())) return 0;
   const bool isMask = hint == SH_Menu_Mask || hint == SH_ToolTip_Mask;
   if (!isMask || !isPopUp(widget)) return QProxyStyle::styleHint(hint, option, widget, answer);
   if (widget->testAttribute(Qt::WA_TranslucentBackground)) return 0;

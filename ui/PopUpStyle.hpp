@@ -7,10 +7,19 @@ namespace Hilalor::Ui {
 
 /// The desktop's style with menus and tool tips of our own: rounded, with an edge and a shadow, in
 /// the colours of the window they belong to, and with a tick at what is chosen and at nothing else.
+/// Nothing moves where the desktop does not want it.
 class PopUpStyle final : public QProxyStyle {
  public:
-  /// `mixesWindows` is asked for every pop-up: whether what is see-through is seen so.
-  explicit PopUpStyle(std::function<bool()> mixesWindows);
+  struct Desktop {
+    std::function<bool()> mixesWindows;  ///< Whether what is see-through is seen so.
+    std::function<bool()> animates;      ///< Whether it wants movement.
+  };
+
+  /// Asked for every pop-up, and for every movement.
+  explicit PopUpStyle(Desktop desktop);
+
+  /// Whether movement is wanted, unless `Desktop::animates` is against it.
+  void setAnimates(bool animates) { animates_ = animates; }
 
   using QProxyStyle::polish;
   void polish(QWidget* widget) override;
@@ -30,7 +39,8 @@ class PopUpStyle final : public QProxyStyle {
   [[nodiscard]] static int shadowOf(const QWidget& popUp);
 
  private:
-  std::function<bool()> mixesWindows_;
+  Desktop desktop_;
+  bool animates_ = true;
 };
 
 }  // namespace Hilalor::Ui

@@ -28,10 +28,7 @@ XConnection::~XConnection() {
 }
 
 xcb_atom_t XConnection::atom(std::string_view name) const {
-  const auto cookie =
-      xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const auto reply = Xcb::answer(xcb_intern_atom_reply, connection_, cookie);
-  return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+  return Xcb::atom(connection_, name);
 }
 
 std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window,

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace Hilalor::Desktop::Xcb {
@@ -30,6 +31,13 @@ template <typename Reply, typename Cookie>
   Owned<Reply> answered(reply(connection, request, &error));
   const Owned<xcb_generic_error_t> failure(error);
   return answered;
+}
+
+[[nodiscard]] inline xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
+  const auto request =
+      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  const auto reply = answer(xcb_intern_atom_reply, connection, request);
+  return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
 /// The window's property as values of that size; empty where it has none.

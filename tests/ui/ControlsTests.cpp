@@ -102,7 +102,7 @@ TEST(Stepper, StaysInItsRange) {
 }
 
 TEST(PopUpStyle, PopUpsTakeTheColoursOfTheirWindowAndTickTheirChoiceAlone) {
-  QApplication::setStyle(new PopUpStyle([] { return true; }));
+  QApplication::setStyle(new PopUpStyle({[] { return true; }, [] { return true; }}));
   const QColor ground = Colors::of(ColorScheme::dark).windowBackground;
   QWidget window;
   window.setPalette(windowPalette(ColorScheme::dark));

@@ -171,7 +171,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_SCALE_FACTOR", argv[3]);
   const QApplication application(argc, argv);
-  QApplication::setStyle(new Hilalor::Ui::PopUpStyle([] { return true; }));
+  QApplication::setStyle(new Hilalor::Ui::PopUpStyle({[] { return true; }, [] { return true; }}));
   const Hilalor::SystemTimeZone zone("Asia/Riyadh");
   const QPixmap icon(argv[2]);
   const QDir folder(argv[1]);
