@@ -34,6 +34,18 @@ DockedWindow::DockedWindow(xcb_connection_t* connection, const xcb_screen_t& scr
   const std::uint32_t background = XCB_BACK_PIXMAP_PARENT_RELATIVE;
   Xcb::ignoreFailure(connection_, xcb_change_window_attributes_checked(
                                       connection_, window_, XCB_CW_BACK_PIXMAP, &background));
+  forgetProperties();
+}
+
+/// Qt asks to hear of every change of the properties of its windows, and would be woken by each
+/// title. What it would learn from them, a window manager says, which a docked window has not.
+void DockedWindow::forgetProperties() const {
+  const auto attributes = Xcb::answer(xcb_get_window_attributes_reply, connection_,
+                                      xcb_get_window_attributes(connection_, window_));
+  if (!attributes) return;
+  const auto heard = attributes->your_event_mask & ~std::uint32_t{XCB_EVENT_MASK_PROPERTY_CHANGE};
+  Xcb::ignoreFailure(connection_, xcb_change_window_attributes_checked(connection_, window_,
+                                                                       XCB_CW_EVENT_MASK, &heard));
 }
 
 void DockedWindow::wishToBeShown() const {

@@ -47,6 +47,7 @@ class DockedWindow {
   [[nodiscard]] std::optional<QColor> colourAround(const DockedPlace& place, int freeAtEnds) const;
 
  private:
+  void forgetProperties() const;
   [[nodiscard]] std::optional<xcb_window_t> parent(xcb_window_t window) const;
   [[nodiscard]] std::optional<QRect> rectOnScreen(xcb_window_t window) const;
   [[nodiscard]] bool isShown() const;

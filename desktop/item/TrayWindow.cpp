@@ -22,9 +22,10 @@ constexpr int kFreeAtEnds = 2;
 /// What is seen of a window is a square from so many pixels on.
 constexpr int kSmallestSquare = 8;
 constexpr std::chrono::seconds kPatience{1};
-/// A bar that comes to look different tells of its colours or has its windows painted anew. One
-/// that does neither is looked at every five minutes, by the titles that are told twice a minute:
-/// each look waits for the display two times.
+/// A bar that comes to look different tells of its colours or has its windows painted anew, and one
+/// that gives another room has them resized. One that does neither is looked at every five minutes,
+/// by the titles that are told twice a minute: a look waits for the display some twenty times, with
+/// two threads.
 constexpr int kTitlesToALook = 10;
 /// Between a text and its ground, of the 255 between white and black.
 constexpr double kLeastContrast = 100;
@@ -73,12 +74,14 @@ TrayWindow::~TrayWindow() = default;
 
 void TrayWindow::titleChanged() {
   face_.titleChanged();
-  lookAtRoom();
+  seen_ ? useRoom(*seen_) : lookAtRoom();
   lookAround();
 }
 
 void TrayWindow::lookAround() {
-  if (++titlesTold_ % kTitlesToALook == 0) matchBar();
+  if (++titlesTold_ % kTitlesToALook != 0) return;
+  lookAtRoom();
+  matchBar();
 }
 
 bool TrayWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -128,18 +131,23 @@ void TrayWindow::lookAtRoomLater() {
 }
 
 void TrayWindow::lookAtRoom() {
-  const auto place = window_->place();
+  seen_ = window_->place();
   // A tray that is moving its windows has some out of sight.
-  if (!place || !isSeen(*place)) return waitForAnswer();
-  if (place->room.size() != refusingRoom_) refusingRoom_.reset();
-  if (!refusingRoom_) askForRoom(*place);
-  draw(*place);
+  if (seen_ && !isSeen(*seen_)) seen_.reset();
+  seen_ ? useRoom(*seen_) : waitForAnswer();
+}
+
+void TrayWindow::useRoom(const DockedPlace& place) {
+  if (place.room.size() != refusingRoom_) refusingRoom_.reset();
+  if (!refusingRoom_) askForRoom(place);
+  draw(place);
 }
 
 /// What the tray has given by now is its answer.
 void TrayWindow::judge() {
   patience_.reset();
   const auto place = window_->place();
+  seen_ = place;
   if (place ? !isSeen(*place) : !wasShown_) return refuse();
   if (!place) return;
   wasShown_ = true;

@@ -36,6 +36,7 @@ class TrayWindow : public QObject, public ItemPresence {
   void waitForAnswer();
   void lookAtRoomLater();
   void lookAtRoom();
+  void useRoom(const DockedPlace& place);
   void judge();
   [[nodiscard]] bool holdsWholeTitle(const DockedPlace& place) const;
   void draw(const DockedPlace& place);
@@ -52,6 +53,8 @@ class TrayWindow : public QObject, public ItemPresence {
   ItemFace face_;
   std::optional<DockedWindow> window_;
   QSize asked_;
+  /// Where it was when its room was last looked at; none while the tray is at it.
+  std::optional<DockedPlace> seen_;
   /// Of a tray that did not give the width asked for: it is not asked again until this changes.
   std::optional<QSize> refusingRoom_;
   int titlesTold_ = 0;
