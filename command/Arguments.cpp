@@ -16,7 +16,7 @@ struct VerbEntry {
   Takes takes = Takes::nothing;
 };
 
-constexpr std::array<VerbEntry, 13> kVerbs{{
+constexpr std::array<VerbEntry, 14> kVerbs{{
     {"title", Verb::title},
     {"day", Verb::day, Takes::day},
     {"next", Verb::next},
@@ -29,6 +29,7 @@ constexpr std::array<VerbEntry, 13> kVerbs{{
     {"--help", Verb::help},
     {"-h", Verb::help},
     {"--version", Verb::version},
+    {"--diagnose", Verb::diagnose},
     {"help", Verb::help},
 }};
 

@@ -14,7 +14,20 @@
 namespace Hilalor {
 
 /// What is asked of the command.
-enum class Verb { title, day, next, month, convert, qibla, panel, settings, quit, help, version };
+enum class Verb {
+  title,
+  day,
+  next,
+  month,
+  convert,
+  qibla,
+  panel,
+  settings,
+  quit,
+  help,
+  version,
+  diagnose
+};
 
 /// How it is to answer.
 enum class AnswerForm { text, json, waybar };

@@ -27,6 +27,7 @@ Options:
   --place LAT,LON --zone ZONE        for another place, in degrees, and its time zone
   --method NAME                      by another method, for example muslimWorldLeague
   --help, --version
+  --diagnose                         what the program finds here, for a report of a fault
 )";
 }
 

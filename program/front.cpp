@@ -18,6 +18,7 @@
 #include "desktop/process/SystemClock.hpp"
 #include "desktop/store/DefaultsView.hpp"
 #include "desktop/store/UserFolders.hpp"
+#include "program/Diagnosis.hpp"
 #include "program/PlaceFile.hpp"
 #include "rules/settings/ProgramFacts.hpp"
 
@@ -90,6 +91,10 @@ int run(const Request& request, char* name) {
       return EXIT_SUCCESS;
     case Verb::version:
       print(std::string("Hilalor ") + kVersion);
+      return EXIT_SUCCESS;
+    case Verb::diagnose:
+      Program::diagnose(SystemClock().now(), storeFile(), besideProgram(HILALOR_INSTALLED_PROGRAM),
+                        print);
       return EXIT_SUCCESS;
     default:
       return answerRequest(request);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "command/LocatedPlace.hpp"
+#include "desktop/diagnosis/Topics.hpp"
 #include "desktop/display/Compositor.hpp"
 #include "desktop/display/DisplayKind.hpp"
 #include "desktop/display/LinuxScreens.hpp"
@@ -156,6 +157,16 @@ class LinuxDesktop {
 
 constexpr int kCannot = 2;
 
+int diagnose(int argc, char* argv[]) {
+  const QCoreApplication application(argc, argv);
+  Desktop::diagnose(argv[2], [](std::string_view subject, const std::string& found) {
+    std::printf("%s: %s\n", std::string(subject).c_str(), found.c_str());
+    std::fflush(stdout);
+  });
+  // What hangs behind an answer that did not come is left behind.
+  std::_Exit(EXIT_SUCCESS);
+}
+
 int tell(const char* word) {
   if (tellRunningCopy(word)) return EXIT_SUCCESS;
   std::fputs("hilalor: it does not run in this session; \"hilalor\" starts it\n", stderr);
@@ -182,6 +193,7 @@ Subscription keepPlaceForCommands(LocationManager& location, RunLoop& loop) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (argc > 2 && argv[1] == std::string_view("diagnose")) return diagnose(argc, argv);
   if (argc > 1 && *argv[1] != '-') return tell(argv[1]);
   const bool isChosen = chooseX11();
   std::optional<SilentBusesHidden> buses(std::in_place);

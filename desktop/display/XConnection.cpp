@@ -6,7 +6,10 @@
 
 namespace Hilalor::Desktop {
 std::unique_ptr<XConnection> XConnection::open() {
-  if (!isOnX11()) return nullptr;
+  return isOnX11() ? ofEnvironment() : nullptr;
+}
+
+std::unique_ptr<XConnection> XConnection::ofEnvironment() {
   int screenNumber = 0;
   xcb_connection_t* connection = xcb_connect(nullptr, &screenNumber);
   if (xcb_connection_has_error(connection) != 0) {

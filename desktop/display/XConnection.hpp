@@ -26,6 +26,10 @@ class XConnection {
   /// Null where the program is not on X11.
   [[nodiscard]] static std::unique_ptr<XConnection> open();
 
+  /// To the display that the environment names, also before there is an application. Null where
+  /// none answers.
+  [[nodiscard]] static std::unique_ptr<XConnection> ofEnvironment();
+
   ~XConnection();
   XConnection(const XConnection&) = delete;
   XConnection& operator=(const XConnection&) = delete;

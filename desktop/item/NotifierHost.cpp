@@ -3,11 +3,11 @@
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
 #include <utility>
 
+#include "desktop/process/ProcessName.hpp"
 #include "desktop/session/BusCall.hpp"
 
 namespace Hilalor::Desktop {
@@ -21,12 +21,6 @@ QDBusMessage propertyCall(const char* property) {
       kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
   call << kService << QLatin1String(property);
   return call;
-}
-
-QString processName(uint process) {
-  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  return QString::fromUtf8(file.readAll()).trimmed();
 }
 
 /// Whether one of a bar's items is of the connection. Bars put the path behind its name, each with
@@ -71,7 +65,8 @@ void NotifierHost::find(const QString& owner) {
   whenAnswered(call, this, [this, generation = generation_](const QDBusPendingCall& answer) {
     if (generation != generation_) return;
     const QDBusPendingReply<uint> process = answer;
-    traits_ = NotifierTraits::of(process.isError() ? QString() : processName(process.value()));
+    traits_ = NotifierTraits::of(
+        process.isError() ? QString() : QString::fromStdString(processName(process.value())));
     askIfItShows();
   });
 }

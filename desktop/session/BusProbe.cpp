@@ -117,10 +117,14 @@ std::string sessionBusAddress() {
   return hasBus ? "unix:path=" + folder + "/bus" : "";
 }
 
+std::string systemBusAddress() {
+  const auto address = variable("DBUS_SYSTEM_BUS_ADDRESS");
+  return address.empty() ? kSystemBus : address;
+}
+
 SilentBusesHidden::SilentBusesHidden() {
   hide(session_, sessionBusAddress());
-  const auto system = variable(system_.variable);
-  hide(system_, system.empty() ? kSystemBus : system);
+  hide(system_, systemBusAddress());
 }
 
 SilentBusesHidden::~SilentBusesHidden() {

@@ -13,6 +13,9 @@ namespace Hilalor::Desktop {
 /// The address of the user's bus; empty where the session does not say where it is. Any thread.
 [[nodiscard]] std::string sessionBusAddress();
 
+/// The address of the machine's bus. Any thread.
+[[nodiscard]] std::string systemBusAddress();
+
 /// Keeps Qt, which waits for the buses in its own start, from waiting a minute for one that does
 /// not answer: such a bus is out of its sight for good. To be made before the application object,
 /// and to go right after it. Main thread.

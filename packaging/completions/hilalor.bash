@@ -4,7 +4,7 @@ _hilalor() {
     kuwait qatar singapore tehran turkey"
   local options="--json --place --zone --method"
   if [ "$COMP_CWORD" -eq 1 ]; then
-    options="title day next month convert qibla panel settings quit --help --version"
+    options="title day next month convert qibla panel settings quit --help --version --diagnose"
   elif [ "$before" = --method ]; then
     options=$methods
   elif [ "$before" = --zone ]; then

@@ -2,6 +2,7 @@ set -l answers title day next month convert qibla
 complete -c hilalor -f
 complete -c hilalor -n __fish_use_subcommand -l help -d 'List the commands'
 complete -c hilalor -n __fish_use_subcommand -l version -d 'Tell the version'
+complete -c hilalor -n __fish_use_subcommand -l diagnose -d 'Tell what is found here'
 complete -c hilalor -n __fish_use_subcommand -a title -d 'What the item in the bar says'
 complete -c hilalor -n __fish_use_subcommand -a day -d 'The prayer times of a day'
 complete -c hilalor -n __fish_use_subcommand -a next -d 'The next prayer'
