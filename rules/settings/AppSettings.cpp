@@ -35,6 +35,11 @@ std::optional<LocationCoordinate> AppSettings::manualCoordinate() const {
   return stored != LocationCoordinate{} ? std::optional(stored) : std::nullopt;
 }
 
+std::optional<LocationCoordinate> AppSettings::knownCoordinate() const {
+  return locationMode == LocationMode::manual ? manualCoordinate()
+                                              : locationManager_.coordinate.value();
+}
+
 Calendar AppSettings::hijriCalendar() const {
   return Calendar(CalendarIdentifier::islamicUmmAlQura)
       .withHijriAhead(static_cast<int>(hijriDays.value()));
@@ -74,6 +79,10 @@ EffectiveLocation AppSettings::automaticLocation() const {
   const auto& zone = locationManager_.detectedTimeZone.value();
   return {*coordinate, name.empty() ? "My Location" : name,
           TimeZone::named(zone.identifier()).value_or(zone)};
+}
+
+std::filesystem::path AppSettings::ownSoundFolder() const {
+  return soundFolders_.empty() ? std::filesystem::path() : soundFolders_.front();
 }
 
 std::vector<std::string> AppSettings::systemSoundNames() const {

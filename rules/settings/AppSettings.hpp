@@ -36,7 +36,7 @@ class AppSettings : public Shared<AppSettings> {
   const LocationManager& locationManager_;
 
  public:
-  /// The beeps lie in the sound folders.
+  /// The beeps lie in the sound folders, of which the first is the user's own.
   AppSettings(DefaultsStore& store, const LocationManager& locationManager,
               std::vector<std::filesystem::path> soundFolders);
 
@@ -92,6 +92,8 @@ class AppSettings : public Shared<AppSettings> {
   Setting<std::int64_t> reminderMinutes{store_, willChange, "reminderMinutes", 0,
                                         areReminderMinutes};
   Setting<bool> use24HourClock{store_, willChange, "use24HourClock", false};
+  /// The country in which the user last chose the method; empty for none.
+  Setting<std::string> methodCountry{store_, willChange, "methodCountry", ""};
 
   /// The Hijri calendar as the user keeps it, in the machine's zone or in another.
   [[nodiscard]] Calendar hijriCalendar() const;
@@ -99,6 +101,9 @@ class AppSettings : public Shared<AppSettings> {
 
   /// The place that the user set by hand; none until then.
   [[nodiscard]] std::optional<LocationCoordinate> manualCoordinate() const;
+
+  /// The user's place that prayer times are computed for; none while the fallback stands in for it.
+  [[nodiscard]] std::optional<LocationCoordinate> knownCoordinate() const;
 
   /// Makes the place the user's own, and the one that times are computed for.
   void choosePlace(LocationCoordinate coordinate, const std::string& name, const TimeZone& zone);
@@ -110,6 +115,9 @@ class AppSettings : public Shared<AppSettings> {
   /// Where prayer times are computed for: the user's manual place or the location service's fix, as
   /// `locationMode` says, and Riyadh where the chosen source has nothing. Computed at every call.
   [[nodiscard]] EffectiveLocation effectiveLocation() const;
+
+  /// Where the user puts beeps and recordings of their own; empty where there is no such folder.
+  [[nodiscard]] std::filesystem::path ownSoundFolder() const;
 
   /// The beeps there are, by name and sorted; the sound folders are listed at every call.
   [[nodiscard]] std::vector<std::string> systemSoundNames() const;

@@ -12,6 +12,8 @@ using namespace Ui;
 namespace {
 
 constexpr int kLocationSpacing = 8;
+constexpr int kOfferSpacing = 4;
+constexpr TextStyle kOfferStyle{.size = 11, .color = &Colors::secondary};
 
 std::vector<PrayerCalculationMethod> methods() {
   constexpr auto kAll = allCases<PrayerCalculationMethod>();
@@ -21,6 +23,12 @@ std::vector<PrayerCalculationMethod> methods() {
 QString methodName(PrayerCalculationMethod method) {
   const std::string_view name = displayName(method);
   return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+/// As a sentence names it.
+QString countryName(const std::string& country) {
+  const bool takesArticle = country.starts_with("United ") || country == "Netherlands";
+  return (takesArticle ? "the " : "") + QString::fromStdString(country);
 }
 
 std::vector<AsrCalculation> schools() {
@@ -52,8 +60,24 @@ QWidget* PrayerTimesCard::whileShown() {
   return column(
       {.spacing = kRowSpacing, .alignment = Qt::AlignLeft},
       {groupDivider(), toggleRow("Show Sunnah times", settings_.showSunnahTimes), groupDivider(),
-       rowLabel("Calculation method"), method, groupDivider(), rowLabel("Asr calculation"), school,
-       groupDivider(), location, groupDivider(), alerts_});
+       rowLabel("Calculation method"), method, usualMethod(), groupDivider(),
+       rowLabel("Asr calculation"), school, groupDivider(), location, groupDivider(), alerts_});
+}
+
+QWidget* PrayerTimesCard::usualMethod() {
+  observe(methodOffer_.willChange);
+  atRedraw([this] { methodOffer_.lookAtPlace(); });
+  auto* use = linkButton(QStringLiteral("Use it"), [this] { methodOffer_.use(); });
+  atRedraw([this, use] { use->setAccessibleName("Use it. " + usualMethodText()); });
+  return onlyWhile([this] { return methodOffer_.offer().has_value(); },
+                   row({.spacing = kOfferSpacing},
+                       {liveText(kOfferStyle, [this] { return usualMethodText(); }), use}));
+}
+
+QString PrayerTimesCard::usualMethodText() const {
+  const auto offer = methodOffer_.offer();
+  if (!offer) return {};
+  return "Usual in " + countryName(offer->country) + ": " + methodName(offer->method) + ".";
 }
 
 void PrayerTimesCard::refreshNotificationStatus() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rules/settings/MethodOffer.hpp"
 #include "screens/settings/SettingsPart.hpp"
 
 namespace Hilalor::Screens {
@@ -16,7 +17,10 @@ class PrayerTimesCard final : public SettingsPart {
 
  private:
   [[nodiscard]] QWidget* whileShown();
+  [[nodiscard]] QWidget* usualMethod();
+  [[nodiscard]] QString usualMethodText() const;
 
+  MethodOffer methodOffer_{settings_, context_.map.geocoder};
   AlertSettings* alerts_ = nullptr;
 };
 

@@ -6,7 +6,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include "desktop/geodata/PlaceFile.hpp"
+#include "desktop/geodata/PlaceTable.hpp"
 #include "desktop/process/Resources.hpp"
+#include "rules/settings/UsualMethods.hpp"
 #include "tests/fakes/VirtualLoop.hpp"
 
 namespace Hilalor::Desktop {
@@ -56,6 +59,17 @@ TEST_F(OfflineGeocoderTest, TellsTheZoneAndTheCountryOfWatersAndIslets) {
     EXPECT_EQ(found[0].country, country);
     EXPECT_EQ(found[0].timeZone, TimeZone::named(zone));
   }
+}
+
+TEST_F(OfflineGeocoderTest, NamesEveryCountryThatHasAUsualMethod) {
+  const auto file =
+      DataFile::open(resourceFolder() / "geodata" / "places" / "places.bin", PlaceFile::kKind);
+  ASSERT_TRUE(file);
+  const PlaceTable table(*file);
+  int found = 0;
+  for (std::uint32_t country = 0; !table.countryName(country).empty(); ++country)
+    found += usualMethod(table.countryName(country)) ? 1 : 0;
+  EXPECT_EQ(found, 42);
 }
 
 TEST_F(OfflineGeocoderTest, KnowsNoPlaceWithoutSoundData) {

@@ -114,6 +114,12 @@ TEST_F(LocationSettingsTest, TheMapGivesThePlaceAndLeavesTheModeAlone) {
   EXPECT_EQ(stored("manualTimeZoneId"), "Asia/Riyadh");
   EXPECT_FALSE(map());
   EXPECT_EQ(lines(), QStringList{"Change Location"});
+
+  desktop.geocoder.requests.back().answer({Placemark{{}, {}, "United States", {}}});
+  settle();
+  click(button("Use it. Usual in the United States: ISNA (North America)."));
+  EXPECT_EQ(stored("calculationMethod"), "northAmerica");
+  EXPECT_FALSE(showsText("Usual in the United States: ISNA (North America)."));
 }
 
 TEST_F(LocationSettingsTest, WithoutAPlaceTheMapBeginsWithoutAPin) {
