@@ -1,5 +1,7 @@
 #include "screens/settings/AlertSettings.hpp"
 
+#include <QDir>
+#include <QEvent>
 #include <QPointer>
 #include <algorithm>
 #include <limits>
@@ -18,6 +20,7 @@ constexpr Insets kWarningPadding{.top = 2};
 constexpr Insets kAthanPadding{.top = 4, .leading = kIndent};
 constexpr int kAthanSpacing = 6;
 constexpr int kSpacing = 8;
+constexpr TextStyle kNoteStyle{.size = 11, .color = &Colors::secondary};
 constexpr StepperRange kLoopSeconds{.lowest = 5, .highest = 120, .step = 5};
 
 /// The stored number may be any.
@@ -43,6 +46,12 @@ AlertSettings::AlertSettings(const SettingsContext& context) : SettingsPart(cont
         if (name != settings_.selectedBeepSound.value()) playBeep(name);
       }));
   redraw();
+}
+
+bool AlertSettings::event(QEvent* event) {
+  // The user may come from putting recordings into the folder.
+  if (event->type() == QEvent::WindowActivate) setNeedsRedraw();
+  return SettingsPart::event(event);
 }
 
 QWidget* AlertSettings::whileEnabled() {
@@ -93,7 +102,7 @@ QWidget* AlertSettings::athanRows() {
   return column({.spacing = kAthanSpacing, .padding = kAthanPadding},
                 {voiceRow("Sh. Vemran · Al-Masjid Al-Nabawi", AthanVoice::vemran, "athan"),
                  voiceRow("Sh. Tolsar · Riyadh Grand Mosque", AthanVoice::tolsar, "athan2"),
-                 supplicationRow()});
+                 supplicationRow(), placeholderNote()});
 }
 
 QWidget* AlertSettings::voiceRow(const char* title, AthanVoice voice, const char* recording) {
@@ -115,6 +124,31 @@ QWidget* AlertSettings::supplicationRow() {
   return row({.padding = kIndented},
              {checkboxRow("Play after Athan supplication", settings_.playDuaAfterAthan),
               flexibleSpace(), preview});
+}
+
+QWidget* AlertSettings::placeholderNote() {
+  return onlyWhile([this] { return !placeholders().isEmpty(); },
+                   padded(kIndented, liveText(kNoteStyle, [this] {
+                            QString folder =
+                                QString::fromStdString(settings_.ownSoundFolder().string());
+                            if (folder.startsWith(QDir::homePath() + '/')) {
+                              folder.replace(0, QDir::homePath().size(), '~');
+                            }
+                            return "Soft tones stand in for recordings. Put your own into " +
+                                   folder + " as " + placeholders() + ".";
+                          })));
+}
+
+QString AlertSettings::placeholders() const {
+  QStringList missing;
+  for (const auto& [recording, of] : {std::pair("athan", "Sh. Vemran"),
+                                      {"athan2", "Sh. Tolsar"},
+                                      {"after_athan", "the supplication"}}) {
+    const auto file = context_.sounds.resource(recording, "mp3");
+    if (file && file->parent_path() == settings_.ownSoundFolder()) continue;
+    missing.append(QString("%1.mp3 (%2)").arg(recording, of));
+  }
+  return missing.join(QStringLiteral(", "));
 }
 
 void AlertSettings::requestPermission() {

@@ -15,6 +15,9 @@ class AlertSettings final : public SettingsPart {
   /// Asks anew whether banners are blocked: for whenever the window is shown, this part or not.
   void refreshNotificationStatus();
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   // The parts, from top to bottom.
   [[nodiscard]] QWidget* whileEnabled();
@@ -24,6 +27,10 @@ class AlertSettings final : public SettingsPart {
   [[nodiscard]] QWidget* athanRows();
   [[nodiscard]] QWidget* voiceRow(const char* title, AthanVoice voice, const char* recording);
   [[nodiscard]] QWidget* supplicationRow();
+  [[nodiscard]] QWidget* placeholderNote();
+
+  /// Which recordings the program's own tones stand in for, as a text; empty for none.
+  [[nodiscard]] QString placeholders() const;
 
   void requestPermission();
   void playBeep(const std::string& name);

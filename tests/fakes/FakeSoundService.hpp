@@ -26,6 +26,7 @@ class FakeSoundService final : public SoundService {
                                                      {"Bowl", Seconds(2.0)}};
   std::set<std::string, std::less<>> recordings{"athan", "athan2", "after_athan"};
   std::set<std::string> unreadable;
+  std::filesystem::path folder;  ///< Of the recordings.
 
   /// What sounds now, in the order in which it began; "Glass looped" for a sound in a loop.
   [[nodiscard]] std::vector<std::string> audible() const { return air_->audible(); }
@@ -50,13 +51,14 @@ class FakeSoundService final : public SoundService {
   [[nodiscard]] std::optional<std::filesystem::path> resource(
       std::string_view name, std::string_view extension) const override {
     if (!recordings.contains(name) || extension != "mp3") return std::nullopt;
-    return std::filesystem::path(name);
+    return folder / name;
   }
 
   [[nodiscard]] std::shared_ptr<AudioPlayer> player(
       const std::filesystem::path& recording) const override {
-    if (unreadable.contains(recording.string())) return nullptr;
-    return std::make_shared<Player>(air_, recording.string());
+    const auto name = recording.filename().string();
+    if (unreadable.contains(name)) return nullptr;
+    return std::make_shared<Player>(air_, name);
   }
 
   [[nodiscard]] std::unique_ptr<SystemSound> soundNamed(std::string_view name) const override {

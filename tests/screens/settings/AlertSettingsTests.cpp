@@ -130,6 +130,22 @@ TEST_F(AlertSettingsTest, TheLoopGoesByFivesFromFiveToTwoMinutes) {
   EXPECT_EQ(stored("beepLoopSeconds"), "120");
 }
 
+TEST_F(AlertSettingsTest, SaysWhichRecordingsAreTones) {
+  showEveryRow();
+  desktop.sounds.folder = sounds.path();
+  desktop.sounds.recordings.erase("athan2");
+  show();
+  const QString note = "Soft tones stand in for recordings. Put your own into " +
+                       QString::fromStdString(sounds.path().string()) +
+                       " as athan2.mp3 (Sh. Tolsar).";
+  EXPECT_TRUE(showsText(note));
+  desktop.sounds.recordings.insert("athan2");
+  QEvent back(QEvent::WindowActivate);
+  QApplication::sendEvent(part<AlertSettings>(*screen), &back);
+  settle();
+  EXPECT_FALSE(showsText(note));
+}
+
 TEST_F(AlertSettingsTest, ThePreviewsMarksFollowWhatPlays) {
   showEveryRow();
   show();
