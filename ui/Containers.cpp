@@ -10,6 +10,7 @@
 #include "ui/Animation.hpp"
 #include "ui/Colors.hpp"
 #include "ui/Shapes.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/Stack.hpp"
 
 namespace Hilalor::Ui {
@@ -65,6 +66,7 @@ void Card::paintEvent(QPaintEvent*) {
 
 ScrollColumn::ScrollColumn(QWidget* content, ScrollKeys keys)
     : keys_(keys), indicator_(new ScrollIndicator(this)) {
+  setSpokenRole(*this, QAccessible::Pane);
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setAlignment(Qt::AlignHCenter);

@@ -7,6 +7,7 @@
 #include "ui/FocusRing.hpp"
 #include "ui/PopUpStyle.hpp"
 #include "ui/Shapes.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/Stack.hpp"
 
 namespace Hilalor::Ui {
@@ -72,6 +73,7 @@ GreenPickerButton::GreenPickerButton(std::function<PickerMenu()> menuBuilder,
     : menuBuilder_(std::move(menuBuilder)),
       onSelect_(std::move(onSelect)),
       button_(new Button({}, [this] { showMenu(); })) {
+  setSpokenRole(*button_, QAccessible::ButtonMenu);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins({});
@@ -119,6 +121,7 @@ void GreenPickerButton::showMenu() {
 
 SegmentedPicker::SegmentedPicker(const QStringList& options,
                                  const std::function<void(int)>& onSelect) {
+  setSpokenRole(*this, QAccessible::Grouping);
   auto* trough = new Trough;
   auto* segments = new QHBoxLayout(trough);
   segments->setContentsMargins({});

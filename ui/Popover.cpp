@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/Shapes.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/Surface.hpp"
 
 namespace Hilalor::Ui {
@@ -56,6 +57,8 @@ Popover::Popover(QWidget& anchor, QWidget* content)
   // Light or dark as its owner is.
   setAttribute(Qt::WA_WindowPropagation);
   content->setParent(this);
+  setSpokenRole(*this, QAccessible::Dialog);
+  setAccessibleName(content->windowTitle());
 }
 
 Popover::~Popover() {

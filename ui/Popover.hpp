@@ -11,7 +11,8 @@ namespace Hilalor::Ui {
 /// with the window it belongs to.
 class Popover final : public QWidget {
  public:
-  /// Belongs to the anchor's window and takes the content over. Not shown yet.
+  /// Belongs to the anchor's window and takes the content over, whose title is the window's to a
+  /// screen reader. Not shown yet.
   Popover(QWidget& anchor, QWidget* content);
   ~Popover() override;
 

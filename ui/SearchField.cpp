@@ -7,6 +7,7 @@
 
 #include "ui/Colors.hpp"
 #include "ui/Shapes.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/Stack.hpp"
 #include "ui/Text.hpp"
 
@@ -33,6 +34,7 @@ class SearchField::Row final : public QWidget {
  public:
   Row(std::function<void()> onHover, std::function<void()> onClick)
       : onHover_(std::move(onHover)), onClick_(std::move(onClick)) {
+    speakAsOne(*this, QAccessible::ListItem);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(column({.padding = kRowPadding}, {title_, detail_}));
@@ -175,6 +177,10 @@ void SearchField::highlight(std::size_t index) {
   highlighted_ = index;
   for (std::size_t other = 0; other < kRows; ++other)
     rows_[other]->setHighlighted(other == index);
+  if (index >= found_.size()) return;
+  // The keyboard stays in the field; what Return would choose is read out all the same.
+  QAccessibleEvent reached(rows_[index], QAccessible::Focus);
+  QAccessible::updateAccessibility(&reached);
 }
 
 void SearchField::choose(std::size_t index) {

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "ui/Button.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/Text.hpp"
 
 namespace Hilalor::Ui {
@@ -18,8 +19,9 @@ struct StepperRange {
   [[nodiscard]] int next(int value, int direction) const;
 };
 
-/// The number as a text, and a button for each direction.
-class Stepper final : public QWidget {
+/// The number as a text, and a button for each direction. One stop of the keyboard, whose arrows
+/// step; to a screen reader one number that can be set.
+class Stepper final : public QWidget, public SpokenPart {
  public:
   /// `text` writes a number ("10 sec").
   Stepper(StepperRange range, std::function<QString(int)> text, std::function<void(int)> onChange);
@@ -29,8 +31,17 @@ class Stepper final : public QWidget {
 
   void setValue(int value);
 
+  [[nodiscard]] QAccessibleInterface* makeSpoken() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
+  class Spoken;
+
   [[nodiscard]] Button* stepButton(const QString& sign, const QString& help, int direction);
+  void step(int direction);
+  void ask(int value);
 
   StepperRange range_;
   std::function<QString(int)> text_;

@@ -10,6 +10,9 @@ class TextEditor final : public QWidget {
  public:
   explicit TextEditor(int typeSize);
 
+  /// What a screen reader calls it.
+  void setName(const QString& name) { edit_.setAccessibleName(name); }
+
   [[nodiscard]] QString text() const;
 
   /// Shows the text, with the caret at its end. Does not count as an edit.

@@ -17,6 +17,28 @@ Rect platformRect(const QRect& rect) {
 
 }  // namespace
 
+/// A button that can be pressed, and has a menu.
+class ItemFace::Spoken final : public Ui::SpokenControl {
+ public:
+  explicit Spoken(ItemFace& face) : SpokenControl(&face, QAccessible::Button), face_(face) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    return {pressAction(), showMenuAction()};
+  }
+  void doAction(const QString& action) override {
+    if (action == showMenuAction())
+      return face_.menu_.open(face_.content_.menu, face_.placeFinder_());
+    if (action == pressAction()) press();
+  }
+
+ protected:
+  // Without a place of the pointer, as by the keyboard: the panel takes that.
+  void press() override { face_.content_.tell({}); }
+
+ private:
+  ItemFace& face_;
+};
+
 ItemFace::ItemFace(const ItemContent& content, const ItemPainter& painter, Ground ground)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint |
                            Qt::WindowDoesNotAcceptFocus),
@@ -73,6 +95,10 @@ void ItemFace::titleChanged() {
   setAccessibleName(title);
   Ui::setPlainToolTip(*this, title);
   update();
+}
+
+QAccessibleInterface* ItemFace::makeSpoken() {
+  return new Spoken(*this);
 }
 
 void ItemFace::paintEvent(QPaintEvent*) {

@@ -8,12 +8,13 @@
 #include "desktop/item/ItemMenu.hpp"
 #include "desktop/item/ItemPainter.hpp"
 #include "desktop/item/ItemPresence.hpp"
+#include "ui/Spoken.hpp"
 
 namespace Hilalor::Desktop {
 
 /// The item as a window of our own: the whole title or a square. Tells of clicks on their release
 /// and opens the menu.
-class ItemFace : public QWidget {
+class ItemFace : public QWidget, public Ui::SpokenPart {
  public:
   enum class Ground { transparent, opaque };
   enum class Shape { whole, square };
@@ -48,11 +49,15 @@ class ItemFace : public QWidget {
   /// window's name. To be called once to begin with.
   void titleChanged();
 
+  [[nodiscard]] QAccessibleInterface* makeSpoken() override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  class Spoken;
+
   [[nodiscard]] QRect partToDrawIn() const;
 
   const ItemContent& content_;

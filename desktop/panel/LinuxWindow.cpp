@@ -9,6 +9,7 @@
 
 #include "desktop/display/Sway.hpp"
 #include "desktop/panel/LinuxPanel.hpp"
+#include "ui/Spoken.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -29,6 +30,7 @@ class LinuxWindow::Frame final : public QWidget {
                              Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                              Qt::WindowStaysOnTopHint),
         onWillClose_(std::move(onWillClose)) {
+    Ui::setSpokenRole(*this, QAccessible::Window);
     setWindowTitle(QString::fromUtf8(properties.title));
     setWindowIcon(screen->windowIcon());
     setMinimumSize(whole(properties.minimumSize));

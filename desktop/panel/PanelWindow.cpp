@@ -14,6 +14,7 @@
 #include "desktop/display/Sway.hpp"
 #include "desktop/display/XConnection.hpp"
 #include "desktop/panel/SwayPlace.hpp"
+#include "ui/Spoken.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -53,7 +54,9 @@ PanelWindow::PanelWindow(QWidget* content, std::function<void(Dismissal)> onDism
       content_(content),
       onDismiss_(std::move(onDismiss)),
       shadow_(shadowWidth()) {
+  Ui::setSpokenRole(*this, QAccessible::Window);
   setWindowTitle(QStringLiteral("Hilalor"));
+  setAccessibleName(QStringLiteral("Hilalor calendar"));
   setAttribute(Qt::WA_ShowWithoutActivating, displayKind() == DisplayKind::x11);
   setAttribute(Qt::WA_AlwaysShowToolTips);
   setAttribute(Qt::WA_TranslucentBackground, hasCompositor());

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/Spoken.hpp"
 #include "ui/TextStyle.hpp"
 
 namespace Hilalor::Screens {
@@ -77,7 +78,10 @@ MapView::MapView(std::unique_ptr<WorldMap> map)
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_AcceptTouchEvents);
+  setSpokenRole(*this, QAccessible::Graphic);
   setAccessibleName(QStringLiteral("Map"));
+  setAccessibleDescription(QStringLiteral(
+      "Arrows move it, plus and minus change its size, letters look for a place by its name."));
 }
 
 void MapView::setRegion(const MapRegion& region) {

@@ -1,10 +1,10 @@
 #include "screens/panel/CalendarView.hpp"
 
-#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <utility>
 
+#include "rules/calendar/DayTexts.hpp"
 #include "screens/panel/AdviceLine.hpp"
 #include "screens/panel/BottomBar.hpp"
 #include "screens/panel/MonthHeader.hpp"
@@ -106,7 +106,9 @@ QWidget* CalendarView::scrollingPart() {
              {onlyWhile([this] { return model_.sections().calendar; }, month()),
               onlyWhile([this] { return model_.sections().prayerTimes; }, prayerTimes())});
   content->setFixedWidth(kWidth);
-  return new ScrollColumn(content, ScrollKeys::own);
+  auto* scrolling = new ScrollColumn(content, ScrollKeys::own);
+  scrolling->setAccessibleName(QStringLiteral("Month and prayer times"));
+  return scrolling;
 }
 
 QWidget* CalendarView::month() {
@@ -124,18 +126,29 @@ QWidget* CalendarView::secondaryRow() {
 }
 
 QWidget* CalendarView::dayGrid() {
-  days_ = new DayGrid({.onSelect =
-                           [this](Date day) {
-                             model_.click(day);
-                             redraw();
-                           },
-                       .onOpen =
-                           [this](Date day) {
-                             model_.doubleClick(day);
-                             redraw();
-                             showNote();
-                           },
-                       .onHolidayHover = [this](const std::string& text) { hover(text); }});
+  days_ = new DayGrid(
+      {.onSelect =
+           [this](Date day) {
+             model_.click(day);
+             redraw();
+           },
+       .onOpen =
+           [this](Date day) {
+             model_.doubleClick(day);
+             redraw();
+             showNote();
+           },
+       .onHolidayHover = [this](const std::string& text) { hover(text); },
+       .speech =
+           [this](const DayCell& cell) {
+             return DaySpeech(settings_.hijriCalendar()).of(cell, context_.notes.note(cell.date));
+           },
+       .onVisit = [this](Date day) { visit(day); },
+       .onNote =
+           [this](Date day) {
+             visit(day);
+             openNote();
+           }});
   atRedraw([this] { showDays(); });
   return days_;
 }
@@ -156,23 +169,20 @@ QWidget* CalendarView::prayerTimes() {
 }
 
 void CalendarView::showDays() {
-  std::optional<DaySpeech> speech;
-  if (QAccessible::isActive()) speech.emplace(settings_.hijriCalendar());
   const auto& cells = model_.page().cells;
   for (std::size_t index = 0; index < DayGrid::kCells; ++index) {
     const bool isDay = index < cells.size() && cells[index];
-    days_->show(index, isDay ? std::optional(shownDay(*cells[index], speech)) : std::nullopt);
+    days_->show(index, isDay ? std::optional(shownDay(*cells[index])) : std::nullopt);
   }
+  days_->setAccessibleName(QString::fromStdString(model_.title()));
   fitWeeks();
 }
 
-ShownDay CalendarView::shownDay(const DayCell& cell, const std::optional<DaySpeech>& speech) const {
+ShownDay CalendarView::shownDay(const DayCell& cell) const {
   const bool showsSecondary = settings_.showSecondaryCalendar;
   const auto secondary = showsSecondary ? SecondaryCalendar::shown : SecondaryCalendar::hidden;
-  const auto spoken = speech ? speech->of(cell, context_.notes.note(cell.date)) : std::string();
   return {.cell = cell,
           .hoverLabel = hoverLabel(cell, secondary),
-          .spokenName = QString::fromStdString(spoken),
           .showsSecondary = showsSecondary,
           .isSelected = model_.selectedDay() == cell.date,
           .hasNote = context_.notes.hasNote(cell.date)};
@@ -211,6 +221,12 @@ void CalendarView::focusOnKeyboardDay() {
   // A week that has just come back has no place to scroll to yet.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   if (auto* cell = days_->cellOf(model_.keyboardDay())) cell->setFocus(Qt::TabFocusReason);
+}
+
+void CalendarView::visit(Date day) {
+  if (model_.selectedDay() != day) model_.click(day);
+  redraw();
+  focusOnKeyboardDay();
 }
 
 void CalendarView::openNote() {

@@ -7,7 +7,6 @@
 #include "platform/Geometry.hpp"
 #include "platform/Signal.hpp"
 #include "platform/Surfaces.hpp"
-#include "rules/calendar/DayTexts.hpp"
 #include "rules/calendar/PanelModel.hpp"
 #include "screens/panel/DayGrid.hpp"
 #include "screens/panel/PanelContext.hpp"
@@ -45,14 +44,14 @@ class CalendarView final : public Ui::View {
   [[nodiscard]] QWidget* prayerTimes();
 
   void showDays();
-  [[nodiscard]] ShownDay shownDay(const DayCell& cell,
-                                  const std::optional<DaySpeech>& speech) const;
+  [[nodiscard]] ShownDay shownDay(const DayCell& cell) const;
   void fitWeeks();
   void hover(const std::string& text);
 
   // The keyboard.
   void move(CalendarUnit unit, int amount);
   void focusOnKeyboardDay();
+  void visit(Date day);
   void openNote();
 
   /// The note that the model has open.

@@ -58,6 +58,54 @@ std::vector<QColor> dots(const ShownDay& day, const Colors& colors) {
 
 }  // namespace
 
+/// A day in the list of the month's days.
+class DayCellView::Spoken final : public SpokenControl {
+ public:
+  explicit Spoken(DayCellView& cell) : SpokenControl(&cell, QAccessible::ListItem), cell_(cell) {}
+
+  [[nodiscard]] QAccessibleInterface* parent() const override {
+    // The list has no other children than its days.
+    return QAccessible::queryAccessibleInterface(cell_.parentWidget()->parentWidget());
+  }
+
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    if (kind != QAccessible::Name) return SpokenControl::text(kind);
+    const bool isSpoken = cell_.day_ && cell_.events_.speech;
+    return isSpoken ? QString::fromStdString(cell_.events_.speech(cell_.day_->cell)) : QString();
+  }
+
+  [[nodiscard]] QAccessible::State state() const override {
+    QAccessible::State state = SpokenControl::state();
+    state.focusable = state.selectable = true;
+    state.selected = cell_.day_ && cell_.day_->isSelected;
+    return state;
+  }
+
+  [[nodiscard]] QStringList actionNames() const override {
+    return {pressAction(), setFocusAction(), kOpenNote};
+  }
+
+  [[nodiscard]] QString localizedActionName(const QString& action) const override {
+    return action == kOpenNote ? kOpenNote : SpokenControl::localizedActionName(action);
+  }
+
+  void doAction(const QString& action) override {
+    if (!cell_.day_) return;
+    const Date day = cell_.day_->cell.date;
+    if (action == pressAction()) return press();
+    if (action == setFocusAction() && cell_.events_.onVisit) cell_.events_.onVisit(day);
+    if (action == kOpenNote && cell_.events_.onNote) cell_.events_.onNote(day);
+  }
+
+ protected:
+  void press() override { cell_.click(); }
+
+ private:
+  inline static const QString kOpenNote = QStringLiteral("Open note");
+
+  DayCellView& cell_;
+};
+
 DayCellView::DayCellView(DayCellEvents events) : events_(std::move(events)) {
   setFixedSize(kCellSize);
   setMouseTracking(true);
@@ -73,10 +121,21 @@ QSize DayCellView::sizeHint() const {
 
 void DayCellView::show(const std::optional<ShownDay>& day) {
   if (day == day_) return;
+  const bool wasSelected = day_ && day_->isSelected;
   day_ = day;
   setEnabled(day.has_value());
-  setAccessibleName(day ? day->spokenName : QString());
   update();
+  QAccessibleEvent renamed(this, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&renamed);
+  if (const bool isSelected = day && day->isSelected; isSelected != wasSelected) {
+    QAccessibleEvent changed(this,
+                             isSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&changed);
+  }
+}
+
+QAccessibleInterface* DayCellView::makeSpoken() {
+  return new Spoken(*this);
 }
 
 void DayCellView::paintEvent(QPaintEvent*) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "rules/calendar/CalendarModel.hpp"
+#include "ui/Spoken.hpp"
 
 namespace Hilalor::Screens {
 
@@ -13,7 +14,6 @@ namespace Hilalor::Screens {
 struct ShownDay {
   DayCell cell;
   std::string hoverLabel;  ///< For the panel's hover line.
-  QString spokenName;      ///< For a screen reader; empty while there is none.
   bool showsSecondary = true;
   bool isSelected = false;
   bool hasNote = false;
@@ -27,10 +27,15 @@ struct DayCellEvents {
   std::function<void(Date)> onOpen;    ///< A double click, after the click it begins with.
   /// The text for the hover line; empty when the pointer has left.
   std::function<void(const std::string&)> onHolidayHover;
+  /// What a screen reader says of the day.
+  std::function<std::string(const DayCell&)> speech = {};
+  /// A screen reader wants to be at the day, and then at its note.
+  std::function<void(Date)> onVisit = {};
+  std::function<void(Date)> onNote = {};
 };
 
 /// One day of the month grid, or a place of the grid without a day.
-class DayCellView final : public QAbstractButton {
+class DayCellView final : public QAbstractButton, public Ui::SpokenPart {
  public:
   explicit DayCellView(DayCellEvents events);
 
@@ -38,6 +43,7 @@ class DayCellView final : public QAbstractButton {
   [[nodiscard]] const std::optional<ShownDay>& day() const { return day_; }
 
   [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QAccessibleInterface* makeSpoken() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -48,6 +54,8 @@ class DayCellView final : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  class Spoken;
+
   void reportHover() const;
   void paintMarks(QPainter& painter) const;
   void paintContent(QPainter& painter) const;

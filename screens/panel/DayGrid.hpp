@@ -5,12 +5,13 @@
 #include <optional>
 
 #include "screens/panel/DayCellView.hpp"
+#include "ui/Spoken.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor::Screens {
 
 /// The 42 places for the days of a month, in rows of a week. The last weeks can be left out.
-class DayGrid final : public Ui::View {
+class DayGrid final : public Ui::View, public Ui::SpokenPart {
  public:
   static constexpr std::size_t kWeek = 7;
   static constexpr std::size_t kWeeks = 6;
@@ -33,7 +34,11 @@ class DayGrid final : public Ui::View {
   void showWeeks(std::size_t weeks);
   [[nodiscard]] std::size_t shownWeeks() const { return shownWeeks_; }
 
+  [[nodiscard]] QAccessibleInterface* makeSpoken() override;
+
  private:
+  class Spoken;
+
   std::array<DayCellView*, kCells> cells_{};
   std::size_t shownWeeks_ = kWeeks;
 };

@@ -28,6 +28,9 @@ MonthHeader::MonthHeader(PanelModel& model, std::function<void()> onChange)
     previous->setAccessibleName(isYear ? QStringLiteral("Previous year")
                                        : QStringLiteral("Previous month"));
     next->setAccessibleName(isYear ? QStringLiteral("Next year") : QStringLiteral("Next month"));
+    // Who has pressed one is told where that has led.
+    for (Button* button : {previous, next})
+      button->setAccessibleDescription(QString::fromStdString(model_.title()));
   });
   setBody(padded(kSides, row({.padding = kInset},
                              {previous, flexibleSpace(), titleBlock(), flexibleSpace(), next})));

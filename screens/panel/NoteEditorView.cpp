@@ -37,7 +37,8 @@ NoteEditorView::NoteEditorView(Date date, NotesStore& store, const AppSettings& 
       editor_(new TextEditor(kEditorTypeSize)) {
   setFixedWidth(kWidth);
   setFocusProxy(editor_);
-  editor_->setAccessibleName(dateLabel());
+  setWindowTitle("Note of " + dateLabel());
+  editor_->setName(windowTitle());
   setBody(
       column({.spacing = kSpacing, .padding = Insets::all(kPadding), .alignment = Qt::AlignLeft},
              {liveText(kHeadingStyle, [this] { return dateLabel(); }),

@@ -3,7 +3,9 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/FocusRing.hpp"
 #include "ui/Shapes.hpp"
+#include "ui/Spoken.hpp"
 
 namespace Hilalor::Screens {
 
@@ -41,7 +43,11 @@ TextStyle rowStyle(const PrayerRow& row) {
 /// The name of a prayer at one end, its time at the other.
 class PrayerRowView final : public View {
  public:
-  PrayerRowView() { setBody(row({.padding = kRowPadding}, {name_, flexibleSpace(), time_})); }
+  PrayerRowView() {
+    speakAsOne(*this, QAccessible::ListItem);
+    markFocusAround(*this, kRowRadius);
+    setBody(row({.padding = kRowPadding}, {name_, flexibleSpace(), time_}));
+  }
 
   void show(const PrayerRow& row) {
     isActive_ = row.isActive;
@@ -52,7 +58,10 @@ class PrayerRowView final : public View {
     const auto name = displayName(row.listed);
     name_->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     time_->setText(QString::fromStdString(row.time));
-    setAccessibleName(name_->text() + u' ' + time_->text());
+    const QString next = row.isActive ? QStringLiteral(", the next prayer") : QString();
+    setAccessibleName(name_->text() + u' ' + time_->text() + next);
+    // A stop of the keyboard for those only to whom it is read.
+    setFocusPolicy(QAccessible::isActive() ? Qt::TabFocus : Qt::NoFocus);
     update();
   }
 

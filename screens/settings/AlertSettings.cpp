@@ -91,6 +91,7 @@ QWidget* AlertSettings::loopRow() {
   auto* seconds = new Stepper(
       kLoopSeconds, [](int value) { return QString::number(value) + " sec"; },
       [this](int value) { settings_.beepLoopSeconds = value; });
+  seconds->setName(QStringLiteral("Loop for"));
   atRedraw([this, seconds] { seconds->setValue(shownSeconds(settings_.beepLoopSeconds)); });
   return row(
       {.spacing = kSpacing},
@@ -106,21 +107,23 @@ QWidget* AlertSettings::athanRows() {
 }
 
 QWidget* AlertSettings::voiceRow(const char* title, AthanVoice voice, const char* recording) {
-  auto* preview =
-      previewButton([this, voice] { return notificationManager_.playingVoice.value() == voice; },
-                    [this, voice, recording] { previewVoice(voice, recording); },
-                    [this] { notificationManager_.stopAll(); });
+  auto* preview = previewButton(
+      "Athan, " + QString::fromUtf8(title),
+      [this, voice] { return notificationManager_.playingVoice.value() == voice; },
+      [this, voice, recording] { previewVoice(voice, recording); },
+      [this] { notificationManager_.stopAll(); });
   return row({.spacing = kSpacing},
              {radioButton(title, settings_.athanVoice, voice), flexibleSpace(), preview});
 }
 
 QWidget* AlertSettings::supplicationRow() {
-  auto* preview = previewButton([this] { return notificationManager_.playingDua.value(); },
-                                [this] {
-                                  notificationManager_.stopDua();
-                                  notificationManager_.playDua();
-                                },
-                                [this] { notificationManager_.stopDua(); });
+  auto* preview = previewButton(
+      QStringLiteral("Supplication"), [this] { return notificationManager_.playingDua.value(); },
+      [this] {
+        notificationManager_.stopDua();
+        notificationManager_.playDua();
+      },
+      [this] { notificationManager_.stopDua(); });
   return row({.padding = kIndented},
              {checkboxRow("Play after Athan supplication", settings_.playDuaAfterAthan),
               flexibleSpace(), preview});

@@ -63,16 +63,17 @@ QWidget* SettingsPart::stepperRow(const QString& label, StepperRange range,
   return row({}, {new Text(kLabelStyle, label), flexibleSpace(), stepper});
 }
 
-Button* SettingsPart::previewButton(std::function<bool()> isPlaying,
+Button* SettingsPart::previewButton(const QString& what, std::function<bool()> isPlaying,
                                     std::function<void()> onPreview, std::function<void()> onStop) {
   auto* button =
       new Button({}, [isPlaying, onPreview = std::move(onPreview), onStop = std::move(onStop)] {
         isPlaying() ? onStop() : onPreview();
       });
-  atRedraw([button, isPlaying = std::move(isPlaying)] {
+  atRedraw([button, what, isPlaying = std::move(isPlaying)] {
     const bool stops = isPlaying();
     button->setLabel({.icon = stops ? Icon::stopCircle : Icon::playCircle, .style = kPreviewStyle});
     button->setHelp(stops ? QStringLiteral("Stop") : QStringLiteral("Preview"));
+    button->setAccessibleName((stops ? QStringLiteral("Stop ") : QStringLiteral("Play ")) + what);
   });
   return button;
 }

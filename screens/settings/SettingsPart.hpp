@@ -50,8 +50,9 @@ class SettingsPart : public Ui::View {
     return ring;
   }
 
-  /// Plays or stops something to listen to, as it plays or not.
-  [[nodiscard]] Ui::Button* previewButton(std::function<bool()> isPlaying,
+  /// Plays or stops something to listen to, as it plays or not. `what` is what a screen reader
+  /// calls that.
+  [[nodiscard]] Ui::Button* previewButton(const QString& what, std::function<bool()> isPlaying,
                                           std::function<void()> onPreview,
                                           std::function<void()> onStop);
 

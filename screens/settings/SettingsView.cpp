@@ -59,7 +59,9 @@ SettingsView::SettingsView(const SettingsContext& context, Updater* updater, con
        appearanceCard(), sectionHeader("About"), new AboutCard(context, updater, appIcon),
        sectionHeader("Adjustments"), new AdjustmentsCard(context), flexibleSpace()});
   content->setFixedWidth(kWidth);
-  setBody(new ScrollColumn(content));
+  auto* scrolling = new ScrollColumn(content);
+  scrolling->setAccessibleName(QStringLiteral("Settings"));
+  setBody(scrolling);
   redraw();
 }
 

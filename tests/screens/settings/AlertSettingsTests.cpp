@@ -118,14 +118,14 @@ TEST_F(AlertSettingsTest, TheLoopGoesByFivesFromFiveToTwoMinutes) {
   constexpr int kMoreThanThereAre = 30;
   EXPECT_TRUE(showsText("10 sec"));
   for (int press = 0; press < kMoreThanThereAre; ++press)
-    click(button("Less"));
+    click(button("Loop for, less"));
   EXPECT_EQ(stored("beepLoopSeconds"), "5");
   EXPECT_TRUE(showsText("5 sec"));
-  click(button("More"));
+  click(button("Loop for, more"));
   EXPECT_EQ(stored("beepLoopSeconds"), "10");
   for (int press = 0; press < kMoreThanThereAre; ++press) {
     settle();
-    click(button("More"));
+    click(button("Loop for, more"));
   }
   EXPECT_EQ(stored("beepLoopSeconds"), "120");
 }
