@@ -41,7 +41,9 @@ double millisecondsToWindow(xcb_connection_t* display, char* program) {
   kill(child, SIGTERM);
   int status = 0;
   waitpid(child, &status, 0);
-  return shown && WIFEXITED(status) && WEXITSTATUS(status) == 0 ? taken.count() : -1;
+  // A program without a handler of its own is ended by the signal.
+  const bool ended = WIFEXITED(status) ? WEXITSTATUS(status) == 0 : WTERMSIG(status) == SIGTERM;
+  return shown && ended ? taken.count() : -1;
 }
 
 }  // namespace
