@@ -115,9 +115,11 @@ TEST_F(DamagedStore, LosesTheEntryThatCannotBeReadAndNoOther) {
 
 TEST_F(DamagedStore, SetsAsideADatabaseOfAnotherShape) {
   runSql("DROP TABLE defaults; CREATE TABLE defaults(name, content)");
+  setBytes(file().string() + "-wal", "log");
   const auto store = open();
   EXPECT_EQ(store->value("theme"), std::nullopt);
-  EXPECT_EQ(setAsideFiles().size(), 1U);
+  ASSERT_EQ(setAsideFiles().size(), 1U);
+  EXPECT_EQ(bytes(setAsideFiles().front().string() + "-wal"), "log");
 }
 
 TEST_F(DamagedStore, WritesAllAnewAfterDamageWhileItIsOpen) {

@@ -20,7 +20,7 @@ namespace Hilalor::Desktop {
 class StoreFile : public testing::Test {
  protected:
   [[nodiscard]] std::filesystem::path file() const {
-    return folder.path() / "hilalor" / "defaults.sqlite";
+    return folder.path() / "50%20? #1" / "defaults.sqlite";
   }
 
   /// What a program that starts now finds.

@@ -50,6 +50,9 @@ const std::vector<HardDay> kHardDays{
      "Fajr 07:31, Dhuhr 14:01, Asr 16:08, Maghrib 18:33, Isha 20:23"},
     {"Anadyr", 64.73, 177.5, "Asia/Anadyr", Method::muslimWorldLeague, 2025y / 9 / 30,
      "Fajr 04:28, Dhuhr 12:01, Asr 14:39, Maghrib 17:43, Isha 19:31"},
+    // Asr is half a minute after the sun's: the engine takes the sun's height of 0h UTC.
+    {"Rotorua", -38.1368, 176.2497, "Pacific/Auckland", Method::muslimWorldLeague, 2024y / 10 / 19,
+     "Fajr 04:50, Dhuhr 13:01, Asr 16:43, Maghrib 19:37, Isha 21:05"},
     // The evening's Isha comes after midnight, the next one too.
     {"Zurich", 47.3769, 8.5417, "Europe/Zurich", Method::muslimWorldLeague, 2026y / 6 / 11,
      "Isha 00:00, Fajr 02:31, Dhuhr 13:27, Asr 17:39, Maghrib 21:22"},
@@ -62,6 +65,9 @@ const std::vector<HardDay> kHardDays{
     // Asr would come before noon.
     {"Tromso", 69.6492, 18.9553, "Europe/Oslo", Method::muslimWorldLeague, 2025y / 11 / 22,
      "Fajr 07:10, Dhuhr 11:31, Maghrib 12:44, Isha 15:50"},
+    // Asr would come hours after sunset.
+    {"Jokkmokk", 66.6066, 19.8229, "Europe/Stockholm", Method::muslimWorldLeague, 2025y / 12 / 19,
+     "Fajr 07:26, Dhuhr 11:39, Maghrib 12:42, Isha 15:49"},
     // The method's minutes before sunrise begin before the evening's Maghrib.
     {"Antarctica", -65.45, 99.2, "Antarctica/Casey", Method::moonsightingCommittee, 2026y / 1 / 2,
      "Maghrib 00:29, Isha 01:44, Dhuhr 13:32, Asr 18:21"},

@@ -458,7 +458,7 @@ TEST_F(PrayerNotificationManagerTest, OpensRecordingsInTheBackground) {
   EXPECT_EQ(perceived(), "athan [Asr Athan] vemran");
 }
 
-TEST_F(PrayerNotificationManagerTest, WhatWasOnItsWayComesToNothingOnceTheMonitorIsGone) {
+TEST_F(PrayerNotificationManagerTest, WhatWasOnItsWayComesToNothingOnceTheManagerIsGone) {
   settings.notificationBannerEnabled = true;
   settings.beepSoundEnabled = true;
   settings.athanEnabled = true;
