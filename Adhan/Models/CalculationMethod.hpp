@@ -22,7 +22,7 @@ enum class CalculationMethod {
   singapore,
   tehran,
   turkey,
-  other,  ///< Parameters of one's own.
+  other,  ///< Any other parameters.
 };
 
 template <>

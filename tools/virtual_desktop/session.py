@@ -1,4 +1,4 @@
-"""A desktop of one's own to run the program in: X server, message bus, home folder, processes."""
+"""A private desktop to run the program in: X server, message bus, home folder, processes."""
 
 import ctypes
 import os
