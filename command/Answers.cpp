@@ -68,7 +68,7 @@ Json placeOf(const Course& course) {
           {"source", wordFor(course.source())}};
 }
 
-// Of a time that the day has.
+// The instant of a time that the day has.
 Date instantOf(const PrayerDay& day, ListedTime time) {
   if (time == ListedTime::middleOfTheNight) return day.sunnahTimes()->middleOfTheNight;
   if (time == ListedTime::lastThirdOfTheNight) return day.sunnahTimes()->lastThirdOfTheNight;
@@ -240,7 +240,7 @@ std::string waybarLine(const Answer& shown, const Course& course, const Moment& 
                {"class", next ? idOf(listed(next->prayer)) : "none"}});
 }
 
-// Whether the answer hangs on the place.
+// Whether the answer depends on the place.
 bool isOfPlace(const Request& request, const Course& course) {
   switch (request.verb) {
     case Verb::day:

@@ -13,7 +13,7 @@
 
 namespace Hilalor {
 
-/// What a command that goes on is handed.
+/// What a command that keeps running works with.
 struct FollowContext {
   const Clock& clock;
   Wakes& wakes;

@@ -24,7 +24,7 @@ Date changeAfter(Date now, const std::function<std::string(Date)>& textAt) {
     const auto middle = (same + other) / 2;
     (textAt(now + middle) == text ? same : other) = middle;
   }
-  // Not at the very change, which titles of whole minutes may show as a minute of its own.
+  // Not at the change itself: a title of whole minutes may read differently for that one instant.
   return now + other + kExactness;
 }
 

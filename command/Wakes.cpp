@@ -61,7 +61,7 @@ void KernelWakes::watchFolders() const {
     auto changes = kFileChanges;
     while (!std::filesystem::exists(folder, error) && folder.has_relative_path()) {
       folder = folder.parent_path();
-      // What other programs write there is nobody's matter here.
+      // Files of other programs in the folder do not matter here.
       changes = IN_CREATE | IN_MOVED_TO;
     }
     inotify_add_watch(changes_, folder.c_str(), changes);

@@ -7,7 +7,7 @@
 
 namespace Hilalor {
 
-/// What a command that goes on sleeps by.
+/// What a command that keeps running waits for.
 class Wakes {
  public:
   virtual ~Wakes() = default;

@@ -69,21 +69,21 @@ class WorldMap {
   /// The most important places of a tile, the first of them first.
   [[nodiscard]] virtual std::vector<MapPlace> places(MapTile tile, std::size_t limit) const = 0;
 
-  /// Places with a name of which a word begins like the text, whatever its letter case and
-  /// diacritics, also in Arabic; the best known first.
+  /// Places with a name in which a word begins like the text. Letter case and diacritics do not
+  /// count, also in Arabic. The best known come first.
   [[nodiscard]] virtual std::vector<FoundPlace> search(std::string_view text,
                                                        std::size_t limit) const = 0;
 
-  /// Whom the map is owed to.
+  /// Names the makers of the data, as their licences ask. Shown on the map.
   [[nodiscard]] virtual std::string attribution() const = 0;
 };
 
-/// Has the world to look at and to look places up in. Main thread.
+/// Gives the map of the world. Main thread.
 class Atlas {
  public:
   virtual ~Atlas() = default;
 
-  /// What the map takes of memory is given back with it.
+  /// The map's memory is free again once the map has gone.
   [[nodiscard]] virtual std::unique_ptr<WorldMap> open() = 0;
 };
 

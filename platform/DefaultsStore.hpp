@@ -35,8 +35,8 @@ class DefaultsStore {
   /// meantime stands. On a pass of the loop of its own, never within a call.
   Signal<> cameIn;
 
-  /// Whether all that was set is stored. While it is not, it lives in memory alone and is tried
-  /// again; the user should know.
+  /// Whether all that was set is stored. While it is not, it lives in memory alone, and writing is
+  /// tried again. The user should know of that.
   Published<bool> isKept{true};
 
   /// Whether what the disk holds is known. While it is not, a value that is absent here may well be

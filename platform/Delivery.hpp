@@ -13,8 +13,7 @@
 namespace Hilalor {
 
 /// Wraps a subscriber so that it hears of a value on the next pass of the loop, when the value is
-/// in place. What is on its way when the returned subscriber's last copy is dropped is not
-/// delivered.
+/// in place. Nothing is delivered once the last copy of the returned subscriber has been dropped.
 template <typename Subscriber>
 [[nodiscard]] auto onNextPass(RunLoop& loop, Subscriber subscriber) {
   auto kept = std::make_shared<const Subscriber>(std::move(subscriber));

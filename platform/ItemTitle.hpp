@@ -12,7 +12,7 @@ enum class TitleGlyph { none, calendar, mosque };
 /// The glyph as a character, UTF-8; empty for none.
 [[nodiscard]] std::string_view character(TitleGlyph glyph);
 
-/// What a square as small as an icon can say of a title. Texts are UTF-8.
+/// A title in the form that fits a square as small as an icon. Texts are UTF-8.
 struct CompactTitle {
   enum class Form {
     empty,  ///< Nothing to show.

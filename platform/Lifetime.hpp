@@ -5,8 +5,8 @@
 
 namespace Hilalor {
 
-/// A member by which what is on its way to an object learns that the object has gone. Tasks are
-/// run on the object's thread; they may be made and dropped on any.
+/// A member that lets late tasks know that their object has gone. Tasks are run on the object's
+/// thread; they may be made and dropped on any.
 class Lifetime {
  public:
   Lifetime() = default;

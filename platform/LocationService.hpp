@@ -17,7 +17,7 @@ struct LocationCoordinate {
          coordinate.longitude <= 180;
 }
 
-/// What the user lets us know of where they are.
+/// Whether the user lets us know where they are.
 enum class AuthorizationStatus {
   notDetermined = 0,  ///< Not asked yet.
   restricted = 1,     ///< The machine has no way to allow it.

@@ -42,7 +42,7 @@ struct NotificationRequest {
   friend bool operator==(const NotificationRequest&, const NotificationRequest&) = default;
 };
 
-/// The desktop's banners. Nothing here waits and nothing fails aloud. Main thread.
+/// The desktop's banners. Nothing here waits, and no failure is reported. Main thread.
 class NotificationCenter {
  public:
   /// Is asked how a banner is to be shown while the program is in use.

@@ -7,8 +7,8 @@
 
 namespace Hilalor {
 
-/// A place for the latest of several timers. One that another takes the place of runs out all the
-/// same; only `invalidate` ends a timer, and only the latest. Main thread.
+/// A place for the latest of several timers. An earlier one still runs out when a later one takes
+/// its place. Only `invalidate` ends a timer, and only the latest. Main thread.
 class OneShotTimer {
  public:
   void schedule(RunLoop& loop, Seconds delay, RunLoop::Task task) {

@@ -13,8 +13,8 @@ class Timer {
   virtual ~Timer() = default;
 };
 
-/// The main thread's loop. Everything it runs but the work given to `inBackground`, it runs on the
-/// main thread; everything but `post` is asked of it from there.
+/// The main thread's loop. It runs everything on the main thread, except the work given to
+/// `inBackground`. Only `post` may be called from other threads.
 class RunLoop {
  public:
   using Task = std::function<void()>;

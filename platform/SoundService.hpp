@@ -48,8 +48,8 @@ class SystemSound {
   virtual void stop() = 0;
 };
 
-/// What the desktop has of sounds. Where there is nothing to play them on, they pass in silence and
-/// take as long. Main thread, but for `player`.
+/// The sounds of the desktop. Where there is nothing to play them on, they take as long in silence.
+/// Main thread, but for `player`.
 class SoundService {
  public:
   virtual ~SoundService() = default;

@@ -29,7 +29,7 @@ struct MenuItem {
 
 using Menu = std::vector<MenuItem>;
 
-/// What the user sees and clicks of the status item.
+/// The part of the status item that the user sees and clicks.
 class StatusButton {
  public:
   virtual ~StatusButton() = default;
@@ -44,8 +44,8 @@ class StatusButton {
   /// beforehand because most bars open it themselves.
   virtual void setContextMenu(Menu menu) = 0;
 
-  /// What stands instead in a menu that the bar draws itself. On some bars that menu is all that a
-  /// single click, the keyboard or a touch screen reaches.
+  /// The menu that takes its place where the bar draws the menu itself. On some bars that menu is
+  /// all that a single click, the keyboard or a touch screen reaches.
   virtual void setHostedMenu(Menu menu) = 0;
 };
 

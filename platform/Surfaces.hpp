@@ -10,8 +10,8 @@
 
 namespace Hilalor {
 
-/// What made a panel go: the Escape key, the desktop, which does so for a press elsewhere, or
-/// something that was opened at its place.
+/// Why a panel closed: by the Escape key, by the desktop (after a press elsewhere), or because
+/// something else was opened at its place.
 enum class Dismissal { byEscape, byDesktop, toMakeRoom };
 
 /// What a calendar panel reports.

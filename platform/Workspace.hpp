@@ -10,7 +10,8 @@ enum class SettingsPane {
   locationPrivacy,  ///< Who may know where the machine is.
 };
 
-/// Opens what belongs to other programs. What cannot be opened is not, without a word. Main thread.
+/// Opens what belongs to other programs. What cannot be opened is passed over in silence. Main
+/// thread.
 class Workspace {
  public:
   virtual ~Workspace() = default;

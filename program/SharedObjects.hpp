@@ -8,9 +8,9 @@
 
 namespace Hilalor::Program {
 
-/// The objects of which the program has one each, over a desktop that outlives them. They are
-/// handed down from here by reference; while they live, their types' `shared()` answers them too.
-/// Main thread.
+/// The objects of which the program has one each. The platform must outlive them. They are handed
+/// down from here by reference; while they live, their types' `shared()` answers them too. Main
+/// thread.
 class SharedObjects {
  public:
   explicit SharedObjects(const Platform& platform);

@@ -90,7 +90,7 @@ std::unique_ptr<Updater> makeUpdater([[maybe_unused]] RunLoop& loop,
 #endif
 }
 
-// How this desktop answers everything that is asked of it.
+// All services of the Linux desktop, in the order in which they need one another.
 class LinuxDesktop {
  public:
   LinuxDesktop(LinuxApplication& application, Ui::PopUpStyle& style)

@@ -9,8 +9,8 @@ class SharedObjects;
 }
 
 /// Lets the one object of a type be reached by its type's name. The program, which owns the object,
-/// puts it in place and takes it away; nothing else can. Who can be handed the object takes it that
-/// way: no rule and no screen asks here.
+/// puts it in place and takes it away; nothing else can. Rules and screens do not ask here: the
+/// object is handed to them.
 template <typename Object>
 class Shared {
  public:

@@ -26,7 +26,7 @@ void strokeRing(QPainter& painter, const QWidget& control, const QRectF& ring, d
   painter.drawPath(smoothRect(ring, radius));
 }
 
-/// What the user pressed last, a key or the pointer, of all that the program is told.
+/// Which was pressed last in this program, a key or the pointer.
 class LastPress final : public QObject {
  public:
   LastPress() : QObject(qApp) {

@@ -8,7 +8,8 @@ class QPainter;
 namespace Hilalor::Ui {
 
 /// Something painted over a control and around it, where the control's own room ends. It follows
-/// the control, lets the mouse through and is nothing to a screen reader. Delete it to take it off.
+/// the control, lets the mouse through, and does not exist for a screen reader. Delete it to remove
+/// it.
 class Halo final : public QFocusFrame {
  public:
   /// Reaches that far out of the control at the sides, and above and below. `paint` is given the

@@ -101,7 +101,7 @@ class Reach final : public QObject {
     return true;
   }
 
-  /// The button what the pointer does around it.
+  /// Hands the button what the pointer does around it.
   bool tell(const QMouseEvent& event) {
     if (isTelling_) return false;
     isTelling_ = true;

@@ -10,8 +10,8 @@
 
 namespace Hilalor::Ui {
 
-/// A screen, or a large part of one: a tree of parts laid out once, of which some show what a
-/// function gives. At every redraw those functions are asked again.
+/// A screen, or a large part of one: a tree of parts laid out once. Some parts show what a function
+/// returns. At every redraw those functions are asked again.
 class View : public QWidget {
  public:
   explicit View(QWidget* parent = nullptr);

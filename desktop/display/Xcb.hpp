@@ -18,7 +18,7 @@ struct Freed {
 template <typename Memory>
 using Owned = std::unique_ptr<Memory, Freed>;
 
-/// Does not hear of the request's failure: windows of other programs go at any time.
+/// Ignores a failure of the request: windows of other programs can go at any time.
 inline void ignoreFailure(xcb_connection_t* connection, xcb_void_cookie_t request) {
   xcb_discard_reply(connection, request.sequence);
 }

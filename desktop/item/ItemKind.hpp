@@ -5,7 +5,7 @@ namespace Hilalor::Desktop {
 /// The ways of being in the bar.
 enum class ItemKind { none, shell, trayWindow, notifier, strip };
 
-/// What there is to be in. `notifier` is not answered until the bus has been asked.
+/// The bars that there are. `notifier` is not answered until the bus has been asked.
 struct BarHosts {
   enum class Notifier { unknown, absent, present };
 

@@ -35,7 +35,7 @@ class ItemPresence {
   /// Where the item stands on the screen now; absent where the bar does not tell.
   [[nodiscard]] virtual std::optional<Rect> place() const { return std::nullopt; }
 
-  /// The occasion, now and then, to see whether the bar has come to look different.
+  /// Called now and then: time to see whether the bar looks different by now.
   virtual void lookAround() {}
 };
 

@@ -73,7 +73,7 @@ void ItemStrip::titleChanged() {
 
 void ItemStrip::lookAround() {
   put();
-  // Nobody keeps other windows below one that no window manager knows.
+  // No window manager knows this window, so nothing keeps others below it.
   face_.raise();
   // Qt would keep the request until the display has something to tell.
   if (isOnX11()) xcb_flush(qtConnection());

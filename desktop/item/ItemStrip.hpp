@@ -30,7 +30,7 @@ class ItemStrip : public QObject, public ItemPresence {
   struct Drag {
     /// Of the pointer, where it took the strip.
     double within = 0;
-    /// A hand that clicks is not quite still.
+    /// A hand moves a little during a click.
     bool hasMoved = false;
   };
 

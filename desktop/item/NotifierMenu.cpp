@@ -10,7 +10,7 @@ namespace {
 
 /// The menu itself; its lines follow from 1.
 constexpr int kRoot = 0;
-/// Of a menu that never changes its lines.
+/// The revision of a menu whose lines never change.
 constexpr uint kRevision = 1;
 
 }  // namespace

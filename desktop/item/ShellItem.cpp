@@ -14,7 +14,7 @@ const QString kInterface = QStringLiteral("org.hilalor.Item");
 const QString kItemPath = QStringLiteral("/org/hilalor/Hilalor/Item");
 const QString kMenuPath = QStringLiteral("/org/hilalor/Hilalor/Menu");
 
-/// Of a name request: none but this program may have it.
+/// In a name request: do not wait in line where another program has the name.
 constexpr uint kDoNotQueue = 4;
 
 }  // namespace

@@ -84,7 +84,7 @@ void SystemTray::findManager() {
 }
 
 bool SystemTray::hasWindowManager() const {
-  // What one program at a time may ask for.
+  // Only one program at a time can select this event: the window manager.
   const auto attributes = Xcb::answer(xcb_get_window_attributes_reply, connection_,
                                       xcb_get_window_attributes(connection_, screen_.root));
   return attributes && (attributes->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;

@@ -143,7 +143,7 @@ void TrayWindow::useRoom(const DockedPlace& place) {
   draw(place);
 }
 
-/// What the tray has given by now is its answer.
+/// By now the tray has answered with the room that it gave.
 void TrayWindow::judge() {
   patience_.reset();
   const auto place = window_->place();

@@ -21,7 +21,7 @@ constexpr Seconds kNextTry{2};
 /// What a new message sounds like, by the sound names that desktops share.
 const QString kDefaultSound = QStringLiteral("message-new-instant");
 
-/// A service that ends by what it is asked to show is not to end all day.
+/// A banner at which the service crashes must not crash it all day.
 constexpr int kMostSendings = 3;
 
 QDBusMessage callTo(const QString& method) {

@@ -58,7 +58,7 @@ class LinuxNotificationCenter final : public NotificationCenter {
   bool isExpected_ = true;           // Not one that was missed for a whole minute.
   std::unique_ptr<Timer> givingUp_;  // Runs while the service is missed.
   std::unique_ptr<Timer> nextTry_;
-  QObject calls_;  // those on their way end with it
+  QObject calls_;  // calls on their way end with it
 };
 
 }  // namespace Hilalor::Desktop

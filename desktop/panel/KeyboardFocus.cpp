@@ -41,7 +41,8 @@ void KeyboardFocus::rememberOwner() {
 void KeyboardFocus::giveBack() const {
   const auto now = focusedWindow();
   if (!owner_ || !now || !isTakers(*now)) return;
-  // One that has gone, or is hidden, cannot have it. Better whoever is pointed at than nobody.
+  // One that has gone, or is hidden, cannot have it. The window under the pointer is better than
+  // none.
   if (!give(*owner_)) give(XCB_INPUT_FOCUS_POINTER_ROOT);
 }
 

@@ -38,7 +38,7 @@ LinuxPanel::LinuxPanel(std::unique_ptr<Ui::View> screen, std::function<void(Dism
 }
 
 LinuxPanel::~LinuxPanel() {
-  // Nobody is there to be told any more, though the window lives on to the end of this event.
+  // The owner has gone. The window itself lives on to the end of this event.
   window_->disown();
   screen_->onWantedSize = nullptr;
   keyboard_.giveBack();

@@ -19,8 +19,8 @@ namespace Hilalor::Desktop {
 ///
 /// The status is restricted where there is no service or nobody on the desktop to ask the user,
 /// denied where the user or the desktop refuses, authorised where the service starts. It follows
-/// the service as that comes and goes; that a refusal was taken back, no desktop tells.
-/// The network is watched only from a request without a position to the next with one. Main thread.
+/// the service as that comes and goes. No desktop tells that a refusal was taken back. The network
+/// is watched only from a request without a position to the next with one. Main thread.
 class GeoClueLocationService final : public LocationService {
  public:
   /// When the service is first spoken to.

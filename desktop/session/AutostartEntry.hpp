@@ -10,11 +10,11 @@ namespace Hilalor::Desktop {
 
 /// The program's entry in the folders from which desktops start programs at login. The user's own
 /// goes before the system's, which comes with the package, and "Hidden=true" in it switches that
-/// off. An entry of the user's that says no more than holds without it is removed; what else
-/// somebody wrote into it is kept.
+/// off. The user's entry is removed where everything is the same without it. Other lines that
+/// somebody wrote into it are kept.
 class AutostartEntry final : public LoginEntry {
  public:
-  /// `systemFolders` go before one another in their order. `program` is what is to be started.
+  /// Earlier folders in `systemFolders` go before later ones. `program` is what is to be started.
   AutostartEntry(const std::filesystem::path& userFolder,
                  const std::vector<std::filesystem::path>& systemFolders,
                  std::filesystem::path program);

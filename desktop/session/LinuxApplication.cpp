@@ -154,7 +154,7 @@ void LinuxApplication::takeNameOn(QDBusConnection bus) {
 }
 
 void LinuxApplication::terminate() {
-  // SIGHUP may come right behind SIGTERM when a session ends, and hurries nobody.
+  // SIGHUP may come right after SIGTERM when a session ends. It is no sign of impatience.
   for (const int number : {SIGTERM, SIGINT})
     signal(number, SIG_DFL);
   // Who wants to start a copy from now on waits for the end of this one, which is to come.

@@ -9,8 +9,8 @@
 namespace Hilalor::Desktop {
 
 /// All that needs the libraries of sound: decoders, the sound server, the sound card. They are some
-/// twenty shared objects, 1.6 MB that a program which sounds five times a day would hold all day;
-/// therefore they are linked into a module that is loaded by the first sound, and stays.
+/// twenty shared objects and take 1.6 MB, which a program that sounds five times a day need not
+/// hold all day. So they are linked into a module. The first sound loads it, and it stays.
 class SoundModule {
  public:
   /// Loads the module when it is asked for first: `hilalor/hilalor-sound.so` in the folder of

@@ -169,7 +169,7 @@ bool DefaultsFile::isLogUntouched() {
 }
 
 void DefaultsFile::leave(Condition condition) {
-  // A file copied over the open one is not to get what the log of the former holds.
+  // The log belongs to the file that was open, not to one that was copied over it.
   connection_->keepLogOnClose();
   const bool isLogOfTheOther =
       condition == Condition::replaced && FileStamp::of(logOf(path_)) != log_;

@@ -76,8 +76,8 @@ class DefaultsFile {
   /// What others have done to file and log since the last write.
   [[nodiscard]] Condition condition();
 
-  /// Takes the log away, where it is this program's or spoiled, lest it is applied to a file that
-  /// it does not belong to. For a file that is not untouched; all that remains is to let go of it.
+  /// Removes the log where it is this program's or spoiled, so that it is never applied to another
+  /// file. To be called on a file that is not untouched, right before it is let go.
   void leave(Condition condition);
 
  private:

@@ -12,7 +12,7 @@
 namespace Hilalor::Desktop {
 namespace {
 
-// For another program's lock. All that follows hangs on what a start reads.
+// For another program's lock. Everything later depends on what a start reads.
 constexpr std::chrono::milliseconds kStartPatience{500};
 
 /// From the last write to the moment when the log is taken into the file.
@@ -66,7 +66,7 @@ SqliteDefaultsStore::~SqliteDefaultsStore() {
 
 void SqliteDefaultsStore::close() {
   folding_.reset();
-  // What waited for it may be work of its own.
+  // Finishing may begin further work.
   while (work_)
     finishWork();
   if (!unwritten_.empty()) writeUnwritten();

@@ -9,8 +9,8 @@
 
 namespace Hilalor {
 
-/// Answers the application's life: builds the item in the bar when the desktop says that launching
-/// has finished. Nothing is left to do at the end, since every change was stored when it was made.
+/// Follows the application's life: builds the item in the bar when launching has finished. Nothing
+/// is left to do at the end, since every change was stored when it was made.
 class AppDelegate {
  public:
   /// Starts looking for updates, where the build has a place to look.

@@ -18,9 +18,9 @@ class ItemClicks {
  public:
   enum class Answer { nothing, open, close };
 
-  /// A press outside the panel while that is open. True if the panel closes for it, which it does
-  /// not where the press is on the item, whose own click follows. `item` is absent where the bar
-  /// does not tell.
+  /// A press outside the panel while that is open. True if the panel closes for it. It does not
+  /// close for a press on the item, whose own click follows. `item` is absent where the bar does
+  /// not tell.
   [[nodiscard]] bool press(Point place, const std::optional<Rect>& item);
 
   /// A mouse button went up. True if it may be that of the press that closed the panel.

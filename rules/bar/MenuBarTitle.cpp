@@ -18,7 +18,7 @@ constexpr std::size_t kLettersOfMore = 3;
 /// Two figures for the hours leave no room for the minutes.
 constexpr std::int64_t kHoursWithMinutes = 10;
 
-/// Of the first word, which is one of ours, in ASCII.
+/// The beginning of the first word, which is one of the program's own and ASCII.
 std::string beginning(const std::string& text) {
   const auto word = text.substr(0, text.find(' '));
   return word.size() <= kMostLetters ? word : word.substr(0, kLettersOfMore);

@@ -15,7 +15,7 @@ namespace Hilalor {
 [[nodiscard]] std::optional<Point> panelOrigin(Size panel, const std::optional<Rect>& item,
                                                const std::vector<Screen>& screens);
 
-/// How high a panel there may be to be seen whole. No result without a screen.
+/// The greatest height at which a panel there is seen whole. No result without a screen.
 [[nodiscard]] std::optional<double> greatestPanelHeight(const std::optional<Rect>& item,
                                                         const std::vector<Screen>& screens);
 

@@ -48,7 +48,7 @@ class StatusBarController {
   [[nodiscard]] std::optional<Rect> itemPlace() const;
   void position(Size size);
   void resize(Size size);
-  /// The greatest height of the panel, which it is told.
+  /// Tells the panel its greatest height, and returns it.
   double keepOnScreen();
   void reopenPanelIfVisible();
   void closeForPress(Point place);

@@ -102,7 +102,7 @@ MonthPage CalendarModel::page(const Moment& moment, HolidayLabels labels) const 
   return page;
 }
 
-// Without what the clock and the region say of the day.
+// Leaves out what depends on the clock and the region.
 DayCell CalendarModel::dayCell(int day, Date start, HolidayLabels labels) const {
   const auto hijri = hijriCalendar.components(start);
   const auto gregorian = gregorianCalendar.components(start);

@@ -42,7 +42,8 @@ class CalendarModel {
 
   /// The start of that day of the month: midnight, or the first moment of a day without one. A day
   /// that the month lacks carries over into its neighbours: day 31 of a month of 30 days is the
-  /// first of the next, day 0 the last of the one before. So it is with the texts of a day below.
+  /// first of the next, day 0 the last of the one before. The same holds for the texts of a day
+  /// below.
   [[nodiscard]] std::optional<Date> date(int day) const;
 
   /// The day's number in the secondary calendar; empty where the calendar has no such month.

@@ -46,7 +46,8 @@ class NotesStore : public Shared<NotesStore> {
 
   DefaultsStore& store_;
   TextDictionary notes_;
-  // Made at the first use: most of a day nobody asks, and the calendar library stays unloaded.
+  // Made at the first use: until a panel opens nobody asks, and the calendar library stays
+  // unloaded.
   mutable std::optional<DateFormatter> formatter_;
   Subscription cameIn_;
 };

@@ -21,7 +21,7 @@ struct PanelSections {
   friend bool operator==(const PanelSections&, const PanelSections&) = default;
 };
 
-/// What the panel shows of the calendar, and what its user does there. A day is its start in the
+/// The calendar as the panel shows it and as its user moves through it. A day is its start in the
 /// machine's time zone. Whatever is done is on the page after the next `refresh`. Main thread.
 class PanelModel {
  public:

@@ -35,9 +35,9 @@ struct VisibleTile {
   double bottom = 0;
 };
 
-/// The part of the world in a rectangle of the screen: how large, and what is in the middle. Never
-/// more than the world in height, nor any of it twice; never less than a fifth of a degree in
-/// width. Beyond the date line the world goes on.
+/// The part of the world in a rectangle of the screen: how large, and what is in the middle. It is
+/// never higher than the world, shows nothing twice, and is at least a fifth of a degree wide.
+/// Beyond the date line the world goes on.
 class MapViewport {
  public:
   /// Keeps what is in the middle. In logical pixels, as all points on the screen here; they count
@@ -54,7 +54,7 @@ class MapViewport {
   /// Moves what is shown to the right and down.
   void pan(double right, double down);
 
-  /// What is at the fixed point stays there, as far as the world's ends let it.
+  /// Keeps what is at the fixed point where it is, unless an end of the world is in the way.
   void zoom(double factor, Point fixed);
 
   [[nodiscard]] LocationCoordinate coordinateAt(Point point) const;
@@ -72,7 +72,7 @@ class MapViewport {
   [[nodiscard]] std::vector<VisibleTile> visibleTiles(const std::vector<int>& tileDegrees) const;
 
  private:
-  /// The nearest to that one with which neither more than the world is shown nor too little.
+  /// The nearest side with which the view shows neither more than the world nor too little of it.
   [[nodiscard]] double possibleSide(double side) const;
   void keepWithinWorld();
 

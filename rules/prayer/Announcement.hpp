@@ -42,8 +42,8 @@ struct AnnouncementElements {
 /// The elements as the settings are now.
 [[nodiscard]] AnnouncementElements announcementElements(const AppSettings& settings);
 
-/// What was announced of late, so that nothing is announced twice, whatever happens to the
-/// machine's clock and zone. Kept in memory only.
+/// The latest announcements, so that nothing is announced twice, whatever happens to the machine's
+/// clock and zone. Kept in memory only.
 class Announced {
  public:
   /// Remembers the prayer, which was announced at that instant.
@@ -51,8 +51,9 @@ class Announced {
 
   [[nodiscard]] bool contains(const CalledPrayer& prayer) const;
 
-  /// The start of the first minute whose prayers can be due at the instant: its own, or that of the
-  /// latest announcement, which can have kept another prayer waiting, if a minute ago or less.
+  /// The start of the first minute whose prayers can be due at the instant. It is the instant's own
+  /// minute, or that of the latest announcement where that was a minute ago or less: another prayer
+  /// may have waited for it.
   [[nodiscard]] Date firstMinute(Date now) const;
 
  private:
@@ -62,8 +63,8 @@ class Announced {
 };
 
 /// The prayer that is due at the instant: one in whose minute, from second 0 to 59, the instant
-/// lies. Two in one minute are due one after the other, the second at the next look, be it in the
-/// minute after. None when there is no such prayer, or it was announced.
+/// lies. Of two in one minute the second is due at the next look, which may be in the minute after.
+/// None when there is no such prayer, or it was announced.
 [[nodiscard]] std::optional<CalledPrayer> duePrayer(const PrayerCourse& course,
                                                     const Announced& announced, Date now);
 

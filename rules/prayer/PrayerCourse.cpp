@@ -26,7 +26,7 @@ SolarDays& PrayerCourse::days(const EffectiveLocation& place) const {
   return *days_;
 }
 
-/// The days that can have to do with the instants, in their order.
+/// The days on which prayers between the instants can lie, in their order.
 std::vector<PrayerDay> PrayerCourse::daysAround(const EffectiveLocation& place, Date from,
                                                 Date until) const {
   std::vector<PrayerDay> result;

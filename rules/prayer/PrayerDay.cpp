@@ -84,7 +84,7 @@ std::vector<CalledPrayer> PrayerDay::called() const {
     if (!comes || prayer == Prayer::sunrise) continue;
     if (!nextFajr_ || *comes <= *nextFajr_) prayers.push_back({prayer, *comes});
   }
-  // The user's minutes can carry one past another.
+  // The user's minutes can put one after another.
   std::ranges::stable_sort(prayers, {}, &CalledPrayer::time);
   return prayers;
 }

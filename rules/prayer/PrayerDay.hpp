@@ -32,8 +32,8 @@ struct CalledPrayer {
 /// adds to the times leaves none out.
 class PrayerDay {
  public:
-  /// Of the day's times, those of the day before and of the day after (none where the sun gives no
-  /// such day), all with the user's minutes, which are given too.
+  /// Takes the times of the day, of the day before and of the day after (none where the sun gives
+  /// no such day). All have the user's minutes in them; `minutes` says how many.
   PrayerDay(const SixTimes& times, const std::optional<SixTimes>& before,
             const std::optional<SixTimes>& after, const Adhan::PrayerAdjustments& minutes = {});
 

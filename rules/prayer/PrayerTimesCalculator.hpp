@@ -30,7 +30,7 @@ struct PrayerTime {
 /// The engine's method of that preference.
 [[nodiscard]] Adhan::CalculationMethod adhanMethod(PrayerCalculationMethod method);
 
-/// The place as the engine has it.
+/// The place in the engine's own type.
 [[nodiscard]] constexpr Adhan::Coordinates adhanCoordinates(const LocationCoordinate& place) {
   return {place.latitude, place.longitude};
 }

@@ -27,7 +27,7 @@ class SolarDays {
   SolarDays(const Adhan::Coordinates& place, const Adhan::CalculationParameters& parameters);
 
   /// The number of the day that holds the instant, from midnight to midnight in local mean time.
-  /// None for instants and longitudes that are none.
+  /// None where the instant or the longitude is not a number.
   [[nodiscard]] std::optional<std::int64_t> dayOf(Date instant) const;
 
   /// The day's times; none where the sun gives none.

@@ -109,7 +109,7 @@ class AppSettings : public Shared<AppSettings> {
   void choosePlace(LocationCoordinate coordinate, const std::string& name, const TimeZone& zone);
 
   /// Whether the user chose a place, or one was found for them. Until then the fallback is in
-  /// force without their having a say.
+  /// force, which the user did not choose.
   [[nodiscard]] bool isPlaceKnown() const;
 
   /// Where prayer times are computed for: the user's manual place or the location service's fix, as

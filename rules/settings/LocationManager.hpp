@@ -16,9 +16,9 @@
 namespace Hilalor {
 
 /// Where the machine is, by one fix of the location service at a time, with the place's name and
-/// time zone. A fix is asked for once at every report that the user allows it. What fails changes
-/// nothing; it is tried again where there is a reason to think that it works by now, and never for
-/// time's sake alone. Main thread.
+/// time zone. A fix is asked for once at every report that the user allows it. A failure changes
+/// nothing. A fix is tried again when something has happened that may make it work, never because
+/// time has passed. Main thread.
 class LocationManager final : public Shared<LocationManager>, private LocationService::Delegate {
  public:
   /// Asks neither for permission nor for a fix.

@@ -90,7 +90,7 @@ CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)
 }
 
 CalendarView::~CalendarView() {
-  // Hidden with the rest of the panel, it would tell of that when the model has gone.
+  // It is hidden with the panel, and would tell so after the model has gone.
   if (note_ != nullptr) note_->onDismiss = nullptr;
 }
 

@@ -52,7 +52,7 @@ AdjustmentsCard::AdjustmentsCard(const SettingsContext& context) : SettingsPart(
 }
 
 bool AdjustmentsCard::event(QEvent* event) {
-  // Midnight, and what other programs do, pass unnoticed.
+  // Nothing tells of midnight or of what other programs changed.
   if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) redraw();
   return SettingsPart::event(event);
 }

@@ -27,7 +27,7 @@ class LocationSettings final : public SettingsPart {
   [[nodiscard]] QWidget* manualPlaceLine();
   [[nodiscard]] QWidget* mapButton();
 
-  /// The part, there only while the machine's place is wanted and that is known of it.
+  /// The part, shown only in automatic mode while that is its status.
   [[nodiscard]] QWidget* onlyAt(Automatic status, QWidget* part);
   [[nodiscard]] Automatic automaticStatus() const;
   [[nodiscard]] bool hasManualName() const;

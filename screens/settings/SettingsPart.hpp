@@ -77,7 +77,7 @@ class SettingsPart : public Ui::View {
     return picker;
   }
 
-  /// What is not allowed, with the way to the desktop's settings.
+  /// Says what is not allowed, with a link to the desktop's settings.
   struct Warning {
     const char* title;
     const char* advice = nullptr;  ///< Under the title; none if null.
@@ -86,7 +86,7 @@ class SettingsPart : public Ui::View {
     int titleSize;      ///< Of the type.
     int symbolSpacing;  ///< Between the triangle and the texts.
     int lineSpacing;
-    std::function<void()> onOpen = {};  ///< The user takes the way.
+    std::function<void()> onOpen = {};  ///< The user opens the desktop's settings.
   };
   [[nodiscard]] QWidget* warning(const Warning& warning);
 
