@@ -112,7 +112,9 @@ Answer dayAnswer(const Request& request, const Course& course, const Moment& mom
 }
 
 Answer titleAnswer(const Course& course, const Moment& moment) {
-  const auto title = menuBarTitle(course.prayers(), moment).whole();
+  const auto& announced = course.announcement();
+  const auto title =
+      (announced ? athanTitle(*announced) : menuBarTitle(course.prayers(), moment)).whole();
   return {title, {{"title", title}, {"now", isoText(moment.now, moment.zone)}}};
 }
 

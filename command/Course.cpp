@@ -48,14 +48,14 @@ struct Course::Parts {
   PrayerCourse prayers{settings};
 };
 
-Course::Course(DefaultsStore& store, const std::optional<LocatedPlace>& located,
-               const Request& request)
+Course::Course(DefaultsStore& store, const Told& told, const Request& request)
     : parts_(std::make_unique<Parts>(store)), isGiven_(request.place.has_value()) {
-  if (located) {
-    parts_->location.coordinate.assign(*located);
-    parts_->location.locationName.assign(located->name);
-    parts_->location.detectedTimeZone.assign(located->zone);
+  if (told.place) {
+    parts_->location.coordinate.assign(*told.place);
+    parts_->location.locationName.assign(told.place->name);
+    parts_->location.detectedTimeZone.assign(told.place->zone);
   }
+  if (!isGiven_ && !request.method) announcement_ = told.announcement;
   apply(request, parts_->settings);
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "command/Arguments.hpp"
 #include "command/LocatedPlace.hpp"
@@ -18,12 +19,18 @@ enum class PlaceSource {
   fallback,  ///< Riyadh: none was set or found.
 };
 
+/// What the running program tells commands; each may be missing.
+struct Told {
+  std::optional<LocatedPlace> place;        ///< That it found.
+  std::optional<std::string> announcement;  ///< In progress, "Fajr Athan".
+};
+
 /// The course of the prayers by the user's settings as they are stored, at the place that was
 /// found, and with what the request says otherwise. The store must outlive it and may be changed in
 /// memory. Main thread.
 class Course {
  public:
-  Course(DefaultsStore& store, const std::optional<LocatedPlace>& located, const Request& request);
+  Course(DefaultsStore& store, const Told& told, const Request& request);
   Course(const Course&) = delete;
   Course& operator=(const Course&) = delete;
   ~Course();
@@ -31,12 +38,15 @@ class Course {
   [[nodiscard]] const PrayerCourse& prayers() const;
   [[nodiscard]] const AppSettings& settings() const { return prayers().settings(); }
   [[nodiscard]] PlaceSource source() const;
+  /// The announcement in progress; none for another place or method than the item's.
+  [[nodiscard]] const std::optional<std::string>& announcement() const { return announcement_; }
 
  private:
   struct Parts;
 
   std::unique_ptr<Parts> parts_;
   bool isGiven_;
+  std::optional<std::string> announcement_;
 };
 
 }  // namespace Hilalor

@@ -1,13 +1,18 @@
 #include "command/Follow.hpp"
 
+#include <algorithm>
 #include <optional>
 
 #include "command/Answers.hpp"
-#include "command/Course.hpp"
 #include "command/TitleChange.hpp"
 #include "datetime/Moment.hpp"
 
 namespace Hilalor {
+namespace {
+
+constexpr Seconds kLookAtAnnouncement{30};
+
+}  // namespace
 
 void follow(const Request& request, const FollowContext& context) {
   // JSON tells when it was written, which is always another text.
@@ -17,7 +22,7 @@ void follow(const Request& request, const FollowContext& context) {
   bool isRead = true;
   while (isRead) {
     const auto store = context.openStore();
-    const Course course(*store, context.located(), request);
+    const Course course(*store, context.told(), request);
     const auto moment = Moment::at(context.clock.now());
     const auto textAt = [&](Date instant) {
       return answer(compared, course, {instant, moment.zone, moment.region});
@@ -25,7 +30,9 @@ void follow(const Request& request, const FollowContext& context) {
     auto text = textAt(moment.now);
     if (text != shown) context.print(answer(request, course, moment));
     shown = std::move(text);
-    isRead = context.wakes.sleepUntil(changeAfter(moment.now, textAt));
+    auto wake = changeAfter(moment.now, textAt);
+    if (course.announcement()) wake = std::min(wake, moment.now + kLookAtAnnouncement);
+    isRead = context.wakes.sleepUntil(wake);
     TimeZone::rereadChangedRules();
   }
 }

@@ -13,4 +13,10 @@ namespace Hilalor::Program {
   return folder.empty() ? folder : folder / "hilalor/place";
 }
 
+/// Where it keeps the announcement in progress; empty as above.
+[[nodiscard]] inline std::filesystem::path announcementFile() {
+  const auto folder = Desktop::userRuntimeFolder();
+  return folder.empty() ? folder : folder / "hilalor/announcement";
+}
+
 }  // namespace Hilalor::Program

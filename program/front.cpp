@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "command/AnnouncementFile.hpp"
 #include "command/Answers.hpp"
 #include "command/Arguments.hpp"
 #include "command/Follow.hpp"
@@ -26,6 +27,7 @@ namespace {
 
 using namespace Hilalor;
 using namespace Hilalor::Desktop;
+using Hilalor::Program::announcementFile;
 using Hilalor::Program::placeFile;
 
 constexpr int kCannot = 2;
@@ -61,14 +63,14 @@ std::filesystem::path storeFile() {
   return userConfigFolder() / "hilalor/defaults.sqlite";
 }
 
-std::optional<LocatedPlace> located() {
-  return keptPlace(placeFile());
+Told told() {
+  return {.place = keptPlace(placeFile()), .announcement = keptAnnouncement(announcementFile())};
 }
 
 int answerRequest(const Request& request) {
   const SystemClock clock;
   DefaultsView store(storeFile());
-  const Course course(store, located(), request);
+  const Course course(store, told(), request);
   if (const auto text = warning(request, course)) complain(*text);
   if (!request.follows) {
     print(answer(request, course, Moment::at(clock.now())));
@@ -78,7 +80,7 @@ int answerRequest(const Request& request) {
   follow(request, {.clock = clock,
                    .wakes = wakes,
                    .openStore = [] { return std::make_unique<DefaultsView>(storeFile()); },
-                   .located = located,
+                   .told = told,
                    .print = print});
   return EXIT_SUCCESS;
 }

@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#include "command/AnnouncementFile.hpp"
 #include "command/LocatedPlace.hpp"
 #include "desktop/diagnosis/Topics.hpp"
 #include "desktop/display/Compositor.hpp"
@@ -170,8 +171,12 @@ int diagnose(int argc, char* argv[]) {
 }
 
 int tell(const char* word) {
-  if (tellRunningCopy(word)) return EXIT_SUCCESS;
-  std::fputs("hilalor: it does not run in this session; \"hilalor\" starts it\n", stderr);
+  const auto answer = tellRunningCopy(word);
+  if (answer == CopyAnswer::done) return EXIT_SUCCESS;
+  std::fputs(answer == CopyAnswer::none
+                 ? "hilalor: the running copy, or the session's bus, does not answer\n"
+                 : "hilalor: it does not run in this session; \"hilalor\" starts it\n",
+             stderr);
   return kCannot;
 }
 
@@ -190,6 +195,13 @@ Subscription keepPlaceForCommands(LocationManager& location, RunLoop& loop) {
     if (!found || file.empty()) return;
     keepPlace(file, {*found, location.locationName.value(), location.detectedTimeZone.value()});
   }));
+}
+
+// Lets commands say the title of the item while that is an announcement's.
+Subscription keepAnnouncementsForCommands(PrayerNotificationManager& manager, RunLoop& loop) {
+  const auto kept = std::make_shared<AnnouncementKeeper>(Program::announcementFile());
+  return manager.activeAthanTitle.subscribe(
+      onNextPass(loop, [kept](const auto& title) { kept->keep(title); }));
 }
 
 // Else every thread that plays a sound may leave a heap of its own behind, of a megabyte and more.
@@ -229,6 +241,7 @@ int main(int argc, char* argv[]) {
                         .notificationManager = objects.notificationManager});
   auto& loop = desktop.platform().loop;
   const auto ofPlace = keepPlaceForCommands(objects.locationManager, loop);
+  const auto ofTitle = keepAnnouncementsForCommands(objects.notificationManager, loop);
   loop.post([&delegate] { delegate.applicationDidFinishLaunching(); });
   return QApplication::exec();
 }

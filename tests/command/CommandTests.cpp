@@ -5,6 +5,7 @@
 #include <memory>
 #include <sstream>
 
+#include "command/AnnouncementFile.hpp"
 #include "command/Answers.hpp"
 #include "tests/command/Schema.hpp"
 #include "tests/fakes/InMemoryDefaultsStore.hpp"
@@ -141,11 +142,37 @@ TEST_F(CommandTest, SaysWhatIsWrong) {
   }
 }
 
+TEST_F(CommandTest, SaysWhatTheRunningProgramAnnounces) {
+  const TemporaryFolder folder;
+  const auto file = folder.path() / "hilalor/announcement";
+  EXPECT_EQ(keptAnnouncement(file), std::nullopt);
+  {
+    const AnnouncementKeeper keeper(file);
+    keeper.keep("Maghrib Athan");
+    keeper.keep("Fajr Athan");
+    EXPECT_EQ(keptAnnouncement(file), "Fajr Athan");
+    keeper.keep(std::nullopt);
+    EXPECT_EQ(keptAnnouncement(file), std::nullopt);
+    keeper.keep("Fajr Athan");
+  }
+  EXPECT_EQ(keptAnnouncement(file), std::nullopt) << "the program has ended";
+
+  const auto store = settings("manual");
+  const Told told{.place = {}, .announcement = "Asr Athan"};
+  const auto titleOf = [&](const Request& request) {
+    return answer(request, Course(*store, told, request), Moment::at(kNow));
+  };
+  EXPECT_EQ(titleOf({.verb = Verb::title}), "\U0001F54C Asr Athan");
+  EXPECT_EQ(titleOf({.verb = Verb::next}), "Asr 43m");
+  EXPECT_EQ(titleOf({.verb = Verb::title, .method = PrayerCalculationMethod::ummAlQura}),
+            "Asr 43m");
+}
+
 TEST_F(CommandTest, WarnsWhereThePlaceIsNotTheUsers) {
   std::optional<LocatedPlace> located;
   const auto warns = [&located](const Request& request) {
     const auto store = settings("automatic");
-    return warning(request, Course(*store, located, request)).has_value();
+    return warning(request, Course(*store, {located, {}}, request)).has_value();
   };
   EXPECT_TRUE(warns({.verb = Verb::next}));
   EXPECT_TRUE(warns({.verb = Verb::title}));

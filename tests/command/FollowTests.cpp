@@ -35,6 +35,7 @@ class Night : public Clock, public Wakes {
 TEST(Follow, PrintsEachTitleOnceAsItComes) {
   const SystemTimeZone zone("Asia/Riyadh");
   std::string style = "nextPrayer";
+  std::optional<std::string> announcement;
   Night night(kStart + std::chrono::hours(30));
   std::vector<std::pair<Date, std::string>> lines;
   const FollowContext context{
@@ -46,7 +47,7 @@ TEST(Follow, PrintsEachTitleOnceAsItComes) {
             store->setValue("menuBarStyle", style);
             return store;
           },
-      .located = [] { return std::nullopt; },
+      .told = [&] { return Told{.place = {}, .announcement = announcement}; },
       .print = [&](const std::string& line) { lines.emplace_back(night.now(), line); }};
 
   follow({.verb = Verb::title}, context);
@@ -63,12 +64,25 @@ TEST(Follow, PrintsEachTitleOnceAsItComes) {
   lines.clear();
   Night quiet(kStart + std::chrono::hours(30));
   follow({.verb = Verb::title},
-         {quiet, quiet, context.openStore, context.located,
+         {quiet, quiet, context.openStore, context.told,
           [&](const std::string& line) { lines.emplace_back(quiet.now(), line); }});
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[1].second, "24 Nov");
   EXPECT_NEAR((lines[1].first - kStart).count(), 10 * 3600, 0.004);
   EXPECT_LE(quiet.wakes, 33);
+
+  announcement = "Asr Athan";
+  lines.clear();
+  Night announced(kStart + Seconds(70));
+  follow({.verb = Verb::title},
+         {announced, announced, context.openStore, context.told, [&](const std::string& line) {
+            lines.emplace_back(announced.now(), line);
+            announcement.reset();
+          }});
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].second, "\U0001F54C Asr Athan");
+  EXPECT_EQ(lines[1], (std::pair(kStart + Seconds(30), std::string("23 Nov"))))
+      << "its program is gone";
 }
 
 }  // namespace
