@@ -18,6 +18,9 @@ CopyAnswer ask(const QDBusConnection& bus, const char* method, const QVariantLis
   constexpr int kMillisecondsToAnswer = 1000;
   const auto reply = bus.call(call, QDBus::Block, kMillisecondsToAnswer);
   if (reply.type() == QDBusMessage::ReplyMessage) return CopyAnswer::done;
+  // What buses say of a name without an owner where none is to be started.
+  const auto noOwner = QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+  if (reply.errorName() == noOwner) return CopyAnswer::isEnding;
   for (const auto goes : {QDBusError::UnknownObject, QDBusError::ServiceUnknown})
     if (reply.errorName() == QDBusError::errorString(goes)) return CopyAnswer::isEnding;
   return CopyAnswer::none;
@@ -29,12 +32,16 @@ CopyAnswer showRunningCopy(const QDBusConnection& bus) {
   return ask(bus, "Activate", {});
 }
 
-bool tellRunningCopy(std::string_view word) {
-  if (sessionBusAddress().empty()) return false;
+CopyAnswer tellRunningCopy(std::string_view word) {
+  constexpr std::chrono::seconds kPatienceWithBus{3};
+  const auto address = sessionBusAddress();
+  if (address.empty()) return CopyAnswer::isEnding;
+  // Qt waits for a bus that stands still as long as that does.
+  if (!busAnswers(address, kPatienceWithBus)) return CopyAnswer::none;
   const auto bus = QDBusConnection::sessionBus();
-  if (word == "panel") return showRunningCopy(bus) == CopyAnswer::done;
+  if (word == "panel") return showRunningCopy(bus);
   const auto action = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
-  return ask(bus, "ActivateAction", {action, QVariantList()}) == CopyAnswer::done;
+  return ask(bus, "ActivateAction", {action, QVariantList()});
 }
 
 }  // namespace Hilalor::Desktop

@@ -30,8 +30,8 @@ enum class CopyAnswer {
 /// Asks the running copy to show itself. Waits for the answer.
 [[nodiscard]] CopyAnswer showRunningCopy(const QDBusConnection& bus);
 
-/// Asks the running copy for "panel", "settings" or "quit", and starts none. True if it obeys.
-/// Waits for the answer; needs no display.
-[[nodiscard]] bool tellRunningCopy(std::string_view word);
+/// Asks the running copy for "panel", "settings" or "quit", and starts none. Waits for the answer,
+/// a few seconds where the bus gives none; needs no display.
+[[nodiscard]] CopyAnswer tellRunningCopy(std::string_view word);
 
 }  // namespace Hilalor::Desktop
