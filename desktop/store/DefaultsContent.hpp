@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <variant>
 
 #include "platform/DefaultsStore.hpp"
@@ -29,6 +30,22 @@ using StoredValue =
 
 /// A whole store in memory. A key comes right before its entries.
 using DefaultsContent = std::map<DefaultsPlace, StoredValue>;
+
+/// The plain value under the key; none where there is none or a dictionary stands there.
+[[nodiscard]] inline std::optional<DefaultsValue> plainValue(const DefaultsContent& content,
+                                                             const std::string& key) {
+  const auto found = content.find({key, std::nullopt});
+  if (found == content.end()) return std::nullopt;
+  return std::visit(
+      [](const auto& stored) -> std::optional<DefaultsValue> {
+        if constexpr (std::is_same_v<decltype(stored), const DictionaryMark&>) {
+          return std::nullopt;
+        } else {
+          return stored;
+        }
+      },
+      found->second);
+}
 
 /// Places whose value in memory, or whose absence, is not on the disk yet.
 using UnwrittenPlaces = std::set<DefaultsPlace>;

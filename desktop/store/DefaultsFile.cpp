@@ -42,16 +42,6 @@ bool isDamage(int status) {
   return status == SQLITE_CORRUPT || status == SQLITE_NOTADB || status == SQLITE_ERROR;
 }
 
-std::filesystem::path logOf(const std::filesystem::path& database) {
-  return database.string() + "-wal";
-}
-
-bool hasLog(const std::filesystem::path& database) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(logOf(database), error);
-  return !error && size > 0;
-}
-
 // Binds a value with its type's name.
 struct ValueBinder {
   SqliteStatement& row;

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "desktop/store/DefaultsReader.hpp"
+#include "desktop/store/FileStamp.hpp"
 #include "desktop/store/HeaderRepair.hpp"
 #include "desktop/store/SqliteConnection.hpp"
 
@@ -15,12 +16,6 @@ using Access = SqliteConnection::Access;
 
 // A look may fall into the very moment in which the program folds its log.
 constexpr int kLooks = 3;
-
-bool hasLog(const std::filesystem::path& file) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(file.string() + "-wal", error);
-  return !error && size > 0;
-}
 
 // Whether all was read. What could be is added in any case.
 bool look(const std::filesystem::path& file, Access access, DefaultsContent& content) {
@@ -56,17 +51,7 @@ DefaultsContent contentOf(const std::filesystem::path& file) {
 DefaultsView::DefaultsView(const std::filesystem::path& file) : content_(contentOf(file)) {}
 
 std::optional<DefaultsValue> DefaultsView::value(std::string_view key) const {
-  const auto found = content_.find({std::string(key), std::nullopt});
-  if (found == content_.end()) return std::nullopt;
-  return std::visit(
-      [](const auto& stored) -> std::optional<DefaultsValue> {
-        if constexpr (std::is_same_v<std::decay_t<decltype(stored)>, DictionaryMark>) {
-          return std::nullopt;
-        } else {
-          return stored;
-        }
-      },
-      found->second);
+  return plainValue(content_, std::string(key));
 }
 
 void DefaultsView::setValue(std::string_view key, const DefaultsValue& value) {

@@ -14,4 +14,13 @@ std::optional<FileStamp> FileStamp::of(const std::filesystem::path& file) {
                    .changedNanoseconds = status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec};
 }
 
+std::filesystem::path logOf(const std::filesystem::path& database) {
+  return database.string() + "-wal";
+}
+
+bool hasLog(const std::filesystem::path& database) {
+  const auto log = FileStamp::of(logOf(database));
+  return log && log->size > 0;
+}
+
 }  // namespace Hilalor::Desktop

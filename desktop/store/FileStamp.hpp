@@ -21,4 +21,10 @@ struct FileStamp {
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
+/// The write-ahead log of a database.
+[[nodiscard]] std::filesystem::path logOf(const std::filesystem::path& database);
+
+/// Whether there is such a log with anything in it.
+[[nodiscard]] bool hasLog(const std::filesystem::path& database);
+
 }  // namespace Hilalor::Desktop

@@ -6,6 +6,7 @@
 
 #include "desktop/store/DefaultsContent.hpp"
 #include "desktop/store/DefaultsFile.hpp"
+#include "desktop/store/DefaultsMemory.hpp"
 #include "desktop/store/DiskJob.hpp"
 #include "platform/DefaultsStore.hpp"
 #include "platform/RunLoop.hpp"
@@ -54,11 +55,6 @@ class SqliteDefaultsStore final : public DefaultsStore {
                 const std::optional<std::string>& text) override;
 
  private:
-  [[nodiscard]] bool holdsDictionary(const std::string& key) const;
-  void put(DefaultsPlace place, StoredValue value);
-  void takeOut(const DefaultsPlace& place);
-  void takeOutEntries(const std::string& key);
-
   void writeThrough();
   bool writeUnwritten();
   void leaveWhatOthersTouched();
@@ -70,21 +66,16 @@ class SqliteDefaultsStore final : public DefaultsStore {
   void tellWhetherKept();
   void connect(std::chrono::milliseconds patience);
   void reconnect();
-  void takeSalvaged(DefaultsContent salvaged);
   void readProtected();
-  void forgetWritten();
-  void reconcile(DefaultsContent stored);
-  [[nodiscard]] bool givesWayTo(const DefaultsContent& stored) const;
+  void take(DefaultsContent stored);
   void keepCopyOfContent() const;
-  void makeDictionary(const std::string& key, DefaultsContent& stored, bool isNews);
   void tryLater();
 
   std::filesystem::path path_;
   RunLoop& loop_;
   std::unique_ptr<DefaultsFile> file_;  // null while the disk refuses
   bool isRead_ = true;
-  DefaultsContent content_;
-  UnwrittenPlaces unwritten_;
+  DefaultsMemory memory_;
   UnwrittenPlaces inWork_;         // places that the work on another thread is writing
   std::shared_ptr<DiskJob> work_;  // while it runs, the file is its own
   bool memoryIsNewest_ = false;    // the file lacks what this program wrote, or has it wrong
