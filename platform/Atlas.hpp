@@ -41,6 +41,15 @@ struct MapPlace {
   double rank = 0;  ///< 0 for the world's greatest cities, about 16 for hamlets.
 };
 
+/// A country or a sea to write on the map.
+struct NamedArea {
+  enum class Kind { country, sea };
+  Kind kind = Kind::country;
+  std::string name;
+  LocationCoordinate coordinate;  ///< Of the name's middle.
+  double degrees = 0;             ///< Of longitude that the area has around it.
+};
+
 /// A place that was looked for.
 struct FoundPlace {
   std::string name;
@@ -68,6 +77,9 @@ class WorldMap {
 
   /// The most important places of a tile, the first of them first.
   [[nodiscard]] virtual std::vector<MapPlace> places(MapTile tile, std::size_t limit) const = 0;
+
+  /// All countries and seas, the widest first.
+  [[nodiscard]] virtual std::vector<NamedArea> areas() const = 0;
 
   /// Places with a name in which a word begins like the text. Letter case and diacritics do not
   /// count, also in Arabic. The best known come first.

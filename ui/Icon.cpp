@@ -115,6 +115,10 @@ class Drawing {
     return stroked(line({{3.5, 8.5}, {6.6, 11.6}, {12.5, 4.7}}));
   }
 
+  [[nodiscard]] QPainterPath plus() const { return minus().united(turn(90).map(minus())); }
+
+  [[nodiscard]] QPainterPath minus() const { return stroked(line({{3, 8}, {13, 8}})); }
+
   [[nodiscard]] QPainterPath magnifyingGlass() const {
     const QPainterPath handle = stroked(line({{10.4, 10.4}, {14, 14}}));
     return stroked(circle({6.6, 6.6}, 4.6)).united(handle);
@@ -154,6 +158,10 @@ QPainterPath drawn(Icon icon, const Drawing& drawing) {
       return drawing.checkMark();
     case Icon::magnifyingGlass:
       return drawing.magnifyingGlass();
+    case Icon::plus:
+      return drawing.plus();
+    case Icon::minus:
+      return drawing.minus();
   }
   return {};
 }

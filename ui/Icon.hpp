@@ -21,6 +21,8 @@ enum class Icon {
   circlingArrows,
   checkMark,
   magnifyingGlass,
+  plus,
+  minus,
 };
 
 /// The outline to be filled, in a square of that side (logical pixels), its lines as wide at every

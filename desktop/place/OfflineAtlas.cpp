@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "desktop/geodata/AreaNames.hpp"
 #include "desktop/geodata/MapDatabase.hpp"
 #include "desktop/geodata/PlaceDatabase.hpp"
 
@@ -17,7 +18,8 @@ class OfflineMap final : public WorldMap {
   OfflineMap(const std::filesystem::path& folder, RunLoop& loop)
       : loop_(loop),
         map_(MapDatabase::open(folder / "map" / "map.bin")),
-        places_(PlaceDatabase::open(folder / "places" / "places.bin")) {}
+        places_(PlaceDatabase::open(folder / "places" / "places.bin")),
+        names_(folder / "names" / "names.bin") {}
   OfflineMap(const OfflineMap&) = delete;
   OfflineMap& operator=(const OfflineMap&) = delete;
   // Once the window with the map is gone as well, what both have freed goes back to the system: the
@@ -45,6 +47,8 @@ class OfflineMap final : public WorldMap {
     return places;
   }
 
+  [[nodiscard]] std::vector<NamedArea> areas() const override { return readAreaNames(names_); }
+
   [[nodiscard]] std::vector<FoundPlace> search(std::string_view text,
                                                std::size_t limit) const override {
     std::vector<FoundPlace> found;
@@ -65,6 +69,7 @@ class OfflineMap final : public WorldMap {
   RunLoop& loop_;
   std::optional<MapDatabase> map_;
   std::optional<PlaceDatabase> places_;
+  std::filesystem::path names_;
 };
 
 }  // namespace

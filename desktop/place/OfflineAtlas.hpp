@@ -12,7 +12,7 @@ namespace Hilalor::Desktop {
 /// damaged the map lacks them.
 class OfflineAtlas final : public Atlas {
  public:
-  /// The folder that holds `map/map.bin` and `places/places.bin`.
+  /// The folder that holds `map/map.bin`, `places/places.bin` and `names/names.bin`.
   OfflineAtlas(std::filesystem::path folder, RunLoop& loop);
 
   /// Maps the files; they are let go with the map.

@@ -16,7 +16,11 @@ constexpr MapRegion kRegionWithoutPlace{
 constexpr double kSpanAroundFound = 2;
 
 constexpr std::size_t kMatches = 7;
-constexpr int kSearchMargin = 8;
+
+constexpr int kMargin = 8;
+constexpr int kMarginBelow = 24;  // Above the line that says whom the map is owed to.
+constexpr int kZoomButtonSide = 26;
+constexpr int kZoomButtonSpacing = 4;
 
 MapRegion around(LocationCoordinate centre, double span) {
   return {.centre = centre, .latitudeSpan = span, .longitudeSpan = span};
@@ -53,6 +57,7 @@ MapClickView::MapClickView(const MapContext& context, Pin pin,
       coordinator_(std::make_shared<Coordinator>(*this)) {
   setBody(map(initialCoordinate));
   addSearch();
+  addZoomButtons();
   setFocusProxy(map_);
   redraw();
 }
@@ -86,6 +91,19 @@ void MapClickView::addSearch() {
   search_->setParent(map_);
 }
 
+void MapClickView::addZoomButtons() {
+  const auto button = [this](Icon icon, const QString& help, MapView::Zoom direction) {
+    auto* zoom = new Button(
+        {.icon = icon}, [this, direction] { map_->zoom(direction); }, ButtonLook::bordered);
+    return framed(helped(help, zoom), kZoomButtonSide, kZoomButtonSide);
+  };
+  zoomButtons_ = column({.spacing = kZoomButtonSpacing},
+                        {button(Icon::plus, QStringLiteral("Zoom in"), MapView::Zoom::in),
+                         button(Icon::minus, QStringLiteral("Zoom out"), MapView::Zoom::out)});
+  zoomButtons_->setParent(map_);
+  zoomButtons_->adjustSize();
+}
+
 std::vector<Suggestion> MapClickView::find(const QString& text) {
   found_ = map_->map().search(text.toStdString(), kMatches);
   std::vector<Suggestion> suggestions;
@@ -105,7 +123,9 @@ void MapClickView::goTo(const FoundPlace& place) {
 
 void MapClickView::resizeEvent(QResizeEvent* event) {
   View::resizeEvent(event);
-  search_->move(width() - kSearchMargin - search_->width(), kSearchMargin);
+  search_->move(width() - kMargin - search_->width(), kMargin);
+  zoomButtons_->move(width() - kMargin - zoomButtons_->width(),
+                     height() - kMarginBelow - zoomButtons_->height());
 }
 
 }  // namespace Hilalor::Screens

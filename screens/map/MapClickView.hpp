@@ -38,6 +38,7 @@ class MapClickView final : public Ui::View {
   [[nodiscard]] QWidget* map(std::optional<LocationCoordinate> initialCoordinate);
   void updatePin();
   void addSearch();
+  void addZoomButtons();
   [[nodiscard]] std::vector<Ui::Suggestion> find(const QString& text);
   void goTo(const FoundPlace& place);
 
@@ -47,6 +48,7 @@ class MapClickView final : public Ui::View {
   std::shared_ptr<Coordinator> coordinator_;
   MapView* map_ = nullptr;
   Ui::SearchField* search_ = nullptr;
+  QWidget* zoomButtons_ = nullptr;
   std::vector<FoundPlace> found_;
 };
 

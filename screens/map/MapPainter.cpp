@@ -16,6 +16,8 @@ const MapColors kLight{
     .countryBorder = {164, 154, 168},
     .areaBorder = {214, 208, 206},
     .place = {52, 50, 56},
+    .country = {112, 86, 104},
+    .sea = {44, 84, 122},
     .placeHalo = {255, 255, 255, 200},
 };
 
@@ -25,6 +27,8 @@ const MapColors kDark{
     .countryBorder = {146, 142, 152},
     .areaBorder = {82, 84, 88},
     .place = {236, 236, 236},
+    .country = {196, 182, 204},
+    .sea = {142, 178, 208},
     .placeHalo = {24, 26, 28, 200},
 };
 

@@ -17,6 +17,8 @@ struct MapColors {
   QColor countryBorder;
   QColor areaBorder;
   QColor place;      ///< Names of places.
+  QColor country;    ///< Names of countries.
+  QColor sea;        ///< Names of seas.
   QColor placeHalo;  ///< Around names, so that they stand out from what is under them.
 
   [[nodiscard]] static const MapColors& of(Ui::ColorScheme scheme);

@@ -19,6 +19,13 @@ std::size_t labelLimit(const WorldMap& map, MapTile tile) {
   return isFinest ? kLabelsOfFinestTile : kLabelsPerTile;
 }
 
+QStringView takeLine(QStringView& rest) {
+  const qsizetype length = rest.indexOf(u'\n');
+  const QStringView line = rest.first(length);
+  rest = rest.sliced(length + 1);
+  return line;
+}
+
 /// Turns points of a tile into what they are on a Mercator map.
 class TileProjection {
  public:
@@ -63,14 +70,30 @@ void TileContent::readLabels(const WorldMap& map, MapTile tile) {
     names_ += QString::fromStdString(place.name) + u'\n';
   QStringView rest(names_);
   labels.reserve(places.size());
-  for (const MapPlace& place : places) {
-    const qsizetype length = rest.indexOf(u'\n');
-    labels.push_back({rest.first(length), projected(place.coordinate), place.rank});
-    rest = rest.sliced(length + 1);
-  }
+  for (const MapPlace& place : places)
+    labels.push_back({takeLine(rest), projected(place.coordinate), place.rank});
 }
 
-MapTiles::MapTiles(std::unique_ptr<WorldMap> map) : map_(std::move(map)) {}
+MapTiles::MapTiles(std::unique_ptr<WorldMap> map) : map_(std::move(map)) {
+  readAreas();
+}
+
+void MapTiles::readAreas() {
+  const auto areas = map_->areas();
+  for (const NamedArea& area : areas) {
+    const QString name = QString::fromStdString(area.name);
+    areaNames_ += (area.kind == NamedArea::Kind::country ? name.toUpper() : name) + u'\n';
+  }
+  QStringView rest(areaNames_);
+  areas_.reserve(areas.size());
+  for (const NamedArea& area : areas) {
+    const bool isCountry = area.kind == NamedArea::Kind::country;
+    areas_.push_back({.name = takeLine(rest),
+                      .place = projected(area.coordinate),
+                      .kind = isCountry ? LabelKind::country : LabelKind::sea,
+                      .degrees = area.degrees});
+  }
+}
 
 TileContent& MapTiles::content(MapTile tile) {
   const auto found = contents_.find(tile);

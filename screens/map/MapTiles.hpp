@@ -20,12 +20,16 @@ struct TilePoint {
   float y = 0;
 };
 
+enum class LabelKind { place, country, sea };
+
 /// A name to write on the map.
 struct MapLabel {
-  QStringView name;  ///< Lives as long as its tile.
+  QStringView name;  ///< Lives as long as its tile, of countries and seas as the tiles.
   WorldPoint place;
-  double rank = 0;  ///< As a map place has it.
-  int width = -1;   ///< In logical pixels; below 0 until it was measured.
+  double rank = 0;  ///< As a map place has it; 0 for countries and seas.
+  LabelKind kind = LabelKind::place;
+  double degrees = 0;  ///< Of longitude around the name of a country or a sea.
+  int width = -1;      ///< In logical pixels; below 0 until it was measured.
 };
 
 /// A tile as it is drawn: its shapes projected, and its names, the most important first.
@@ -66,6 +70,9 @@ class MapTiles {
 
   [[nodiscard]] const WorldMap& map() const { return *map_; }
 
+  /// Countries and seas, the widest first.
+  [[nodiscard]] std::vector<MapLabel>& areas() { return areas_; }
+
   /// Lives until the tiles are let go.
   [[nodiscard]] TileContent& content(MapTile tile);
 
@@ -73,7 +80,11 @@ class MapTiles {
   void keep(const std::vector<VisibleTile>& visible);
 
  private:
+  void readAreas();
+
   std::unique_ptr<WorldMap> map_;
+  QString areaNames_;  // One after the other.
+  std::vector<MapLabel> areas_;
   std::map<MapTile, TileContent> contents_;
 };
 

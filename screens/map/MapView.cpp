@@ -25,7 +25,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr double kDoublingsPerWheelNotch = 0.5;
-constexpr double kDoublingsPerKey = 0.75;
+constexpr double kDoublingsPerStep = 0.75;  // By a key or a button.
 constexpr double kDoublingsPerDoubleClick = 1;
 constexpr milliseconds kGlide{160};
 constexpr int kArrowStep = 60;
@@ -233,13 +233,12 @@ void MapView::wheelEvent(QWheelEvent* event) {
 }
 
 void MapView::keyPressEvent(QKeyEvent* event) {
-  const QPointF middle = QRectF(rect()).center();
   switch (event->key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-      return glideBy(kDoublingsPerKey, middle);
+      return zoom(Zoom::in);
     case Qt::Key_Minus:
-      return glideBy(-kDoublingsPerKey, middle);
+      return zoom(Zoom::out);
     case Qt::Key_Left:
       return pan({kArrowStep, 0});
     case Qt::Key_Right:
@@ -266,6 +265,10 @@ void MapView::zoomBy(double doublings, QPointF fixed) {
   update();
 }
 
+void MapView::zoom(Zoom direction) {
+  glideBy(direction == Zoom::in ? kDoublingsPerStep : -kDoublingsPerStep, QRectF(rect()).center());
+}
+
 void MapView::glideBy(double doublings, QPointF fixed) {
   glideAround_ = fixed;
   glideGoal_ += doublings;
@@ -284,7 +287,7 @@ void MapView::paintEvent(QPaintEvent*) {
   const auto visible = viewport_.visibleTiles(map().tileDegrees());
   QPainter painter(this);
   paintMap(painter, viewport_, tiles_, visible, colors);
-  const auto labels = labels_.place(viewport_, tiles_, visible, takenRooms());
+  const auto labels = labels_.place(viewport_, tiles_, visible, takenRooms(), pinRooms());
   labels_.paint(painter, viewport_, labels, colors);
   if (annotation_) paintPin(painter, colors);
   paintAttribution(painter, colors);
@@ -295,18 +298,26 @@ std::vector<QRectF> MapView::takenRooms() const {
   std::vector<QRectF> taken{attributionRect()};
   for (const QWidget* over : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
     taken.emplace_back(over->geometry());
-  if (!annotation_) return taken;
-  const QPointF tip = toQt(viewport_.pointOf(annotation_->coordinate));
-  taken.emplace_back(tip.x() - kPinRadius, tip.y() - kPinHeight, 2 * kPinRadius, kPinHeight);
-  taken.push_back(titleRect());
   return taken;
 }
 
-QRectF MapView::titleRect() const {
+std::optional<PinRooms> MapView::pinRooms() const {
+  if (!annotation_) return std::nullopt;
   const QPointF tip = toQt(viewport_.pointOf(annotation_->coordinate));
+  const QRectF drop(tip.x() - kPinRadius, tip.y() - kPinHeight, 2 * kPinRadius, kPinHeight);
+  return PinRooms{tip, drop, titleRect(tip)};
+}
+
+QRectF MapView::titleRect(QPointF tip) const {
   const QFontMetricsF metrics(titleFont());
   const double width = metrics.horizontalAdvance(annotation_->title);
-  return {tip.x() - width / 2, tip.y() + kTitleGap, width, metrics.height()};
+  QRectF title(tip.x() - width / 2, tip.y() + kTitleGap, width, metrics.height());
+  // The edges do not cut it: it gives way along them, as long as the pin is there.
+  if (!rect().contains(tip.toPoint())) return title;
+  const double farthest = std::max(kTitleGap, this->width() - kTitleGap - width);
+  title.moveLeft(std::clamp(title.left(), kTitleGap, farthest));
+  if (title.bottom() > height()) title.moveBottom(tip.y() - kPinHeight);
+  return title;
 }
 
 void MapView::paintPin(QPainter& painter, const MapColors& colors) const {
@@ -320,7 +331,9 @@ void MapView::paintPin(QPainter& painter, const MapColors& colors) const {
   painter.drawEllipse(QPointF(0, kPinRadius - kPinHeight), kPinHole, kPinHole);
   painter.restore();
   painter.setFont(titleFont());
-  paintHaloed(painter, titleRect().topLeft(), annotation_->title, colors);
+  const QPointF tip = toQt(viewport_.pointOf(annotation_->coordinate));
+  paintHaloed(painter, titleRect(tip).topLeft(), annotation_->title, colors.place,
+              colors.placeHalo);
 }
 
 QRectF MapView::attributionRect() const {

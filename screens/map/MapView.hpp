@@ -34,6 +34,10 @@ class MapView final : public QWidget {
   /// The one pin, or none.
   void setAnnotation(std::optional<MapAnnotation> annotation);
 
+  enum class Zoom { in, out };
+  /// By a step, around the middle.
+  void zoom(Zoom direction);
+
   /// By the map's own projection, from a place in the widget.
   [[nodiscard]] LocationCoordinate coordinateAt(QPointF place) const;
 
@@ -76,7 +80,8 @@ class MapView final : public QWidget {
 
   /// Where no names of places can stand.
   [[nodiscard]] std::vector<QRectF> takenRooms() const;
-  [[nodiscard]] QRectF titleRect() const;
+  [[nodiscard]] std::optional<PinRooms> pinRooms() const;
+  [[nodiscard]] QRectF titleRect(QPointF tip) const;
   [[nodiscard]] QRectF attributionRect() const;
   void paintPin(QPainter& painter, const MapColors& colors) const;
   void paintAttribution(QPainter& painter, const MapColors& colors) const;

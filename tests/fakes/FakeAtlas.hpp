@@ -38,6 +38,7 @@ class FakeAtlas final : public Atlas {
           found.push_back(place);
       return found;
     }
+    [[nodiscard]] std::vector<NamedArea> areas() const override { return atlas_.areas; }
     [[nodiscard]] std::vector<FoundPlace> search(std::string_view text,
                                                  std::size_t limit) const override {
       atlas_.searches.emplace_back(text);
@@ -68,6 +69,7 @@ class FakeAtlas final : public Atlas {
   std::vector<int> tileDegrees{45, 10, 2};
   std::vector<Shape> shapes;
   std::vector<MapPlace> places;  ///< The most important first.
+  std::vector<NamedArea> areas;
   std::vector<FoundPlace> findable;
   std::vector<std::string> searches;
   int openMaps = 0;

@@ -4,6 +4,8 @@ import { fileURLToPath } from 'node:url';
 import { borders } from './map/borders.js';
 import { readCoast } from './map/coast.js';
 import { mapFile } from './map/mapFile.js';
+import { countryLabels, readCountries } from './names/countryLabels.js';
+import { nameFile, readSeas } from './names/nameFile.js';
 import { withSections } from './places/citySections.js';
 import { corrected, readCorrections } from './places/corrections.js';
 import { countriesOfZones, readZoneTable } from './places/countries.js';
@@ -44,6 +46,8 @@ async function places(states) {
 }
 
 const states = readStates(here);
+const countries = readCountries(here);
+write('names', nameFile(countryLabels(countries), readSeas(countries)));
 write('zones', zoneFile(readZoneTree(`${here}/node_modules/geo-tz/data`)));
 write('places', await places(states));
 const coast = await readCoast(`${packages}/usr/share/gmt-gshhg/binned_GSHHS_h.nc`);

@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "desktop/geodata/AreaNames.hpp"
 #include "desktop/geodata/MapDatabase.hpp"
 #include "tests/desktop/geodata/ShippedData.hpp"
 
@@ -73,12 +74,14 @@ class DamagedDataTest : public testing::Test {
   Bytes zoneBytes = bytesOf(kZoneFile);
   Bytes placeBytes = bytesOf(kPlaceFile);
   Bytes mapBytes = bytesOf(kMapFile);
+  Bytes nameBytes = bytesOf(kNameFile);
   std::vector<Case> cases{
       {"zones", zoneBytes,
        [](const Bytes& bytes) { return ZoneDatabase::over(bytes).has_value(); }},
       {"places", placeBytes,
        [](const Bytes& bytes) { return PlaceDatabase::over(bytes).has_value(); }},
       {"map", mapBytes, [](const Bytes& bytes) { return MapDatabase::over(bytes).has_value(); }},
+      {"names", nameBytes, [](const Bytes& bytes) { return areaNamesIn(bytes).size() > 200; }},
   };
 };
 
@@ -137,6 +140,10 @@ TEST_F(DamagedDataTest, IsSafeToReadWhateverTheBytes) {
   readDamaged(zoneBytes, 10, [&](const Bytes& zones) { lookAround(zones, placeBytes); });
   readDamaged(placeBytes, 20, [&](const Bytes& places) { lookAround(zoneBytes, places); });
   readDamaged(mapBytes, 4, readMap);
+  readDamaged(nameBytes, 4, [](const Bytes& bytes) {
+    for (const NamedArea& area : areaNamesIn(bytes))
+      ASSERT_TRUE(isOnGlobe(area.coordinate));
+  });
 }
 
 TEST(MappedFile, IsNotThereForMissingEmptyOrOtherThings) {

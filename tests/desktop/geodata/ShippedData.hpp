@@ -17,6 +17,7 @@ namespace Hilalor::Desktop {
 
 inline const std::filesystem::path kZoneFile = HILALOR_GEODATA "/zones/zones.bin";
 inline const std::filesystem::path kPlaceFile = HILALOR_GEODATA "/places/places.bin";
+inline const std::filesystem::path kNameFile = HILALOR_GEODATA "/names/names.bin";
 inline const std::filesystem::path kMapFile = HILALOR_GEODATA "/map/map.bin";
 
 inline std::vector<std::uint8_t> bytesOf(const std::filesystem::path& path) {

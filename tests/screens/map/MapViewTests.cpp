@@ -306,11 +306,12 @@ TEST_F(MapPictureTest, PutsThePinOnItsCoordinate) {
 
 class MapLabelsTest : public testing::Test {
  protected:
-  [[nodiscard]] std::vector<PlacedLabel> place(double span, std::vector<QRectF> taken = {}) {
+  [[nodiscard]] std::vector<PlacedLabel> place(double span, std::vector<QRectF> taken = {},
+                                               const std::optional<PinRooms>& pin = {}) {
     viewport.setSize({640, 400});
     viewport.show({kCentre, span, span});
     const auto visible = viewport.visibleTiles(tiles.map().tileDegrees());
-    return labels.place(viewport, tiles, visible, std::move(taken));
+    return labels.place(viewport, tiles, visible, std::move(taken), pin);
   }
 
   [[nodiscard]] static QStringList names(const std::vector<PlacedLabel>& placed) {
@@ -348,6 +349,32 @@ TEST_F(MapLabelsTest, LeaveFreeWhatIsTaken) {
   const auto placed = place(4, {QRectF(330, 150, 300, 100)});
   ASSERT_EQ(placed.size(), 1U);
   EXPECT_LT(placed[0].rect.right(), 320);
+}
+
+TEST_F(MapLabelsTest, StayBesideThePinOnTheirPlace) {
+  atlas.places = {{"Here", kCentre, 0}};
+  const PinRooms pin{kMiddle, QRectF(311, 174, 18, 26), QRectF(270, 203, 100, 14)};
+  const auto placed = place(5, {}, pin);
+  ASSERT_EQ(placed.size(), 1U);
+  EXPECT_FALSE(placed[0].rect.intersects(pin.drop) || placed[0].rect.intersects(pin.title));
+}
+
+TEST_F(MapLabelsTest, AreNotCutByTheEdges) {
+  // At 5 degrees the map shows four to either side; the name would go to the right of its dot.
+  atlas.places = {{"Easternmost", {20, 23.95}, 0}};
+  const auto placed = place(5);
+  ASSERT_EQ(placed.size(), 1U);
+  EXPECT_LT(placed[0].rect.right(), 640);
+}
+
+TEST_F(MapLabelsTest, NameCountriesAndSeasWhereTheNamesFit) {
+  using enum NamedArea::Kind;
+  atlas.areas = {{country, "Egypt", kCentre, 9}, {sea, "Red Sea", {20.5, 21}, 1.2}};
+  atlas.places = {{"City", {20.7, 20}, 0}};
+  tiles = MapTiles(atlas.open());
+  EXPECT_EQ(names(place(90)), QStringList({"EGYPT", "City"})) << "the sea is too narrow";
+  EXPECT_EQ(names(place(5)), QStringList({"EGYPT", "Red Sea", "City"}));
+  EXPECT_EQ(names(place(1)), QStringList({"Red Sea", "City"})) << "the country is too wide";
 }
 
 TEST_F(MapLabelsTest, LeaveRoomForNeighboursThatMatterAsMuch) {
