@@ -1,118 +1,145 @@
 #include "datetime/DateFormatter.hpp"
 
-#include <unicode/smpdtfmt.h>
+#include <unicode/dtfmtsym.h>
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <cstdint>
-
-#include "datetime/UmmAlQura.hpp"
+#include <cstdlib>
+#include <vector>
 
 namespace Hilalor {
-
-// ICU's format, always set to GMT and fed with local time: the zones are ours (see TimeZone).
-struct FormatEngine {
-  std::unique_ptr<icu::DateFormat> format;  // null when ICU's data are missing
-  Calendar calendar;                        // answers in which zone the local time is
-  std::unique_ptr<icu::Calendar> hijri;     // ICU's Umm al-Qura calendar, null for Gregorian ones
-  icu::UnicodeString pattern;               // as it was given
-};
-
 namespace {
 
-constexpr double kMillisecondsPerDay = 86'400'000;
+/// A name and its abbreviation by the count of letters that ask for it: four ask for the whole.
+using Names = std::array<std::vector<std::string>, 2>;
+constexpr std::size_t kWholeName = 4;
 
-// The pattern with figures in place of its letters for the day of the month.
-icu::UnicodeString withDay(const icu::UnicodeString& pattern, int day) {
-  const auto figures = icu::UnicodeString::fromUTF8(std::to_string(day));
-  icu::UnicodeString result;
-  bool quoted = false;
-  std::int32_t letters = 0;  // of the run of d that ends here
-  for (std::int32_t at = 0; at < pattern.length(); ++at) {
-    if (pattern[at] == u'\'') quoted = !quoted;
-    if (quoted || pattern[at] != u'd') {
-      result.append(pattern[at]);
-      continue;
-    }
-    ++letters;
-    if (at + 1 < pattern.length() && pattern[at + 1] == u'd') continue;
-    for (; letters > figures.length(); --letters)
-      result.append(u'0');
-    result.append(figures);
-    letters = 0;
-  }
+struct CalendarNames {
+  Names months;
+  Names weekdays;  // Those of ICU, which begin with none for 0.
+};
+
+std::vector<std::string> texts(const icu::UnicodeString* names, std::int32_t count) {
+  std::vector<std::string> result(static_cast<std::size_t>(count));
+  for (std::size_t i = 0; i < result.size(); ++i)
+    names[i].toUTF8String(result[i]);
   return result;
 }
 
-// Makes the format write a day that ICU's own calendar does not have so: month,
-// year and weekday through a day that looks like it there. Returns the time to write then.
-double asLibraryHasIt(FormatEngine& engine, double localMilliseconds) {
-  auto& format = static_cast<icu::SimpleDateFormat&>(*engine.format);
-  format.applyPattern(engine.pattern);
-  constexpr double kFarthestDay = 1e9;
-  const double dayStart = std::floor(localMilliseconds / kMillisecondsPerDay);
-  if (!(std::abs(dayStart) < kFarthestDay)) return localMilliseconds;
-  const auto day = static_cast<std::int64_t>(dayStart);
-  UmmAlQura months(*engine.hijri, engine.calendar.hijriDaysAhead());
-  if (months.isLibrarys(day)) return localMilliseconds;
-  const auto month = months.monthOf(day);
-  const auto like = months.libraryDayLike(day);
-  if (!month || !like) return localMilliseconds;
-  format.applyPattern(withDay(engine.pattern, static_cast<int>(day - month->firstDay) + 1));
-  return localMilliseconds + static_cast<double>(*like - day) * kMillisecondsPerDay;
-}
-
-std::unique_ptr<icu::DateFormat> inGMT(std::unique_ptr<icu::DateFormat> format) {
-  if (format) format->setTimeZone(*icu::TimeZone::getGMT());
-  return format;
-}
-
-std::unique_ptr<icu::DateFormat> patternFormat(std::string_view pattern,
-                                               CalendarIdentifier calendar) {
-  const bool hijri = calendar == CalendarIdentifier::islamicUmmAlQura;
-  const icu::Locale locale(hijri ? "en_US@calendar=islamic-umalqura" : "en_US");
-  const icu::StringPiece text(pattern.data(), static_cast<std::int32_t>(pattern.size()));
+// ICU's formats would bring all it knows of numbers and currencies along, for names alone.
+CalendarNames readNames(CalendarIdentifier calendar) {
+  using Symbols = icu::DateFormatSymbols;
+  const bool isHijri = calendar == CalendarIdentifier::islamicUmmAlQura;
   UErrorCode status = U_ZERO_ERROR;
-  auto format =
-      std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(text), locale, status);
-  return U_SUCCESS(status) ? inGMT(std::move(format)) : nullptr;
+  const Symbols symbols("en_US", isHijri ? "islamic-umalqura" : "gregorian", status);
+  if (U_FAILURE(status)) return {};
+  CalendarNames names;
+  for (const auto width : {Symbols::ABBREVIATED, Symbols::WIDE}) {
+    const std::size_t place = width == Symbols::WIDE ? 1 : 0;
+    std::int32_t count = 0;
+    const auto* months = symbols.getMonths(count, Symbols::FORMAT, width);
+    names.months[place] = texts(months, count);
+    const auto* weekdays = symbols.getWeekdays(count, Symbols::FORMAT, width);
+    names.weekdays[place] = texts(weekdays, count);
+  }
+  return names;
+}
+
+const CalendarNames& namesOf(CalendarIdentifier calendar) {
+  static const auto kGregorian = readNames(CalendarIdentifier::gregorian);
+  if (calendar == CalendarIdentifier::gregorian) return kGregorian;
+  static const auto kHijri = readNames(CalendarIdentifier::islamicUmmAlQura);
+  return kHijri;
+}
+
+std::string nameAt(const Names& names, std::size_t letters, int number) {
+  const auto& ofWidth = names[letters < kWholeName ? 0 : 1];
+  const auto place = static_cast<std::size_t>(number);
+  return place < ofWidth.size() ? ofWidth[place] : std::string();
+}
+
+std::string padded(int number, std::size_t digits) {
+  auto text = std::to_string(std::abs(number));
+  if (text.size() < digits) text.insert(0, digits - text.size(), '0');
+  return number < 0 ? "-" + text : text;
+}
+
+bool isLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
 }  // namespace
+
+struct DateFormatter::Written {
+  DateComponents fields;
+  int weekday;
+};
 
 DateFormatter::DateFormatter(std::string_view pattern)
     : DateFormatter(pattern, Calendar(CalendarIdentifier::gregorian)) {}
 
 DateFormatter::DateFormatter(std::string_view pattern, const Calendar& calendar)
-    : DateFormatter(std::make_unique<FormatEngine>(
-          FormatEngine{patternFormat(pattern, calendar.identifier()), calendar, nullptr, {}})) {
-  if (!engine_->format || calendar.identifier() != CalendarIdentifier::islamicUmmAlQura) return;
-  engine_->hijri.reset(engine_->format->getCalendar()->clone());
-  static_cast<icu::SimpleDateFormat&>(*engine_->format).toPattern(engine_->pattern);
-}
-
-DateFormatter::DateFormatter(std::unique_ptr<FormatEngine> engine) : engine_(std::move(engine)) {}
+    : pattern_(pattern), calendar_(calendar) {}
 
 DateFormatter DateFormatter::longStyle() {
-  std::unique_ptr<icu::DateFormat> format(
-      icu::DateFormat::createDateInstance(icu::DateFormat::kLong, icu::Locale("en_US")));
-  return DateFormatter(std::make_unique<FormatEngine>(FormatEngine{
-      inGMT(std::move(format)), Calendar(CalendarIdentifier::gregorian), nullptr, {}}));
+  return DateFormatter("MMMM d, y");
 }
 
-DateFormatter::DateFormatter(DateFormatter&&) noexcept = default;
-DateFormatter& DateFormatter::operator=(DateFormatter&&) noexcept = default;
-DateFormatter::~DateFormatter() = default;
-
 std::string DateFormatter::string(Date date) const {
-  if (!engine_->format || !std::isfinite(date.secondsSince1970)) return {};
-  const int offset = engine_->calendar.timeZone().secondsFromUTC(date);
-  double localMilliseconds = std::floor((date.secondsSince1970 + offset) * 1000);
-  if (engine_->hijri) localMilliseconds = asLibraryHasIt(*engine_, localMilliseconds);
-  icu::UnicodeString text;
-  engine_->format->format(localMilliseconds, text);
-  std::string result;
-  text.toUTF8String(result);
-  return result;
+  const Written moment{calendar_.components(date), calendar_.weekday(date)};
+  if (!moment.fields.day) return {};
+  std::string text;
+  bool isQuoted = false;
+  for (std::size_t at = 0; at < pattern_.size();) {
+    const char letter = pattern_[at];
+    const auto end = std::min(pattern_.find_first_not_of(letter, at), pattern_.size());
+    if (letter == '\'') {
+      isQuoted = !isQuoted;
+      ++at;
+    } else if (isQuoted || !isLetter(letter)) {
+      text += letter;
+      ++at;
+    } else {
+      text += field(letter, end - at, moment);
+      at = end;
+    }
+  }
+  return text;
+}
+
+std::string DateFormatter::field(char letter, std::size_t count, const Written& moment) const {
+  const auto& fields = moment.fields;
+  const int hour = fields.hour.value_or(0);
+  switch (letter) {
+    case 'y': {
+      // There is no year 0: the one before 1 is 1 BC.
+      const int year = fields.year.value_or(1);
+      const bool isEra = calendar_.identifier() == CalendarIdentifier::gregorian && year < 1;
+      return padded(isEra ? 1 - year : year, count);
+    }
+    case 'M': {
+      const int month = fields.month.value_or(1);
+      if (count <= 2) return padded(month, count);
+      return nameAt(namesOf(calendar_.identifier()).months, count, month - 1);
+    }
+    case 'd':
+      return padded(fields.day.value_or(1), count);
+    case 'E':
+      return nameAt(namesOf(calendar_.identifier()).weekdays, count, moment.weekday);
+    case 'a':
+      return hour < 12 ? "AM" : "PM";
+    case 'h':
+      return padded((hour + 11) % 12 + 1, count);
+    case 'H':
+      return padded(hour, count);
+    case 'm':
+      return padded(fields.minute.value_or(0), count);
+    case 's':
+      return padded(fields.second.value_or(0), count);
+    default:
+      return {};
+  }
 }
 
 }  // namespace Hilalor

@@ -1,45 +1,36 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include "datetime/Calendar.hpp"
 #include "datetime/Date.hpp"
-#include "datetime/TimeZone.hpp"
 
 namespace Hilalor {
-
-struct FormatEngine;
 
 /// Writes instants as English text ("en_US"), in a calendar and its time zone.
 ///
 /// A formatter over a calendar without a zone of its own writes in the machine's current zone,
-/// asked anew at every call. Making one costs about 90 microseconds, formatting one or two. Main
-/// thread.
+/// asked anew at every call. Main thread.
 class DateFormatter {
  public:
-  /// Gregorian, in the machine's current zone. The pattern is one of Unicode's TR 35: "d MMM" gives
-  /// "6 Apr", "yyyy-MM-dd HH:mm" gives "2026-11-16 05:12".
+  /// Gregorian, in the machine's current zone. The pattern is of Unicode's TR 35, of its letters y,
+  /// M, d, E, a, h, H, m and s: "d MMM" gives "6 Apr", "yyyy-MM-dd HH:mm" gives "2026-11-16 05:12".
   explicit DateFormatter(std::string_view pattern);
-  /// In a Hijri calendar numbers of weeks and of days of the year (w, W, F, D) can be off by one
-  /// after 1450 AH.
   DateFormatter(std::string_view pattern, const Calendar& calendar);
 
   /// The long date style, "March 15, 2025": Gregorian, in the machine's current zone.
   [[nodiscard]] static DateFormatter longStyle();
 
-  DateFormatter(DateFormatter&&) noexcept;
-  DateFormatter& operator=(DateFormatter&&) noexcept;
-  ~DateFormatter();
-
-  /// The instant as UTF-8 text; empty for an instant that is not finite.
+  /// The instant as UTF-8 text; empty for an instant that the calendar does not have.
   [[nodiscard]] std::string string(Date date) const;
 
  private:
-  explicit DateFormatter(std::unique_ptr<FormatEngine> engine);
+  struct Written;
+  [[nodiscard]] std::string field(char letter, std::size_t count, const Written& moment) const;
 
-  std::unique_ptr<FormatEngine> engine_;
+  std::string pattern_;
+  Calendar calendar_;
 };
 
 }  // namespace Hilalor

@@ -93,17 +93,4 @@ std::optional<int> UmmAlQura::ordinalDay(std::int64_t day) {
   return first ? std::optional(static_cast<int>(day - *first) + 1) : std::nullopt;
 }
 
-bool UmmAlQura::isLibrarys(std::int64_t day) const {
-  const bool isPublished =
-      day >= kFirstPublishedDay && day < kFirstPublishedDay + kPublishedStarts.back();
-  return !isPublished && daysAhead_ == 0;
-}
-
-std::optional<std::int64_t> UmmAlQura::libraryDayLike(std::int64_t day) {
-  const auto month = monthOf(day);
-  const auto first = month ? libraryFirstDay(month->year, month->month) : std::nullopt;
-  if (!first) return std::nullopt;
-  return *first + ((day - *first) % 7 + 7) % 7;
-}
-
 }  // namespace Hilalor

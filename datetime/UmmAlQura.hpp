@@ -47,14 +47,6 @@ class UmmAlQura {
   /// The day's place in its year, 1 to 355.
   [[nodiscard]] std::optional<int> ordinalDay(std::int64_t day);
 
-  /// Whether ICU's own calendar has the day as it is here: where no months are published, unless
-  /// they begin on other days.
-  [[nodiscard]] bool isLibrarys(std::int64_t day) const;
-
-  /// A day on which ICU's own calendar shows the same month, year and weekday as this one on
-  /// `day`, though perhaps another day of the month.
-  [[nodiscard]] std::optional<std::int64_t> libraryDayLike(std::int64_t day);
-
  private:
   [[nodiscard]] std::optional<std::int64_t> libraryFirstDay(std::int64_t year, int month);
 
