@@ -30,6 +30,7 @@
 #include "desktop/process/SystemClock.hpp"
 #include "desktop/session/AutostartEntry.hpp"
 #include "desktop/session/BusProbe.hpp"
+#include "desktop/session/LateSystemBus.hpp"
 #include "desktop/session/LinuxApplication.hpp"
 #include "desktop/session/LinuxWorkspace.hpp"
 #include "desktop/session/PortalSettings.hpp"
@@ -116,6 +117,7 @@ class LinuxDesktop {
     application.remainTheRunningCopy(sessionBus_);
     LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });
     if (!defaults_.isRead()) contactLaterIfAsked();
+    if (!QDBusConnection::systemBus().isConnected()) useLateSystemBus(application);
   }
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
@@ -133,6 +135,13 @@ class LinuxDesktop {
   void contactLaterIfAsked() {
     cameIn_ = defaults_.cameIn.subscribe([this] {
       if (AppDelegate::didRequestLocation(defaults_)) location_.requestWhenInUseAuthorization();
+    });
+  }
+
+  void useLateSystemBus(LinuxApplication& application) {
+    lateBus_.emplace(loop_, [this, &application](const QDBusConnection& bus) {
+      location_.useBus(bus);
+      application.useSystemBus(bus);
     });
   }
 
@@ -154,6 +163,7 @@ class LinuxDesktop {
                              startedProgram()};
   std::unique_ptr<Updater> updater_ = makeUpdater(loop_, clock_, workspace_);
   Platform platform_;
+  std::optional<LateSystemBus> lateBus_;
   Subscription cameIn_;
   Subscription busChanged_ = sessionBus_.changed.subscribe([this] { notifications_.busChanged(); });
 };

@@ -33,6 +33,15 @@ AuthorizationStatus statusAfter(GeoClueAnswer answer) {
 GeoClueLocationService::GeoClueLocationService(QDBusConnection bus, RunLoop& loop, Contact contact)
     : bus_(std::move(bus)), loop_(loop), isContactDue_(contact == Contact::atStart) {}
 
+void GeoClueLocationService::useBus(QDBusConnection bus) {
+  bus_ = std::move(bus);
+  watcher_.reset();
+  networkWatch_.reset();
+  // Nothing is ever answered by a bus that is none.
+  const bool isAsking = std::exchange(session_, nullptr) != nullptr;
+  if (isAsking || status_ == AuthorizationStatus::restricted) beginSession();
+}
+
 void GeoClueLocationService::setDelegate(Delegate* delegate) {
   delegate_ = delegate;
   if (delegate == nullptr) return;

@@ -31,6 +31,9 @@ class GeoClueLocationService final : public LocationService {
 
   GeoClueLocationService(QDBusConnection bus, RunLoop& loop, Contact contact);
 
+  /// Goes on on another bus: the one before was none.
+  void useBus(QDBusConnection bus);
+
   void setDelegate(Delegate* delegate) override;
   [[nodiscard]] AuthorizationStatus authorizationStatus() const override { return status_; }
   void requestLocation() override;

@@ -17,8 +17,8 @@ namespace Hilalor::Desktop {
 [[nodiscard]] std::string systemBusAddress();
 
 /// Keeps Qt, which waits for the buses in its own start, from waiting a minute for one that does
-/// not answer: Qt never sees such a bus. To be made before the application object, and to go right
-/// after it. Main thread.
+/// not answer: Qt never sees such a bus (see SessionBus, LateSystemBus). To be made before the
+/// application object, and to go right after it. Main thread.
 class SilentBusesHidden {
  public:
   SilentBusesHidden();

@@ -182,9 +182,15 @@ void LinuxApplication::act(const QString& action) {
 }
 
 void LinuxApplication::setResumeHandler(std::function<void()> handler) {
+  resume_ = std::move(handler);
   sleepWatch_.reset();
-  if (!handler) return;
-  sleepWatch_ = std::make_unique<SleepWatch>(QDBusConnection::systemBus(), std::move(handler));
+  if (resume_) useSystemBus(QDBusConnection::systemBus());
+}
+
+void LinuxApplication::useSystemBus(const QDBusConnection& bus) {
+  sleepWatch_ = std::make_unique<SleepWatch>(bus, [this] {
+    if (resume_) resume_();
+  });
 }
 
 void LinuxApplication::endOnSignals() {

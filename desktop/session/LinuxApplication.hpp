@@ -37,6 +37,9 @@ class LinuxApplication final : public QObject, public Application {
   /// in between, this one ends. The bus must live as long as its changes are to be heard.
   void remainTheRunningCopy(SessionBus& sessionBus);
 
+  /// Hears of the machine's waking on that bus: the one before was none.
+  void useSystemBus(const QDBusConnection& bus);
+
   /// Runs when the display goes from under the program, which ends then and destroys nothing. The
   /// display may not be used any more.
   static void setLostDisplayHandler(std::function<void()> handler);
@@ -56,6 +59,7 @@ class LinuxApplication final : public QObject, public Application {
   Subscription ofBus_;
   std::function<void()> reopen_;
   std::function<void()> openSettings_;
+  std::function<void()> resume_;
   std::unique_ptr<SleepWatch> sleepWatch_;
   std::unique_ptr<QSocketNotifier> signalNotifier_;
 };

@@ -125,6 +125,19 @@ TEST_F(GeoClueLocationServiceTest, AsksOnceTakesOnePositionAndGivesTheClientBack
   EXPECT_EQ(delegate->statuses.size(), 2U) << "the status did not change again";
 }
 
+TEST_F(GeoClueLocationServiceTest, GoesOnOnABusThatComesLate) {
+  startDaemon(Agent::allows);
+  daemon->positions = {{kMakkah}};
+  const QDBusConnection none(QStringLiteral("none"));
+  service = std::make_unique<GeoClueLocationService>(none, loop, Contact::atStart);
+  delegate = std::make_unique<RecordingDelegate>(*service);
+  service->setDelegate(delegate.get());
+  settle();
+  service->useBus(connection());
+  settle();
+  EXPECT_THAT(delegate->fixes, ElementsAre(kMakkah));
+}
+
 TEST_F(GeoClueLocationServiceTest, AsksAgainAfterARefusalUntilTheUserHasSaidItTwice) {
   startDaemon(Agent::refuses);
   startService(Contact::atStart);
