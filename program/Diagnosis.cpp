@@ -67,26 +67,35 @@ class Questioned {
   Questioned& operator=(const Questioned&) = delete;
   ~Questioned() {
     if (output_ >= 0) close(output_);
-    if (failure_ != 0) return;
+    if (process_ == 0) return;
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
   }
 
   /// What it says until it ends or the patience does, then why there is no more.
-  [[nodiscard]] std::string answer() const {
+  [[nodiscard]] std::string answer() {
     if (failure_ != 0) return topic_ + ": cannot be asked: " + std::strerror(failure_) + '\n';
     std::string text;
     std::array<char, 4096> bytes{};
     const auto end = Clock::now() + kPatience;
     while (hasMore(end)) {
       const auto count = read(output_, bytes.data(), bytes.size());
-      if (count <= 0) return text;
+      if (count <= 0) return text + fault();
       text.append(bytes.data(), static_cast<std::size_t>(count));
     }
     return text + topic_ + ": no answer within " + std::to_string(kPatience.count()) + " seconds\n";
   }
 
  private:
+  // Of one that has said its last word; empty where it ended well.
+  std::string fault() {
+    int status = 0;
+    waitpid(std::exchange(process_, 0), &status, 0);
+    if (WIFSIGNALED(status))
+      return topic_ + ": ended by signal " + std::to_string(WTERMSIG(status)) + '\n';
+    return WEXITSTATUS(status) == 0 ? "" : topic_ + ": ended with a complaint\n";
+  }
+
   [[nodiscard]] bool hasMore(Clock::time_point end) const {
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
     pollfd waiting{output_, POLLIN, 0};

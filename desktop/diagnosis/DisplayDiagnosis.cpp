@@ -12,6 +12,8 @@
 namespace Hilalor::Desktop {
 namespace {
 
+constexpr const char* kNobody = "none";
+
 std::string variable(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr ? value : "";
@@ -58,7 +60,7 @@ class XDesktop {
     const auto atom = display_.atom(selection + std::to_string(display_.screenNumber()));
     const auto owner = Xcb::answer(xcb_get_selection_owner_reply, display_.get(),
                                    xcb_get_selection_owner(display_.get(), atom));
-    return owner && owner->owner != XCB_WINDOW_NONE ? programOf(owner->owner) : "none";
+    return owner && owner->owner != XCB_WINDOW_NONE ? programOf(owner->owner) : kNobody;
   }
 
  private:
@@ -98,7 +100,7 @@ void diagnoseDisplay(const Tell& tell) {
   const XDesktop desktop(*display);
   tell("X server", desktop.screen());
   tell("window manager", desktop.windowManager());
-  tell("compositing", desktop.ownerOf("_NET_WM_CM_S"));
+  tell("compositing", desktop.ownerOf("_NET_WM_CM_S") == kNobody ? "no" : "yes");
   tell("bars", desktop.bars());
   tell("tray of windows", desktop.ownerOf("_NET_SYSTEM_TRAY_S"));
 }
