@@ -69,9 +69,10 @@ QWidget* PrayerTimesCard::usualMethod() {
   atRedraw([this] { methodOffer_.lookAtPlace(); });
   auto* use = linkButton(QStringLiteral("Use it"), [this] { methodOffer_.use(); });
   atRedraw([this, use] { use->setAccessibleName("Use it. " + usualMethodText()); });
-  return onlyWhile([this] { return methodOffer_.offer().has_value(); },
-                   row({.spacing = kOfferSpacing},
-                       {liveText(kOfferStyle, [this] { return usualMethodText(); }), use}));
+  return onlyWhile(
+      [this] { return methodOffer_.offer().has_value(); },
+      row({.spacing = kOfferSpacing},
+          {liveText(kOfferStyle, [this] { return usualMethodText(); }), use, flexibleSpace()}));
 }
 
 QString PrayerTimesCard::usualMethodText() const {
