@@ -65,7 +65,8 @@ class SearchField::Row final : public QWidget {
   void mouseMoveEvent(QMouseEvent*) override { onHover_(); }
   void mousePressEvent(QMouseEvent* event) override { event->accept(); }
   void mouseReleaseEvent(QMouseEvent* event) override {
-    if (rect().contains(event->position().toPoint())) onClick_();
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (isLeft && rect().contains(event->position().toPoint())) onClick_();
   }
   void paintEvent(QPaintEvent*) override {
     if (!isHighlighted_) return;

@@ -53,7 +53,7 @@ StatusBarController::StatusBarController(const BarContext& context, Updater* upd
   platform_.application.setSettingsHandler([this] { openSettings(); });
   platform_.application.setResumeHandler([this] {
     tick();
-    context_.locationManager.retryFix();
+    if (settings_.locationMode == LocationMode::automatic) context_.locationManager.retryFix();
   });
   timer_ = platform_.loop.repeating(kTickPeriod, [this] { tick(); });
   subscribe();

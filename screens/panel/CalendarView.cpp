@@ -7,6 +7,7 @@
 #include "rules/calendar/DayTexts.hpp"
 #include "screens/panel/AdviceLine.hpp"
 #include "screens/panel/BottomBar.hpp"
+#include "screens/panel/CalendarKeys.hpp"
 #include "screens/panel/MonthHeader.hpp"
 #include "screens/panel/NoteEditorView.hpp"
 #include "screens/panel/PrayerTimesView.hpp"
@@ -30,34 +31,6 @@ constexpr TextStyle kSecondaryStyle{.size = 10, .color = &Colors::secondary};
 
 constexpr TextStyle kHoverStyle{.size = 10, .color = &Colors::secondary};
 constexpr milliseconds kHoverFade{150};
-
-/// What a key moves the selection by.
-struct Step {
-  CalendarUnit unit;
-  int amount;
-};
-
-std::optional<Step> stepOf(const QKeyEvent& event) {
-  constexpr int kWeek = DayGrid::kWeek;
-  const bool isShifted = event.modifiers().testFlag(Qt::ShiftModifier);
-  const CalendarUnit page = isShifted ? CalendarUnit::year : CalendarUnit::month;
-  switch (event.key()) {
-    case Qt::Key_Left:
-      return Step{CalendarUnit::day, -1};
-    case Qt::Key_Right:
-      return Step{CalendarUnit::day, 1};
-    case Qt::Key_Up:
-      return Step{CalendarUnit::day, -kWeek};
-    case Qt::Key_Down:
-      return Step{CalendarUnit::day, kWeek};
-    case Qt::Key_PageUp:
-      return Step{page, -1};
-    case Qt::Key_PageDown:
-      return Step{page, 1};
-    default:
-      return std::nullopt;
-  }
-}
 
 }  // namespace
 

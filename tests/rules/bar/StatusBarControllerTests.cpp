@@ -115,10 +115,13 @@ TEST_F(StatusBarControllerTest, TicksAtOnceWhenTheMachineWakes) {
 TEST_F(StatusBarControllerTest, LooksForTheMachinesPlaceAgainAtAnOpeningAndAWaking) {
   start();
   desktop().settings().locationMode = LocationMode::manual;
-  desktop().application.reopen();
-  EXPECT_EQ(desktop().location.asksAgain, 0) << "the place is chosen by hand";
-  desktop().settings().locationMode = LocationMode::automatic;
   desktop().location.report(AuthorizationStatus::authorizedAlways);
+  desktop().location.fail();
+  desktop().application.reopen();
+  desktop().application.resume();
+  EXPECT_EQ(desktop().location.asksAgain, 0) << "the place is chosen by hand";
+  EXPECT_EQ(desktop().location.locationRequests, 1) << "when it was allowed";
+  desktop().settings().locationMode = LocationMode::automatic;
   for (const bool opens : {true, false}) {
     SCOPED_TRACE(opens ? "opening" : "waking");
     desktop().location.fail();
