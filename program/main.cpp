@@ -1,5 +1,3 @@
-#include <malloc.h>
-
 #include <QApplication>
 #include <QDBusConnection>
 #include <chrono>
@@ -24,6 +22,7 @@
 #include "desktop/place/GeoClueLocationService.hpp"
 #include "desktop/place/OfflineAtlas.hpp"
 #include "desktop/place/OfflineGeocoder.hpp"
+#include "desktop/process/Heap.hpp"
 #include "desktop/process/ProgramId.hpp"
 #include "desktop/process/QtRunLoop.hpp"
 #include "desktop/process/Resources.hpp"
@@ -212,11 +211,6 @@ Subscription keepAnnouncementsForCommands(PrayerNotificationManager& manager, Ru
   const auto kept = std::make_shared<AnnouncementKeeper>(Program::announcementFile());
   return manager.activeAthanTitle.subscribe(
       onNextPass(loop, [kept](const auto& title) { kept->keep(title); }));
-}
-
-// Else every thread that plays a sound may leave a heap of its own behind, of a megabyte and more.
-void keepOneHeap() {
-  mallopt(M_ARENA_MAX, 1);
 }
 
 }  // namespace

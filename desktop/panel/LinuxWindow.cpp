@@ -9,6 +9,7 @@
 
 #include "desktop/display/Sway.hpp"
 #include "desktop/panel/LinuxPanel.hpp"
+#include "desktop/process/Heap.hpp"
 #include "ui/Spoken.hpp"
 
 namespace Hilalor::Desktop {
@@ -64,6 +65,7 @@ LinuxWindow::LinuxWindow(std::unique_ptr<QWidget> screen, const WindowProperties
 LinuxWindow::~LinuxWindow() {
   frame_->disown();
   frame_->hide();
+  QObject::connect(frame_, &QObject::destroyed, giveBackFreeMemory);
   frame_->deleteLater();
 }
 

@@ -1,7 +1,5 @@
 #include "desktop/place/OfflineAtlas.hpp"
 
-#include <malloc.h>
-
 #include <optional>
 #include <string>
 #include <utility>
@@ -9,6 +7,7 @@
 #include "desktop/geodata/AreaNames.hpp"
 #include "desktop/geodata/MapDatabase.hpp"
 #include "desktop/geodata/PlaceDatabase.hpp"
+#include "desktop/process/Heap.hpp"
 
 namespace Hilalor::Desktop {
 namespace {
@@ -22,11 +21,8 @@ class OfflineMap final : public WorldMap {
         names_(folder / "names" / "names.bin") {}
   OfflineMap(const OfflineMap&) = delete;
   OfflineMap& operator=(const OfflineMap&) = delete;
-  // Once the window with the map is gone as well, what both have freed goes back to the system: the
-  // C library would keep it for later, and maps are opened once in a long while.
-  ~OfflineMap() override {
-    loop_.post([] { malloc_trim(0); });
-  }
+  // Once the window with the map is gone as well.
+  ~OfflineMap() override { loop_.post(giveBackFreeMemory); }
 
   [[nodiscard]] const std::vector<int>& tileDegrees() const override {
     static const std::vector<int> none;

@@ -4,6 +4,8 @@
 #include <mutex>
 #include <utility>
 
+#include "desktop/process/Heap.hpp"
+
 namespace Hilalor::Desktop {
 
 /// What the threads know of their owner.
@@ -44,6 +46,7 @@ std::stop_source PlaybackThreads::start(Work work, RunLoop::Task atEnd) {
     const bool stopped = place->get_stop_source().stop_requested();
     place->join();
     shared->owner->threads_.erase(place);
+    giveBackFreeMemory();
     if (!stopped && atEnd) atEnd();
   };
   *place = std::jthread(
