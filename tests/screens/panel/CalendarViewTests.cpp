@@ -145,18 +145,18 @@ TEST_F(CalendarViewTest, ReportsItsSizeWhenItChanges) {
 
 TEST_F(CalendarViewTest, OffersToStopWhatPlays) {
   show();
-  auto& alerts = desktop.notificationManager();
+  auto& manager = desktop.notificationManager();
   EXPECT_FALSE(button("Stop Athan"));
-  alerts.playingVoice.assign(AthanVoice::vemran);
-  alerts.playingDua.assign(true);
+  manager.playingVoice.assign(AthanVoice::vemran);
+  manager.playingDua.assign(true);
   settle();
   EXPECT_FALSE(button("Stop Supplication"));
   ASSERT_TRUE(button("Stop Athan"));
-  alerts.playingVoice.assign(std::nullopt);
+  manager.playingVoice.assign(std::nullopt);
   settle();
   ASSERT_TRUE(button("Stop Supplication"));
   click(button("Stop Supplication"));
-  EXPECT_FALSE(alerts.playingDua.value());
+  EXPECT_FALSE(manager.playingDua.value());
   EXPECT_TRUE(QTest::qWaitFor([&] { return button("Stop Supplication") == nullptr; }, 2000));
 }
 
@@ -168,6 +168,16 @@ TEST_F(CalendarViewTest, ItsButtonsQuitAndOpenTheSettings) {
   EXPECT_EQ(desktop.application.terminations, 1);
   click(button("Settings"));
   EXPECT_EQ(settingsOpened, 1);
+}
+
+TEST_F(CalendarViewTest, TellsThatItsAdviceWasPutAway) {
+  int putAway = 0;
+  ScreenTest::show(std::make_unique<CalendarView>(panelContext(desktop), nullptr, nullptr,
+                                                  Advice{"Look up", [&] { ++putAway; }}));
+  EXPECT_TRUE(showsText("Look up"));
+  click(button("Do not show this again"));
+  EXPECT_FALSE(showsText("Look up"));
+  EXPECT_EQ(putAway, 1);
 }
 
 TEST_F(CalendarViewTest, IsDrawnInTheColoursOfItsWindow) {
