@@ -34,6 +34,7 @@ void Text::setStyle(const TextStyle& style) {
 }
 
 void Text::fadeTo(double opacity, std::chrono::milliseconds duration) {
+  isLeaving_ = opacity == 0;
   presence_.to(opacity, duration);
 }
 
@@ -66,10 +67,12 @@ bool Text::event(QEvent* event) {
 void Text::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(faded(Colors::of(*this).*style_.color, style_.opacity * presence_.value()));
-  if (style_.figures == Figures::columns) return drawInColumns(painter, rect(), text());
+  if (!isLeaving_) lastSeen_ = text();
+  if (style_.figures == Figures::columns) return drawInColumns(painter, rect(), lastSeen_);
   const bool wraps = style_.overflow == Overflow::wrap;
-  painter.drawText(rect(), static_cast<int>(alignment()) | (wraps ? Qt::TextWordWrap : 0),
-                   wraps ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+  painter.drawText(
+      rect(), static_cast<int>(alignment()) | (wraps ? Qt::TextWordWrap : 0),
+      wraps ? lastSeen_ : fontMetrics().elidedText(lastSeen_, Qt::ElideRight, width()));
 }
 
 }  // namespace Hilalor::Ui

@@ -15,7 +15,8 @@ class Text final : public QLabel {
 
   void setStyle(const TextStyle& style);
 
-  /// Lets the text appear or vanish with an ease-in-out curve; its place stays.
+  /// Lets the text appear or vanish with an ease-in-out curve; its place stays. It vanishes as what
+  /// it was before, whatever it is by then.
   void fadeTo(double opacity, std::chrono::milliseconds duration);
 
   [[nodiscard]] QSize sizeHint() const override;
@@ -30,6 +31,8 @@ class Text final : public QLabel {
  private:
   TextStyle style_;
   Animation presence_;
+  bool isLeaving_ = false;
+  QString lastSeen_;  // Before it was leaving.
 };
 
 }  // namespace Hilalor::Ui
