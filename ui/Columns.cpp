@@ -10,14 +10,10 @@ namespace Hilalor::Ui {
 namespace {
 
 double widest(const QFont& font, const QStringList& texts) {
+  const QFontMetricsF metrics(font);
   double width = 0;
-  for (const QFont::Weight weight : {QFont::Normal, QFont::DemiBold}) {
-    QFont weighted(font);
-    weighted.setWeight(weight);
-    const QFontMetricsF metrics(weighted);
-    for (const QString& text : texts)
-      width = std::max(width, metrics.horizontalAdvance(text));
-  }
+  for (const QString& text : texts)
+    width = std::max(width, metrics.horizontalAdvance(text));
   return width;
 }
 

@@ -9,8 +9,8 @@ class QRectF;
 namespace Hilalor::Ui {
 
 /// Times of the day that stand below each other in whatever font: each digit is as wide as the
-/// widest one, what follows them ends where "AM" and "PM" do, and all that in regular type as in
-/// bold.
+/// widest one, and the last digit stands where it stands before "AM" and before "PM". Bold type has
+/// wider digits and columns of its own; drawn to one width, regular ones would stand apart.
 
 /// In logical pixels.
 [[nodiscard]] double widthInColumns(const QFont& font, const QString& time);
