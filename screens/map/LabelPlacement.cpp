@@ -28,6 +28,8 @@ constexpr double kPinToName = 4;
 // larger than the map.
 constexpr double kNamePerArea = 1.75;
 constexpr double kAreaPerMap = 2.5;
+// So far up or down it is still in the country.
+constexpr double kShiftPerArea = 0.25;
 
 double lastRank(const MapViewport& viewport) {
   return kRankAtOnePixelPerDegree + kRanksPerDoubling * std::log2(viewport.pixelsPerDegree());
@@ -137,7 +139,10 @@ void LabelPlacement::placeArea(MapLabel& area) {
   if (!seen_.adjusted(-kMargin, -kMargin, kMargin, kMargin).contains(middle)) return;
   const QSizeF size = sizeOf(area);
   std::vector<Room> rooms;
-  for (const double lines : {0.0, 1.0, -1.0, 2.0, -2.0}) {
+  // Another line may already be in another country.
+  const double room = area.degrees * viewport_.pixelsPerDegree();
+  const double farthest = size.height() <= kShiftPerArea * room ? 1 : 0;
+  for (const double lines : {0.0, farthest, -farthest}) {
     const QPointF corner(std::round(middle.x() - size.width() / 2),
                          std::round(middle.y() + (lines - 0.5) * size.height()));
     const QRectF name(corner, size);
