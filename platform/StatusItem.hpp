@@ -8,6 +8,7 @@
 
 #include "platform/Geometry.hpp"
 #include "platform/ItemTitle.hpp"
+#include "platform/Panel.hpp"
 
 namespace Hilalor {
 
@@ -47,6 +48,9 @@ class StatusButton {
   /// The menu that takes its place where the bar draws the menu itself. On some bars that menu is
   /// all that a single click, the keyboard or a touch screen reaches.
   virtual void setHostedMenu(Menu menu) = 0;
+
+  /// Whether a menu that is not the bar's is light or dark.
+  virtual void setAppearance(Appearance appearance) = 0;
 };
 
 /// An item in the desktop's bar, there for as long as this object lives. Main thread.

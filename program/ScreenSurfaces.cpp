@@ -7,6 +7,7 @@
 #include "screens/map/MapPickerView.hpp"
 #include "screens/panel/CalendarView.hpp"
 #include "screens/settings/SettingsView.hpp"
+#include "ui/TextStyle.hpp"
 
 namespace Hilalor::Program {
 
@@ -15,8 +16,13 @@ using namespace Screens;
 
 namespace {
 
-constexpr WindowProperties kSettingsWindow{
-    .title = "Hilalor Settings", .contentSize = {380, 520}, .minimumSize = {380, 400}};
+/// With the desktop's type as large as it is now.
+WindowProperties settingsWindow() {
+  const double scale = Ui::typeScale();
+  return {.title = "Hilalor Settings",
+          .contentSize = {380 * scale, 520 * scale},
+          .minimumSize = {380 * scale, 400}};
+}
 
 constexpr WindowProperties kPlaceWindow{
     .title = "Choose Your Place", .contentSize = {640, 500}, .minimumSize = {640, 500}};
@@ -55,7 +61,7 @@ std::unique_ptr<Window> ScreenSurfaces::makeSettingsWindow(Updater* updater,
   const QPixmap appIcon(QString::fromStdString(appIcon_.string()));
   auto screen = std::make_unique<SettingsView>(context, updater, appIcon);
   screen->setWindowIcon(appIcon);
-  return std::make_unique<LinuxWindow>(std::move(screen), kSettingsWindow, std::move(onWillClose));
+  return std::make_unique<LinuxWindow>(std::move(screen), settingsWindow(), std::move(onWillClose));
 }
 
 std::unique_ptr<Window> ScreenSurfaces::makePlaceWindow(std::function<void()> onWillClose) {

@@ -16,7 +16,7 @@
 #include "desktop/display/LinuxScreens.hpp"
 #include "desktop/item/LinuxStatusBar.hpp"
 #include "desktop/notifications/LinuxNotificationCenter.hpp"
-#include "desktop/panel/ColorSchemeSetting.hpp"
+#include "desktop/panel/AppearanceSetting.hpp"
 #include "desktop/panel/LinuxMouseMonitor.hpp"
 #include "desktop/panel/MotionSetting.hpp"
 #include "desktop/place/GeoClueLocationService.hpp"
@@ -111,7 +111,7 @@ class LinuxDesktop {
                   .updater = updater_.get(),
                   .loginEntry = isConfined() ? nullptr : &loginEntry_,
                   .soundFolders = soundFolders()} {
-    followColorScheme(portal_);
+    followAppearance(portal_);
     followMotion(portal_, style);
     application.remainTheRunningCopy(sessionBus_);
     LinuxApplication::setLostDisplayHandler([this] { defaults_.close(); });

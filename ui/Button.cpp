@@ -68,7 +68,7 @@ bool Button::hitButton(const QPoint& place) const {
 }
 
 int Button::side() const {
-  return iconSide(label_.iconSize.value_or(label_.style.size));
+  return iconSide(byType(label_.iconSize.value_or(label_.style.size)));
 }
 
 QSize Button::labelSize() const {
@@ -81,9 +81,10 @@ QSize Button::labelSize() const {
 
 QColor Button::ink() const {
   const Colors& colors = Colors::of(*this);
-  if (!isEnabled()) return faded(colors.secondary, kDisabledOpacity);
+  if (!isEnabled()) return weaker(colors, colors.secondary, kDisabledOpacity);
   const QColor color = look_ == ButtonLook::prominent ? colors.white : colors.*label_.style.color;
-  return faded(color, isDown() ? label_.style.opacity * kPressedOpacity : label_.style.opacity);
+  return weaker(colors, color,
+                isDown() ? label_.style.opacity * kPressedOpacity : label_.style.opacity);
 }
 
 void Button::paintEvent(QPaintEvent*) {
@@ -103,7 +104,10 @@ void Button::paintBox(QPainter& painter) const {
   const Colors& colors = Colors::of(*this);
   const bool isProminent = look_ == ButtonLook::prominent;
   const QPainterPath box = smoothRect(rect(), kBoxRadius);
-  if (!isEnabled()) return painter.fillPath(box, colors.separator);
+  if (!isEnabled()) {
+    if (colors.contrast == Contrast::usual) return painter.fillPath(box, colors.separator);
+    return strokeWithin(painter, rect(), kBoxRadius, QPen(colors.primary, 1, Qt::DashLine));
+  }
   painter.fillPath(box, isProminent ? colors.accent : colors.controlBackground);
   if (!isProminent) strokeWithin(painter, rect(), kBoxRadius, QPen(colors.tertiary, 1));
 }

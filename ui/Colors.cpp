@@ -1,6 +1,8 @@
 #include "ui/Colors.hpp"
 
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 
 namespace Hilalor::Ui {
 namespace {
@@ -31,14 +33,51 @@ const Colors kDark{
     .red = {255, 69, 58},
 };
 
+Colors highContrast(const QColor& ink, const QColor& ground) {
+  const bool isDark = ground == QColor(Qt::black);
+  return {.primary = ink,
+          .secondary = ink,
+          .tertiary = ink,
+          .separator = ink,
+          .windowBackground = ground,
+          .controlBackground = ground,
+          .textBackground = ground,
+          .yellow = isDark ? QColor(255, 214, 10) : QColor(97, 66, 0),
+          .orange = isDark ? QColor(255, 184, 77) : QColor(112, 56, 0),
+          .red = isDark ? QColor(255, 130, 120) : QColor(140, 0, 14),
+          .accent = ink,
+          .white = ground,
+          .contrast = Contrast::high};
+}
+
+const Colors kHighLight = highContrast(Qt::black, Qt::white);
+const Colors kHighDark = highContrast(Qt::white, Qt::black);
+
+// Black on white has 21; the usual grounds of desktops are some way from both.
+constexpr double kLeastHighContrast = 20;
+
+/// As WCAG 2.1 reckons it.
+double luminance(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
 }  // namespace
 
-const Colors& Colors::of(ColorScheme scheme) {
+const Colors& Colors::of(ColorScheme scheme, Contrast contrast) {
+  if (contrast == Contrast::high) return scheme == ColorScheme::dark ? kHighDark : kHighLight;
   return scheme == ColorScheme::dark ? kDark : kLight;
 }
 
 const Colors& Colors::of(const QWidget& widget) {
-  return of(colorScheme(widget.palette()));
+  return of(colorScheme(widget.palette()), Ui::contrast(widget.palette()));
+}
+
+QColor weaker(const Colors& colors, const QColor& ink, double opacity) {
+  return colors.contrast == Contrast::high ? ink : faded(ink, opacity);
 }
 
 QColor faded(QColor color, double opacity) {
@@ -52,10 +91,18 @@ ColorScheme colorScheme(const QPalette& palette) {
   return text > background ? ColorScheme::dark : ColorScheme::light;
 }
 
-QPalette windowPalette(ColorScheme scheme) {
-  const Colors& colors = Colors::of(scheme);
+Contrast contrast(const QPalette& palette) {
+  const double text = luminance(palette.color(QPalette::WindowText));
+  const double ground = luminance(palette.color(QPalette::Window));
+  const double ratio = (std::max(text, ground) + 0.05) / (std::min(text, ground) + 0.05);
+  return ratio >= kLeastHighContrast ? Contrast::high : Contrast::usual;
+}
+
+QPalette windowPalette(ColorScheme scheme, Contrast contrast) {
+  const Colors& colors = Colors::of(scheme, contrast);
   // Controls that the desktop's style draws want opaque colours.
-  const QColor text = scheme == ColorScheme::dark ? QColor(228, 228, 228) : QColor(38, 38, 38);
+  const QColor usual = scheme == ColorScheme::dark ? QColor(228, 228, 228) : QColor(38, 38, 38);
+  const QColor text = contrast == Contrast::high ? colors.primary : usual;
   QPalette palette(colors.controlBackground, colors.windowBackground);
   palette.setColor(QPalette::WindowText, text);
   palette.setColor(QPalette::Text, text);

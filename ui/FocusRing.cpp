@@ -15,9 +15,9 @@ namespace Hilalor::Ui {
 namespace {
 
 constexpr double kRingWidth = 1.5;
-constexpr double kGap = 2;
 constexpr int kReach = 4;  // Of a ring around a control.
 constexpr const char* kRadius = "focusRadius";
+constexpr const char* kGap = "focusGap";
 
 void strokeRing(QPainter& painter, const QWidget& control, const QRectF& ring, double radius) {
   painter.setRenderHint(QPainter::Antialiasing);
@@ -33,8 +33,6 @@ class LastPress final : public QObject {
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this] { markAround(); });
   }
-
-  [[nodiscard]] bool wasKey() const { return wasKey_; }
 
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
@@ -55,7 +53,6 @@ class LastPress final : public QObject {
  private:
   void set(bool wasKey) {
     if (std::exchange(wasKey_, wasKey) == wasKey) return;
-    if (QWidget* control = QApplication::focusWidget()) control->update();
     markAround();
   }
 
@@ -64,9 +61,10 @@ class LastPress final : public QObject {
     QWidget* control = QApplication::focusWidget();
     if (!wasKey_ || control == nullptr || !control->property(kRadius).isValid()) return;
     ring_ = new Halo(*control, {kReach, kReach}, [control](QPainter& painter, const QRectF& rect) {
-      const double out = kGap + kRingWidth / 2;
+      const double gap = control->property(kGap).toDouble();
+      const double out = gap + kRingWidth / 2;
       strokeRing(painter, *control, rect.adjusted(-out, -out, out, out),
-                 control->property(kRadius).toDouble() + kGap);
+                 control->property(kRadius).toDouble() + gap);
     });
   }
 
@@ -74,26 +72,17 @@ class LastPress final : public QObject {
   QPointer<Halo> ring_;
 };
 
-const LastPress& lastPress() {
+void watchPresses() {
   static QPointer<LastPress> last;
   if (!last) last = new LastPress;  // The application's child.
-  return *last;
 }
 
 }  // namespace
 
-void paintFocusRing(QPainter& painter, const QWidget& control, double radius) {
-  if (!lastPress().wasKey() || !control.hasFocus()) return;
-  const double inset = kRingWidth / 2;
-  painter.save();
-  strokeRing(painter, control, QRectF(control.rect()).adjusted(inset, inset, -inset, -inset),
-             radius);
-  painter.restore();
-}
-
-void markFocusAround(QWidget& control, double radius) {
-  (void)lastPress();
+void markFocusAround(QWidget& control, double radius, double gap) {
+  watchPresses();
   control.setProperty(kRadius, radius);
+  control.setProperty(kGap, gap);
 }
 
 }  // namespace Hilalor::Ui

@@ -27,14 +27,16 @@ class Segment final : public QAbstractButton {
     setFont(systemFont(kTypeSize));
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
-    setFixedHeight(kSegmentHeight);
+    setFixedHeight(byType(kSegmentHeight));
+    // Between those of its neighbours.
+    markFocusAround(*this, kSegmentRadius, 0);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::clicked, this,
             [onSelect = std::move(onSelect)] { onSelect(); });
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {fontMetrics().horizontalAdvance(label_) + kSegmentHeight, kSegmentHeight};
+    return {fontMetrics().horizontalAdvance(label_) + kSegmentHeight, height()};
   }
 
  protected:
@@ -49,7 +51,6 @@ class Segment final : public QAbstractButton {
     if (isChecked()) painter.fillPath(smoothRect(box, kSegmentRadius - 1), colors.accent);
     painter.setPen(isChecked() ? colors.white : colors.primary);
     painter.drawText(rect(), Qt::AlignCenter, label_);
-    paintFocusRing(painter, *this, kSegmentRadius);
   }
 
  private:
@@ -62,7 +63,10 @@ class Trough final : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(smoothRect(rect(), kSegmentRadius), Colors::of(*this).separator);
+    const Colors& colors = Colors::of(*this);
+    if (colors.contrast == Contrast::high)
+      return strokeWithin(painter, rect(), kSegmentRadius, QPen(colors.primary, 1));
+    painter.fillPath(smoothRect(rect(), kSegmentRadius), colors.separator);
   }
 };
 

@@ -51,7 +51,7 @@ Surface surfaceOf(const QWidget& popUp) {
 /// A tool tip is Qt's own window, which knows the desktop's colours only.
 void takeColours(QWidget& tip) {
   const QWidget& owner = tip.parentWidget() == nullptr ? tip : *tip.parentWidget();
-  tip.setPalette(windowPalette(colorScheme(owner.palette())));
+  tip.setPalette(windowPalette(colorScheme(owner.palette()), contrast(owner.palette())));
   tip.setFont(systemFont(kTipTypeSize));
 }
 
@@ -79,7 +79,8 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& item, const Colors
   const bool isChosen = isEnabled && item.state.testFlag(QStyle::State_Selected);
   painter.setRenderHint(QPainter::Antialiasing);
   if (isChosen) painter.fillPath(smoothRect(item.rect, kItemRadius), colors.accent);
-  const QColor atRest = isEnabled ? colors.primary : faded(colors.secondary, kDisabledOpacity);
+  const QColor atRest =
+      isEnabled ? colors.primary : weaker(colors, colors.secondary, kDisabledOpacity);
   const QColor ink = isChosen ? colors.white : atRest;
   QRect room = item.rect.adjusted(kItemSides, 0, -kItemSides, 0);
   if (item.menuHasCheckableItems) {
@@ -149,7 +150,7 @@ QSize PopUpStyle::sizeFromContents(ContentsType type, const QStyleOption* option
   const int arrow = item->menuItemType == QStyleOptionMenuItem::SubMenu ? kItemSides : 0;
   const int text =
       item->fontMetrics.size(Qt::TextSingleLine | Qt::TextHideMnemonic, shown(*item)).width();
-  return {text + tick + arrow + 2 * kItemSides, std::max(kItemHeight, content.height())};
+  return {text + tick + arrow + 2 * kItemSides, std::max(byType(kItemHeight), content.height())};
 }
 
 void PopUpStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,

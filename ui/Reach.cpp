@@ -124,7 +124,10 @@ class Reach final : public QObject {
       const double opacity = button->isDown() ? kDownOpacity : kHoverOpacity;
       const QRectF ground =
           rect.adjusted(-reach.width(), -reach.height(), reach.width(), reach.height());
-      painter.fillPath(smoothRect(ground, kRadius), faded(Colors::of(*button).primary, opacity));
+      const Colors& colors = Colors::of(*button);
+      painter.fillPath(smoothRect(ground, kRadius), faded(colors.primary, opacity));
+      if (colors.contrast == Contrast::high)
+        strokeWithin(painter, ground, kRadius, QPen(colors.primary, 1));
     });
     QObject::connect(button, &QAbstractButton::pressed, ground_, qOverload<>(&QWidget::update));
     QObject::connect(button, &QAbstractButton::released, ground_, qOverload<>(&QWidget::update));

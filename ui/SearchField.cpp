@@ -105,7 +105,7 @@ SearchField::SearchField(const QString& help, Events events) : events_(std::move
   button_ = framed(helped(help, new Button(
                                     {.icon = Icon::magnifyingGlass}, [this] { open({}); },
                                     ButtonLook::bordered)),
-                   kButtonSide, kButtonSide);
+                   byType(kButtonSide), byType(kButtonSide));
   edit_ = new QLineEdit;
   edit_->setFrame(false);
   edit_->setFont(systemFont(kTypeSize));
@@ -126,7 +126,7 @@ SearchField::SearchField(const QString& help, Events events) : events_(std::move
     panel_->layout()->addWidget(rows_.back());
   }
   panel_->layout()->setContentsMargins(0, 0, 0, kBottomPadding);
-  panel_->setFixedWidth(kWidth);
+  panel_->setFixedWidth(byType(kWidth));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->addWidget(button_);

@@ -2,10 +2,12 @@
 
 #include <QPainter>
 
+#include "ui/TextStyle.hpp"
+
 namespace Hilalor::Ui {
 
 Symbol::Symbol(Icon icon, int typeSize, Ink color) : icon_(icon), color_(color) {
-  const int side = iconSide(typeSize);
+  const int side = iconSide(byType(typeSize));
   setFixedSize(side, side);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/Columns.hpp"
@@ -10,9 +11,23 @@
 
 namespace Hilalor::Ui {
 
+double typeScale() {
+  constexpr double kUsualPoints = 11;
+  constexpr double kMost = 2;
+  return std::clamp(QGuiApplication::font().pointSizeF() / kUsualPoints, 1.0, kMost);
+}
+
+int byType(int length) {
+  return static_cast<int>(std::lround(length * typeScale()));
+}
+
+QSize byType(QSize size) {
+  return {byType(size.width()), byType(size.height())};
+}
+
 QFont systemFont(int size, QFont::Weight weight) {
   QFont font = QGuiApplication::font();
-  font.setPixelSize(size);
+  font.setPixelSize(byType(size));
   font.setWeight(weight);
   return font;
 }
@@ -66,7 +81,9 @@ bool Text::event(QEvent* event) {
 
 void Text::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(faded(Colors::of(*this).*style_.color, style_.opacity * presence_.value()));
+  const Colors& colors = Colors::of(*this);
+  const QColor ink = weaker(colors, colors.*style_.color, style_.opacity);
+  painter.setPen(faded(ink, presence_.value()));
   if (!isLeaving_) lastSeen_ = text();
   if (style_.figures == Figures::columns) return drawInColumns(painter, rect(), lastSeen_);
   const bool wraps = style_.overflow == Overflow::wrap;

@@ -47,7 +47,7 @@ void TextEditor::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillPath(smoothRect(rect(), kRadius), colors.textBackground);
   strokeWithin(painter, rect(), kRadius,
-               QPen(faded(colors.secondary, kOutlineOpacity), kOutlineWidth));
+               QPen(weaker(colors, colors.secondary, kOutlineOpacity), kOutlineWidth));
 }
 
 }  // namespace Hilalor::Ui

@@ -115,13 +115,17 @@ void Toggle::paintSwitch(QPainter& painter, const QRectF& mark) const {
   const Colors& colors = Colors::of(*this);
   const double radius = mark.height() / 2;
   const double share = position_.value();
-  painter.setBrush(colors.tertiary);
+  const bool isHigh = colors.contrast == Contrast::high;
+  // In high contrast an empty one is an edge, and its knob has the edge's ink.
+  painter.setBrush(isHigh ? colors.windowBackground : colors.tertiary);
   painter.drawRoundedRect(mark, radius, radius);
   painter.setBrush(faded(colors.accent, share));
   painter.drawRoundedRect(mark, radius, radius);
+  if (isHigh) strokeWithin(painter, mark, radius, QPen(colors.primary, 1));
+  painter.setPen(Qt::NoPen);
   const double side = mark.height() - 2 * kKnobInset;
   const double x = mark.left() + kKnobInset + share * (mark.width() - mark.height());
-  painter.setBrush(colors.white);
+  painter.setBrush(isHigh && share < 0.5 ? colors.primary : colors.white);
   painter.drawEllipse(QRectF(x, mark.top() + kKnobInset, side, side));
 }
 
@@ -139,7 +143,8 @@ void Toggle::paintRadio(QPainter& painter, const QRectF& mark) const {
   const Colors& colors = Colors::of(*this);
   const double inset = kRingWidth / 2;
   painter.setBrush(Qt::NoBrush);
-  const QColor ring = isChecked() ? colors.accent : faded(colors.secondary, kRingAtRestOpacity);
+  const QColor ring =
+      isChecked() ? colors.accent : weaker(colors, colors.secondary, kRingAtRestOpacity);
   painter.setPen(QPen(ring, kRingWidth));
   painter.drawEllipse(mark.adjusted(inset, inset, -inset, -inset));
   if (!isChecked()) return;

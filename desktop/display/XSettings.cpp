@@ -44,22 +44,33 @@ class Reader {
   std::size_t at_ = 0;
 };
 
-}  // namespace
-
-std::optional<std::int32_t> xSetting(std::string_view name) {
+template <typename Value>
+std::optional<Value> find(std::string_view name) {
   if (!isOnX11()) return std::nullopt;
   auto* server = qtConnection();
   const auto manager =
       Xcb::answer(xcb_get_selection_owner_reply, server,
                   xcb_get_selection_owner(server, Xcb::atom(server, "_XSETTINGS_S0")));
   if (!manager || manager->owner == XCB_WINDOW_NONE) return std::nullopt;
-  return xSettingIn(
+  const auto found = xSettingIn(
       Xcb::values<std::uint8_t>(server, manager->owner, Xcb::atom(server, "_XSETTINGS_SETTINGS")),
       name);
+  const auto* value = found ? std::get_if<Value>(&*found) : nullptr;
+  return value != nullptr ? std::optional(*value) : std::nullopt;
 }
 
-std::optional<std::int32_t> xSettingIn(std::span<const std::uint8_t> written,
-                                       std::string_view name) {
+}  // namespace
+
+std::optional<std::int32_t> xSetting(std::string_view name) {
+  return find<std::int32_t>(name);
+}
+
+std::optional<std::string> xTextSetting(std::string_view name) {
+  return find<std::string>(name);
+}
+
+std::optional<std::variant<std::int32_t, std::string>> xSettingIn(
+    std::span<const std::uint8_t> written, std::string_view name) {
   Reader reader(written);
   reader.skip(kHeader);
   for (std::uint32_t left = reader.number(4); left > 0 && !reader.isAtEnd(); --left) {
@@ -69,9 +80,10 @@ std::optional<std::int32_t> xSettingIn(std::span<const std::uint8_t> written,
     const bool isWanted = reader.text(length) == name;
     reader.skip(4);
     const std::uint32_t value = reader.number(4);
-    if (type == kText) reader.text(value);
+    const std::string text(type == kText ? reader.text(value) : std::string_view());
     if (type == kColour) reader.skip(4);
     if (isWanted && type == kNumber) return static_cast<std::int32_t>(value);
+    if (isWanted && type == kText) return text;
   }
   return std::nullopt;
 }

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <variant>
 
 namespace Hilalor::Desktop {
 
@@ -12,8 +14,11 @@ namespace Hilalor::Desktop {
 /// server.
 [[nodiscard]] std::optional<std::int32_t> xSetting(std::string_view name);
 
-/// The same from what the manager wrote.
-[[nodiscard]] std::optional<std::int32_t> xSettingIn(std::span<const std::uint8_t> written,
-                                                     std::string_view name);
+/// The text that it has under the name.
+[[nodiscard]] std::optional<std::string> xTextSetting(std::string_view name);
+
+/// What the manager wrote under the name.
+[[nodiscard]] std::optional<std::variant<std::int32_t, std::string>> xSettingIn(
+    std::span<const std::uint8_t> written, std::string_view name);
 
 }  // namespace Hilalor::Desktop

@@ -27,7 +27,7 @@ class ItemFace::Spoken final : public Ui::SpokenControl {
   }
   void doAction(const QString& action) override {
     if (action == showMenuAction())
-      return face_.menu_.open(face_.content_.menu, face_.placeFinder_());
+      return face_.menu_.open(face_.content_.menu, face_.placeFinder_(), face_.content_.appearance);
     if (action == pressAction()) press();
   }
 
@@ -136,7 +136,8 @@ void ItemFace::mouseReleaseEvent(QMouseEvent* event) {
   click.pointer = {event->globalPosition().x(), event->globalPosition().y()};
   const QPointer<ItemFace> alive(this);
   content_.tell(click);
-  if (isRight && alive) menu_.open(content_.menu, isDrawnElsewhere_ ? std::nullopt : item);
+  if (isRight && alive)
+    menu_.open(content_.menu, isDrawnElsewhere_ ? std::nullopt : item, content_.appearance);
 }
 
 }  // namespace Hilalor::Desktop

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QScreen>
 
+#include "desktop/display/WindowAppearance.hpp"
 #include "ui/PopUpStyle.hpp"
 
 namespace Hilalor::Desktop {
@@ -23,7 +24,7 @@ QPoint anchor(const QRect& item, const QSize& menu) {
 ItemMenu::ItemMenu() = default;
 ItemMenu::~ItemMenu() = default;
 
-void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
+void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item, Appearance appearance) {
   if (menu.empty()) return;
   menu_ = std::make_unique<QMenu>();
   for (const auto& line : menu) {
@@ -33,6 +34,7 @@ void ItemMenu::open(const Menu& menu, const std::optional<QRect>& item) {
       menu_->addAction(marked(line, u'&'), menu_.get(), line.action);
     }
   }
+  setWindowAppearance(*menu_, appearance);
   menu_->ensurePolished();
   const int shadow = Ui::PopUpStyle::shadowOf(*menu_);
   const QSize seen = menu_->sizeHint() - 2 * QSize(shadow, shadow);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/Panel.hpp"
 #include "platform/StatusItem.hpp"
 
 class QMenu;
@@ -18,8 +19,8 @@ class ItemMenu {
   ~ItemMenu();
 
   /// Opens at the item, on the side away from the bar's edge of the screen; at the pointer where
-  /// the item's place is not known. Logical pixels.
-  void open(const Menu& menu, const std::optional<QRect>& item);
+  /// the item's place is not known. Logical pixels. Light or dark as the program's windows.
+  void open(const Menu& menu, const std::optional<QRect>& item, Appearance appearance);
 
   /// The title with the sign before the letter that chooses the line. A sign of the title's own is
   /// doubled, so that it is shown and marks nothing.

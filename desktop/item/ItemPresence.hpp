@@ -12,8 +12,9 @@ namespace Hilalor::Desktop {
 struct ItemContent {
   ItemTitle title;
   std::function<void(const StatusItemClick&)> action;
-  Menu menu;        ///< Where we open it ourselves.
-  Menu hostedMenu;  ///< Where the bar draws it.
+  Menu menu;                                   ///< Where we open it ourselves.
+  Menu hostedMenu;                             ///< Where the bar draws it.
+  Appearance appearance = Appearance::system;  ///< Of what we open ourselves.
 
   [[nodiscard]] QString wholeTitle() const { return QString::fromStdString(title.whole()); }
   [[nodiscard]] QString titleWords() const { return QString::fromStdString(title.words()); }

@@ -33,6 +33,7 @@ class LinuxStatusItem : public StatusItem, public StatusButton {
   void setAction(std::function<void(const StatusItemClick&)> action) override;
   void setContextMenu(Menu menu) override;
   void setHostedMenu(Menu menu) override;
+  void setAppearance(Appearance appearance) override { content_.appearance = appearance; }
 
  private:
   [[nodiscard]] BarHosts hosts() const;

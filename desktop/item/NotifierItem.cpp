@@ -128,7 +128,7 @@ void NotifierItem::XAyatanaSecondaryActivate(uint) {
 
 void NotifierItem::ContextMenu(int, int) {
   tell(StatusItemClick::Button::right);
-  ownMenu_.open(content_.menu, std::nullopt);
+  ownMenu_.open(content_.menu, std::nullopt, content_.appearance);
 }
 
 void NotifierItem::tell(StatusItemClick::Button button) const {

@@ -6,26 +6,12 @@
 #include <cmath>
 
 #include "desktop/display/DisplayKind.hpp"
+#include "desktop/display/WindowAppearance.hpp"
 #include "desktop/panel/PanelRoom.hpp"
 #include "desktop/panel/PanelWindow.hpp"
-#include "ui/Colors.hpp"
 #include "ui/View.hpp"
 
 namespace Hilalor::Desktop {
-
-void setWindowAppearance(QWidget& window, Appearance appearance) {
-  switch (appearance) {
-    case Appearance::system:
-      window.setPalette(QPalette());
-      break;
-    case Appearance::light:
-      window.setPalette(Ui::windowPalette(Ui::ColorScheme::light));
-      break;
-    case Appearance::dark:
-      window.setPalette(Ui::windowPalette(Ui::ColorScheme::dark));
-      break;
-  }
-}
 
 LinuxPanel::LinuxPanel(std::unique_ptr<Ui::View> screen, std::function<void(Dismissal)> onDismiss)
     : screen_(screen.get()),

@@ -54,7 +54,4 @@ class LinuxPanel final : public Panel {
   std::unique_ptr<BareDesktop> bareDesktop_;
 };
 
-/// Puts the window and all in it into light or dark, or leaves it to the application.
-void setWindowAppearance(QWidget& window, Appearance appearance);
-
 }  // namespace Hilalor::Desktop

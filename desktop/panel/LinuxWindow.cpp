@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "desktop/display/Sway.hpp"
-#include "desktop/panel/LinuxPanel.hpp"
+#include "desktop/display/WindowAppearance.hpp"
 #include "desktop/process/Heap.hpp"
 #include "ui/Spoken.hpp"
 

@@ -39,10 +39,10 @@ QWidget* newsColumn(const QStringList& paragraphs) {
   auto* texts = column({.spacing = kParagraphSpacing}, {});
   for (const QString& paragraph : paragraphs)
     texts->layout()->addWidget(new Text(kNewsStyle, paragraph));
-  constexpr int kTextWidth = kWidth - kPadding.leading - kPadding.trailing;
-  texts->setFixedWidth(kTextWidth);
+  const int textWidth = byType(kWidth) - kPadding.leading - kPadding.trailing;
+  texts->setFixedWidth(textWidth);
   auto* scrolling = new ScrollColumn(texts);
-  scrolling->setFixedHeight(std::clamp(texts->heightForWidth(kTextWidth), 0, kLongestNews));
+  scrolling->setFixedHeight(std::clamp(texts->heightForWidth(textWidth), 0, kLongestNews));
   return scrolling;
 }
 
@@ -69,7 +69,7 @@ void UpdateDialog::setState(const UpdateState& state) {
     content_->deleteLater();
   }
   content_ = std::visit([this](const auto& one) { return content(one); }, state);
-  content_->setFixedWidth(kWidth);
+  content_->setFixedWidth(byType(kWidth));
   layout()->addWidget(content_);
 }
 

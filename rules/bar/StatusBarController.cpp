@@ -241,6 +241,7 @@ void StatusBarController::choosePlace() {
 }
 
 void StatusBarController::applyTheme(AppTheme theme) {
+  if (auto* button = statusItem_->button()) button->setAppearance(appearance(theme));
   if (panel_) panel_->setAppearance(appearance(theme));
   if (settingsWindow_) settingsWindow_->setAppearance(appearance(theme));
   if (placeWindow_) placeWindow_->setAppearance(appearance(theme));

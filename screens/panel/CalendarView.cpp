@@ -32,6 +32,12 @@ constexpr TextStyle kSecondaryStyle{.size = 10, .color = &Colors::secondary};
 constexpr TextStyle kHoverStyle{.size = 10, .color = &Colors::secondary};
 constexpr milliseconds kHoverFade{150};
 
+/// What the grid takes of it, and the room at its sides, which stays.
+int panelWidth() {
+  constexpr int kDays = DayGrid::kWeek;
+  return kWidth + kDays * (byType(DayCellView::kSize.width()) - DayCellView::kSize.width());
+}
+
 }  // namespace
 
 CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)> onSizeChange,
@@ -41,7 +47,7 @@ CalendarView::CalendarView(const PanelContext& context, std::function<void(Size)
       onChoosePlace_(std::move(onChoosePlace)),
       settings_(context.settings),
       model_(settings_, Moment::at(context.clock.now())) {
-  setFixedWidth(kWidth);
+  setFixedWidth(panelWidth());
   atRedraw([this] { model_.refresh(Moment::at(context_.clock.now())); });
   setBody(column(
       {.spacing = kSpacing, .padding = kPadding},
@@ -78,7 +84,7 @@ QWidget* CalendarView::scrollingPart() {
       column({.spacing = kSpacing, .padding = kSides},
              {onlyWhile([this] { return model_.sections().calendar; }, month()),
               onlyWhile([this] { return model_.sections().prayerTimes; }, prayerTimes())});
-  content->setFixedWidth(kWidth);
+  content->setFixedWidth(panelWidth());
   auto* scrolling = new ScrollColumn(content, ScrollKeys::own);
   scrolling->setAccessibleName(QStringLiteral("Month and prayer times"));
   return scrolling;
@@ -169,10 +175,10 @@ void CalendarView::setGreatestHeight(int height) {
 void CalendarView::fitWeeks() {
   if (!model_.sections().calendar || maximumHeight() == QWIDGETSIZE_MAX) return;
   std::size_t weeks = DayGrid::kWeeks;
-  int height =
-      naturalSize().height() + static_cast<int>(weeks - days_->shownWeeks()) * DayGrid::kWeekHeight;
+  int height = naturalSize().height() +
+               static_cast<int>(weeks - days_->shownWeeks()) * DayGrid::weekHeight();
   for (; weeks > model_.neededWeeks() && height > maximumHeight(); --weeks)
-    height -= DayGrid::kWeekHeight;
+    height -= DayGrid::weekHeight();
   if (weeks == days_->shownWeeks()) return;
   days_->showWeeks(weeks);
   remeasure(*days_);

@@ -15,13 +15,15 @@ using namespace Ui;
 
 namespace {
 
-constexpr QSize kCellSize{32, 40};
-constexpr QSizeF kMarkSize{30, 36};
+constexpr QSize kMargin{1, 2};  // Around the mark.
 constexpr double kMarkRadius = 7;
 constexpr double kWeekendFillOpacity = 0.1;
 constexpr double kOutlineWidth = 1.2;
 constexpr double kNoteOutlineOpacity = 0.8;
 constexpr double kSelectionWidth = 1.8;
+// In high contrast: of the thinnest edge, and how much wider the others are.
+constexpr double kEdgeWidth = 0.6;
+constexpr double kWider = 1.7;
 
 constexpr int kDayTypeSize = 12;
 constexpr int kSecondaryTypeSize = 8;
@@ -40,16 +42,16 @@ QColor dayInk(const DayCell& cell, const Colors& colors) {
 }
 
 QColor secondaryInk(const DayCell& cell, const Colors& colors) {
-  if (cell.isToday) return faded(colors.white, kSecondaryTodayOpacity);
+  if (cell.isToday) return weaker(colors, colors.white, kSecondaryTodayOpacity);
   if (cell.isNewSecondary) return colors.accent;
-  if (cell.isWeekend) return faded(colors.accent, kSecondaryWeekendOpacity);
+  if (cell.isWeekend) return weaker(colors, colors.accent, kSecondaryWeekendOpacity);
   return colors.secondary;
 }
 
 /// The dots under the numbers, from left to right.
 std::vector<QColor> dots(const ShownDay& day, const Colors& colors) {
   const DayCell& cell = day.cell;
-  const QColor onToday = faded(colors.white, kTodayDotOpacity);
+  const QColor onToday = weaker(colors, colors.white, kTodayDotOpacity);
   std::vector<QColor> dots;
   if (!cell.holidayLabel.empty()) dots.push_back(cell.isToday ? onToday : colors.accent);
   if (day.hasNote) dots.push_back(cell.isToday ? onToday : colors.yellow);
@@ -107,7 +109,9 @@ class DayCellView::Spoken final : public SpokenControl {
 };
 
 DayCellView::DayCellView(DayCellEvents events) : events_(std::move(events)) {
-  setFixedSize(kCellSize);
+  setFixedSize(byType(kSize));
+  // Two pixels out of the mark, where no neighbour's begins yet.
+  markFocusAround(*this, kMarkRadius, 2 - kMargin.width());
   setMouseTracking(true);
   setFocusPolicy(Qt::NoFocus);
   connect(this, &QAbstractButton::clicked, this, [this] {
@@ -116,7 +120,7 @@ DayCellView::DayCellView(DayCellEvents events) : events_(std::move(events)) {
 }
 
 QSize DayCellView::sizeHint() const {
-  return kCellSize;
+  return byType(kSize);
 }
 
 void DayCellView::show(const std::optional<ShownDay>& day) {
@@ -144,28 +148,31 @@ void DayCellView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   paintMarks(painter);
   paintContent(painter);
-  paintFocusRing(painter, *this, kMarkRadius);
 }
 
 void DayCellView::paintMarks(QPainter& painter) const {
   const Colors& colors = Colors::of(*this);
-  QRectF mark(QPointF(), kMarkSize);
-  mark.moveCenter(QRectF(rect()).center());
+  const QRectF mark = QRectF(rect()).adjusted(kMargin.width(), kMargin.height(), -kMargin.width(),
+                                              -kMargin.height());
   const auto fill = [&](const QColor& color) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
     painter.drawPath(smoothRect(mark, kMarkRadius));
   };
+  const bool isHigh = colors.contrast == Contrast::high;
   const auto outline = [&](const QColor& color, double width) {
-    strokeSmoothRect(painter, mark, kMarkRadius, QPen(color, width));
+    const QPen pen(color, isHigh ? width * kWider : width);
+    isHigh ? strokeWithin(painter, mark, kMarkRadius, pen)
+           : strokeSmoothRect(painter, mark, kMarkRadius, pen);
   };
 
   const DayCell& cell = day_->cell;
   if (cell.isToday) return fill(colors.accent);
   if (cell.isWeekend) fill(faded(colors.accent, kWeekendFillOpacity));
+  if (cell.isWeekend && isHigh) outline(colors.primary, kEdgeWidth);
   if (cell.isNewSecondary) outline(colors.accent, kOutlineWidth);
   if (day_->hasNote && !cell.isNewSecondary && !day_->isSelected)
-    outline(faded(colors.yellow, kNoteOutlineOpacity), kOutlineWidth);
+    outline(weaker(colors, colors.yellow, kNoteOutlineOpacity), kOutlineWidth);
   if (day_->isSelected) outline(colors.accent, kSelectionWidth);
 }
 
@@ -182,12 +189,12 @@ void DayCellView::paintContent(QPainter& painter) const {
   const double height = dayHeight + (hasSecondary ? kContentSpacing + secondaryHeight : 0) +
                         kContentSpacing + (hasDots ? kDotRowHeight : 0);
 
-  double top = (kCellSize.height() - height) / 2;
+  double top = (this->height() - height) / 2;
   const auto line = [&](const QFont& font, const QColor& ink, double lineHeight,
                         const QString& text) {
     painter.setFont(font);
     painter.setPen(ink);
-    painter.drawText(QRectF(0, top, kCellSize.width(), lineHeight), Qt::AlignCenter, text);
+    painter.drawText(QRectF(0, top, this->width(), lineHeight), Qt::AlignCenter, text);
     top += lineHeight + kContentSpacing;
   };
   line(dayFont, dayInk(cell, colors), dayHeight, QString::number(cell.day));
@@ -202,8 +209,7 @@ void DayCellView::paintDots(QPainter& painter, double top) const {
   const auto row = dots(*day_, Colors::of(*this));
   const auto count = static_cast<double>(row.size());
   const double width = count * kDotSide + (count - 1) * kDotSpacing;
-  QRectF dot((kCellSize.width() - width) / 2, top + (kDotRowHeight - kDotSide) / 2, kDotSide,
-             kDotSide);
+  QRectF dot((this->width() - width) / 2, top + (kDotRowHeight - kDotSide) / 2, kDotSide, kDotSide);
   painter.setPen(Qt::NoPen);
   for (const QColor& color : row) {
     painter.setBrush(color);

@@ -37,6 +37,9 @@ struct DayCellEvents {
 /// One day of the month grid, or a place of the grid without a day.
 class DayCellView final : public QAbstractButton, public Ui::SpokenPart {
  public:
+  /// Among type of the usual size.
+  static constexpr QSize kSize{32, 40};
+
   explicit DayCellView(DayCellEvents events);
 
   void show(const std::optional<ShownDay>& day);

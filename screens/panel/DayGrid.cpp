@@ -11,10 +11,16 @@ using namespace Ui;
 
 namespace {
 
-constexpr QSize kHeadingSize{32, 16};
+constexpr int kHeadingHeight = 16;
 constexpr TextStyle kWeekdayStyle{.size = 10, .color = &Colors::secondary};
 constexpr TextStyle kWeekendStyle{
     .size = 10, .weight = QFont::Medium, .color = &Colors::accent, .opacity = 0.8};
+
+GridStyle columns() {
+  return {.columns = DayGrid::kWeek,
+          .columnWidth = byType(DayCellView::kSize.width()),
+          .spacing = DayGrid::kSpacing};
+}
 
 }  // namespace
 
@@ -52,15 +58,19 @@ QWidget* DayGrid::weekdays(const Moment& moment) {
   for (const WeekdayColumn& column : orderedWeekdays(moment)) {
     const auto& style = weekend.contains(column.weekday) ? kWeekendStyle : kWeekdayStyle;
     auto* heading = centred(new Text(style, QString::fromStdString(column.symbol)));
-    headings.push_back(framed(heading, kHeadingSize.width(), kHeadingSize.height()));
+    headings.push_back(framed(heading, byType(DayCellView::kSize.width()), byType(kHeadingHeight)));
   }
-  return grid(kColumns, headings);
+  return grid(columns(), headings);
+}
+
+int DayGrid::weekHeight() {
+  return byType(DayCellView::kSize.height()) + kSpacing;
 }
 
 DayGrid::DayGrid(const DayCellEvents& events) {
   for (DayCellView*& cell : cells_)
     cell = new DayCellView(events);
-  setBody(grid(kColumns, std::vector<QWidget*>(cells_.begin(), cells_.end())));
+  setBody(grid(columns(), std::vector<QWidget*>(cells_.begin(), cells_.end())));
 }
 
 DayCellView* DayGrid::cellOf(Date day) const {

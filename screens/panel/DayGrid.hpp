@@ -16,8 +16,10 @@ class DayGrid final : public Ui::View, public Ui::SpokenPart {
   static constexpr std::size_t kWeek = 7;
   static constexpr std::size_t kWeeks = 6;
   static constexpr std::size_t kCells = kWeeks * kWeek;
-  static constexpr Ui::GridStyle kColumns{.columns = kWeek, .columnWidth = 32, .spacing = 2};
-  static constexpr int kWeekHeight = 40 + kColumns.spacing;
+  static constexpr int kSpacing = 2;
+
+  /// With the space to the next one.
+  [[nodiscard]] static int weekHeight();
 
   /// The headings of its columns, as of the moment.
   [[nodiscard]] static QWidget* weekdays(const Moment& moment);

@@ -9,7 +9,6 @@ using namespace Ui;
 
 namespace {
 
-constexpr int kWidth = 264;
 constexpr int kPadding = 12;
 constexpr int kSpacing = 8;
 constexpr TextStyle kHeadingStyle{
@@ -35,14 +34,14 @@ NoteEditorView::NoteEditorView(Date date, NotesStore& store, const AppSettings& 
       day_(dayOf(date)),
       store_(store),
       editor_(new TextEditor(kEditorTypeSize)) {
-  setFixedWidth(kWidth);
+  setFixedWidth(byType(kEditorSize).width() + 2 * kPadding);
   setFocusProxy(editor_);
   setWindowTitle("Note of " + dateLabel());
   editor_->setName(windowTitle());
   setBody(
       column({.spacing = kSpacing, .padding = Insets::all(kPadding), .alignment = Qt::AlignLeft},
              {liveText(kHeadingStyle, [this] { return dateLabel(); }),
-              framed(editor_, kEditorSize.width(), kEditorSize.height()),
+              framed(editor_, byType(kEditorSize).width(), byType(kEditorSize).height()),
               onlyWhile([this] { return !store_.isKept().value(); },
                         new Text(kWarningStyle, QString::fromUtf8(kNotSaved)))}));
   editor_->onEdit = [this](const QString& text) { edit(text); };

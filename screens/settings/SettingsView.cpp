@@ -58,7 +58,7 @@ SettingsView::SettingsView(const SettingsContext& context, Updater* updater, con
        calendarCard(), sectionHeader("Prayer Times"), prayerTimes_, sectionHeader("Appearance"),
        appearanceCard(), sectionHeader("About"), new AboutCard(context, updater, appIcon),
        sectionHeader("Adjustments"), new AdjustmentsCard(context), flexibleSpace()});
-  content->setFixedWidth(kWidth);
+  content->setFixedWidth(byType(kWidth));
   auto* scrolling = new ScrollColumn(content);
   scrolling->setAccessibleName(QStringLiteral("Settings"));
   setBody(scrolling);

@@ -40,6 +40,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
   }
   void setContextMenu(Menu newMenu) override { menu = std::move(newMenu); }
   void setHostedMenu(Menu newMenu) override { hostedMenu = std::move(newMenu); }
+  void setAppearance(Appearance newAppearance) override { appearance = newAppearance; }
 
   [[nodiscard]] const std::string& title() const { return titles.back(); }
 
@@ -51,6 +52,7 @@ class FakeStatusBar final : public StatusBar, public StatusButton {
   std::function<void()> unseen;
   Menu menu;
   Menu hostedMenu;
+  Appearance appearance = Appearance::system;
 
  private:
   struct Item final : StatusItem {

@@ -51,13 +51,19 @@ TEST(Colors, CanBeReadOnEveryGroundOfTheirScheme) {
       {"a warning", &Colors::orange, 1, 3},
       {"the pin", &Colors::red, 1, 3},
   };
-  for (const auto scheme : {ColorScheme::light, ColorScheme::dark}) {
-    const Colors& colors = Colors::of(scheme);
+  using enum Contrast;
+  for (const auto& [scheme, level] : {std::pair(ColorScheme::light, usual),
+                                      {ColorScheme::dark, usual},
+                                      {ColorScheme::light, high},
+                                      {ColorScheme::dark, high}}) {
+    const Colors& colors = Colors::of(scheme, level);
+    EXPECT_EQ(Ui::contrast(windowPalette(scheme, level)), level);
+    const double factor = level == high ? 2 : 1;
     EXPECT_GE(contrast(colors.white, colors.accent), 4.5);
     for (const QColor& ground :
          {colors.windowBackground, colors.controlBackground, colors.textBackground}) {
       for (const auto& [what, ink, opacity, least] : kClaims) {
-        EXPECT_GE(contrast(faded(colors.*ink, opacity), ground), least)
+        EXPECT_GE(contrast(weaker(colors, colors.*ink, opacity), ground), least * factor)
             << what << (scheme == ColorScheme::light ? " in light on " : " in dark on ")
             << ground.name().toStdString();
       }

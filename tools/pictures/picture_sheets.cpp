@@ -1,6 +1,6 @@
 // One sheet of the panel, a note, a menu, a tool tip and the settings for each scheme, without a
-// display: picture_sheets FOLDER APP_ICON SCALE. tools/pictures/sheets makes those of
-// docs/pictures.
+// display: picture_sheets FOLDER APP_ICON SCALE [high|usual [POINTS]], the last being the contrast
+// and the size of the desktop's font. tools/pictures/sheets makes those of docs/pictures.
 
 #include <QApplication>
 #include <QDir>
@@ -57,14 +57,14 @@ void settle(FakePlatform& desktop) {
 class Sheet {
  public:
   explicit Sheet(ColorScheme scheme)
-      : picture_(kSheet * qApp->devicePixelRatio(), QImage::Format_RGB32) {
+      : picture_(kSheet * qApp->devicePixelRatio() * typeScale(), QImage::Format_RGB32) {
     picture_.setDevicePixelRatio(qApp->devicePixelRatio());
     picture_.fill(scheme == ColorScheme::dark ? QColor(70, 74, 82) : QColor(214, 219, 226));
   }
 
   void put(QPoint place, QWidget& window) {
     QPainter painter(&picture_);
-    painter.drawPixmap(place, window.grab());
+    painter.drawPixmap(byType(place.x()), byType(place.y()), window.grab());
   }
 
   void save(const QString& path) const { picture_.save(path, "PNG", 0); }
@@ -108,10 +108,10 @@ DayCellView& cellOf(const QWidget& panel, int day) {
   qFatal("no such day");
 }
 
-void showPanel(Sheet& sheet, FakePlatform& desktop, ColorScheme scheme) {
+void showPanel(Sheet& sheet, FakePlatform& desktop, ColorScheme scheme, Contrast contrast) {
   auto& panel = *new CalendarView(panelContext(desktop), {}, [] {});
   Ground window(panel);
-  window.setPalette(windowPalette(scheme));
+  window.setPalette(windowPalette(scheme, contrast));
   window.show();
   settle(desktop);
   cellOf(panel, 12).click();
@@ -147,14 +147,14 @@ void showToolTip(Sheet& sheet, QWidget& owner) {
   QToolTip::hideText();
 }
 
-void take(ColorScheme scheme, const QPixmap& icon, const QString& path) {
+void take(ColorScheme scheme, Contrast contrast, const QPixmap& icon, const QString& path) {
   FakePlatform desktop({kNow});
   prepare(desktop);
   Sheet sheet(scheme);
-  showPanel(sheet, desktop, scheme);
+  showPanel(sheet, desktop, scheme, contrast);
   SettingsView settings(settingsContext(desktop), &desktop.updater, icon);
-  settings.setPalette(windowPalette(scheme));
-  settings.resize(380, 1290);
+  settings.setPalette(windowPalette(scheme, contrast));
+  settings.resize(byType(QSize(380, 1290)));
   settings.show();
   settle(desktop);
   sheet.put({600, 20}, settings);
@@ -167,7 +167,7 @@ void take(ColorScheme scheme, const QPixmap& icon, const QString& path) {
 }  // namespace Hilalor
 
 int main(int argc, char** argv) {
-  if (argc != 4) return 2;
+  if (argc < 4) return 2;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_SCALE_FACTOR", argv[3]);
   const QApplication application(argc, argv);
@@ -175,8 +175,16 @@ int main(int argc, char** argv) {
   const Hilalor::SystemTimeZone zone("Asia/Riyadh");
   const QPixmap icon(argv[2]);
   const QDir folder(argv[1]);
+  const bool isHigh = argc > 4 && QString(argv[4]) == "high";
+  const auto contrast = isHigh ? Hilalor::Ui::Contrast::high : Hilalor::Ui::Contrast::usual;
+  if (argc > 5) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(std::atof(argv[5]));
+    QApplication::setFont(font);
+  }
   const QString end = QStringLiteral("-%1x.png").arg(argv[3]);
-  Hilalor::take(Hilalor::Ui::ColorScheme::light, icon, folder.filePath("looks-light" + end));
-  Hilalor::take(Hilalor::Ui::ColorScheme::dark, icon, folder.filePath("looks-dark" + end));
+  using enum Hilalor::Ui::ColorScheme;
+  Hilalor::take(light, contrast, icon, folder.filePath("looks-light" + end));
+  Hilalor::take(dark, contrast, icon, folder.filePath("looks-dark" + end));
   return 0;
 }

@@ -1,10 +1,11 @@
-#include "desktop/panel/ColorSchemeSetting.hpp"
+#include "desktop/panel/AppearanceSetting.hpp"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QFont>
 
 #include "desktop/display/XSettings.hpp"
 #include "desktop/panel/MotionSetting.hpp"
@@ -54,7 +55,7 @@ TEST(PortalSettings, FollowTheAnswersAndTheChanges) {
   VirtualLoop loop;
   SessionBus sessionBus(loop);
   PortalSettings settings(sessionBus);
-  followColorScheme(settings);
+  followAppearance(settings);
   Ui::PopUpStyle style({[] { return true; }, [] { return true; }});
   followMotion(settings, style);
   const auto waitFor = [](const QPalette& palette) {
@@ -69,6 +70,14 @@ TEST(PortalSettings, FollowTheAnswersAndTheChanges) {
   portal.tell(appearance, "accent-color", 2U);
   portal.tell(appearance, "color-scheme", 2U);
   waitFor(Ui::windowPalette(Ui::ColorScheme::light));
+  portal.tell(appearance, "contrast", 1U);
+  waitFor(Ui::windowPalette(Ui::ColorScheme::light, Ui::Contrast::high));
+  portal.tell("org.gnome.desktop.interface", "font-name", "Sans Bold 18");
+  portal.tell("org.gnome.desktop.interface", "gtk-theme", "HighContrastInverse");
+  waitFor(Ui::windowPalette(Ui::ColorScheme::dark, Ui::Contrast::high));
+  EXPECT_EQ(QApplication::font().pointSizeF(), 18);
+  portal.tell(appearance, "contrast", 0U);
+  portal.tell("org.gnome.desktop.interface", "gtk-theme", "Adwaita");
   const auto waitForMotion = [&style](bool isWanted) {
     const auto now = [&] {
       return style.styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, nullptr, nullptr) > 0;
@@ -103,8 +112,9 @@ TEST(XSettings, AreFoundInWhatTheManagerWrote) {
     const auto* first = reinterpret_cast<const std::uint8_t*>(text.data());
     return xSettingIn({first, bytes}, name);
   };
-  EXPECT_EQ(found("xyz", text.size()), -2);
-  EXPECT_FALSE(found("ab", text.size()));
+  using Value = std::variant<std::int32_t, std::string>;
+  EXPECT_EQ(found("xyz", text.size()), Value(-2));
+  EXPECT_EQ(found("ab", text.size()), Value("hello"));
   EXPECT_FALSE(found("none", text.size()));
   EXPECT_FALSE(found("xyz", 50));
 }

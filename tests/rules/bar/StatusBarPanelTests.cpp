@@ -186,6 +186,7 @@ TEST_F(StatusBarPanelTest, PanelAndSettingsFollowTheTheme) {
     desktop.settings().theme = theme;
     loop().runPosted();
     EXPECT_EQ(panel()->appearance, shown);
+    EXPECT_EQ(desktop.statusBar.appearance, shown);
     EXPECT_EQ(desktop.surfaces.settings->appearance, shown);
   }
 }

@@ -18,6 +18,12 @@ namespace {
 
 class SettingsWindowTest : public testing::Test {
  protected:
+  ~SettingsWindowTest() override {
+    // Its frame goes with the loop's next pass, and what it shows is the fixture's.
+    window.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
   void open() {
     window = surfaces.makeSettingsWindow(nullptr, [this] {
       ++timesClosed;
