@@ -25,7 +25,7 @@ WindowProperties settingsWindow() {
 }
 
 constexpr WindowProperties kPlaceWindow{
-    .title = "Choose Your Place", .contentSize = {640, 500}, .minimumSize = {640, 500}};
+    .title = "Choose Location", .contentSize = {640, 500}, .minimumSize = {640, 500}};
 
 }  // namespace
 
