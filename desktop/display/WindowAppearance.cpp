@@ -1,6 +1,7 @@
 #include "desktop/display/WindowAppearance.hpp"
 
 #include <QApplication>
+#include <QPalette>
 
 #include "ui/Colors.hpp"
 

@@ -1,6 +1,8 @@
 #include "desktop/panel/AppearanceSetting.hpp"
 
 #include <QApplication>
+#include <QFont>
+#include <QPalette>
 #include <memory>
 
 #include "desktop/display/XSettings.hpp"
