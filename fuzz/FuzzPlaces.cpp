@@ -14,6 +14,7 @@ namespace {
 
 using namespace Hilalor;
 using namespace Hilalor::Desktop;
+using namespace Hilalor::Desktop;
 
 // The sizes that the reader demands; what is in them is the fuzzer's.
 constexpr std::size_t kCells = 360 * 180 + 1;

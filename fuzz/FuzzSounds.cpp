@@ -72,7 +72,7 @@ std::string fileOf(std::uint8_t kind, const std::string& bytes) {
 }
 
 /// Plays up to ten seconds and checks that every sample may be sent to a loudspeaker.
-void play(const std::string& path, Hilalor::Repeat repeat) {
+void play(const std::string& path, Hilalor::Desktop::Repeat repeat) {
   const auto stream = Hilalor::Desktop::SoundStream::open(path, repeat);
   if (!stream) return;
   const auto channels = static_cast<std::size_t>(stream->format().channels);
@@ -91,7 +91,7 @@ void play(const std::string& path, Hilalor::Repeat repeat) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   const MemoryFile file(fileOf(data[0], std::string(data + 1, data + size)));
-  play(file.path(), Hilalor::Repeat::no);
-  play(file.path(), Hilalor::Repeat::forever);
+  play(file.path(), Hilalor::Desktop::Repeat::no);
+  play(file.path(), Hilalor::Desktop::Repeat::forever);
   return 0;
 }

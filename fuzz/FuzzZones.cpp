@@ -7,6 +7,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace Hilalor;
+  using namespace Hilalor::Desktop;
   static_cast<void>(ZoneDatabase::over({data, size}));
 
   FramedInput input({data, size});
