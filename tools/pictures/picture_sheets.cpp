@@ -1,6 +1,7 @@
-// One sheet of the panel, a note, a menu, a tool tip and the settings for each scheme, without a
-// display: picture_sheets FOLDER APP_ICON SCALE [high|usual [POINTS]], the last being the contrast
-// and the size of the desktop's font. tools/pictures/sheets makes those of docs/pictures.
+// One sheet of the panel, a note, a menu, a tool tip and the settings for each scheme, and the
+// panel alone as the README shows it, without a display: picture_sheets FOLDER APP_ICON SCALE
+// [high|usual [POINTS]], the last being the contrast and the size of the desktop's font.
+// tools/pictures/sheets makes those of docs/pictures.
 
 #include <QApplication>
 #include <QDir>
@@ -56,10 +57,10 @@ void settle(FakePlatform& desktop) {
 /// The sheet and where the next window goes on it.
 class Sheet {
  public:
-  explicit Sheet(ColorScheme scheme)
-      : picture_(kSheet * qApp->devicePixelRatio() * typeScale(), QImage::Format_RGB32) {
+  Sheet(QSize size, const QColor& ground)
+      : picture_(size * qApp->devicePixelRatio() * typeScale(), QImage::Format_ARGB32) {
     picture_.setDevicePixelRatio(qApp->devicePixelRatio());
-    picture_.fill(scheme == ColorScheme::dark ? QColor(70, 74, 82) : QColor(214, 219, 226));
+    picture_.fill(ground);
   }
 
   void put(QPoint place, QWidget& window) {
@@ -150,7 +151,7 @@ void showToolTip(Sheet& sheet, QWidget& owner) {
 void take(ColorScheme scheme, Contrast contrast, const QPixmap& icon, const QString& path) {
   FakePlatform desktop({kNow});
   prepare(desktop);
-  Sheet sheet(scheme);
+  Sheet sheet(kSheet, scheme == ColorScheme::dark ? QColor(70, 74, 82) : QColor(214, 219, 226));
   showPanel(sheet, desktop, scheme, contrast);
   SettingsView settings(settingsContext(desktop), &desktop.updater, icon);
   settings.setPalette(windowPalette(scheme, contrast));
@@ -160,6 +161,35 @@ void take(ColorScheme scheme, Contrast contrast, const QPixmap& icon, const QStr
   sheet.put({600, 20}, settings);
   showMenu(sheet, settings);
   showToolTip(sheet, settings);
+  sheet.save(path);
+}
+
+/// The panel alone, or under the open note of a day.
+void takePanel(ColorScheme scheme, PrimaryCalendar primary, int noteDay, const QString& path) {
+  FakePlatform desktop({kNow});
+  prepare(desktop);
+  desktop.notificationManager().playingVoice.assign(std::nullopt);
+  desktop.settings().showSunnahTimes = false;
+  desktop.settings().primaryCalendar = primary;
+  desktop.settings().choosePlace({21.4225, 39.8262}, "Mecca", *TimeZone::named("Asia/Riyadh"));
+  auto& panel = *new CalendarView(panelContext(desktop), {}, [] {});
+  Ground window(panel);
+  window.setPalette(windowPalette(scheme));
+  window.move(100, 0);
+  window.show();
+  settle(desktop);
+  if (auto* focused = QApplication::focusWidget()) focused->clearFocus();
+  Sheet sheet({400, 640}, Qt::transparent);
+  const QPoint place(50, 0);
+  sheet.put(place, window);
+  if (noteDay > 0) {
+    cellOf(panel, noteDay).click();
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+    QApplication::sendEvent(&panel, &enter);
+    settle(desktop);
+    sheet.put(place, window);
+    if (auto* note = part<Popover>(window)) sheet.put(place + note->pos() - window.pos(), *note);
+  }
   sheet.save(path);
 }
 
@@ -186,5 +216,9 @@ int main(int argc, char** argv) {
   using enum Hilalor::Ui::ColorScheme;
   Hilalor::take(light, contrast, icon, folder.filePath("looks-light" + end));
   Hilalor::take(dark, contrast, icon, folder.filePath("looks-dark" + end));
+  using enum Hilalor::PrimaryCalendar;
+  Hilalor::takePanel(light, gregorian, 0, folder.filePath("panel-light" + end));
+  Hilalor::takePanel(light, gregorian, 19, folder.filePath("panel-note" + end));
+  Hilalor::takePanel(dark, hijri, 0, folder.filePath("panel-dark" + end));
   return 0;
 }
