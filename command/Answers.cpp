@@ -52,11 +52,19 @@ std::string_view wordFor(PlaceSource source) {
   return kWords.at(static_cast<std::size_t>(source));
 }
 
-// The day that the request names, in the user's own calendar; today where it names none.
-Date shownDay(const Request& request, const Course& course, const TimeZone& zone, Date now) {
-  if (!request.date) return now;
-  return noonOf(*request.date, zone, course.settings().hijriCalendar().hijriDaysAhead())
-      .value_or(now);
+// The zone whose days the answer speaks of. A date is the same in the other calendar everywhere,
+// also where the clocks left it out.
+TimeZone zoneOf(const Request& request, const Course& course, const Moment& moment) {
+  if (request.verb == Verb::day) return course.settings().effectiveLocation().timeZone;
+  return request.verb == Verb::convert ? TimeZone::named("UTC").value_or(moment.zone) : moment.zone;
+}
+
+// The day that the request names, in the user's own calendar; today where it names none. None where
+// the zone has no such day.
+std::optional<Date> shownDay(const Request& request, const Course& course, const Moment& moment) {
+  if (!request.date) return moment.now;
+  return noonOf(*request.date, zoneOf(request, course, moment),
+                course.settings().hijriCalendar().hijriDaysAhead());
 }
 
 Json placeOf(const Course& course) {
@@ -89,7 +97,7 @@ std::string textOf(const PrayerList& list) {
 
 Answer dayAnswer(const Request& request, const Course& course, const Moment& moment) {
   const auto zone = course.settings().effectiveLocation().timeZone;
-  const Date shown = shownDay(request, course, zone, moment.now);
+  const Date shown = shownDay(request, course, moment).value_or(moment.now);
   const auto list = prayerList(course.prayers(), shown, moment.now);
   Json times = Json::array();
   const auto day = course.prayers().day(shown);
@@ -155,7 +163,7 @@ Answer monthAnswer(const Request& request, const Course& course, const Moment& m
     calendar =
         request.date->calendar == kHijri ? PrimaryCalendar::hijri : PrimaryCalendar::gregorian;
   }
-  const CalendarModel model(shownDay(request, course, moment.zone, moment.now), calendar,
+  const CalendarModel model(shownDay(request, course, moment).value_or(moment.now), calendar,
                             course.settings().hijriCalendar(moment.zone));
   const auto page = model.page(moment, HolidayLabels::shown);
   Json days = Json::array();
@@ -177,9 +185,10 @@ Answer monthAnswer(const Request& request, const Course& course, const Moment& m
 }
 
 Answer convertAnswer(const Request& request, const Course& course, const Moment& moment) {
-  const Date noon = shownDay(request, course, moment.zone, moment.now);
-  const Calendar gregorianCalendar(kGregorian, moment.zone);
-  const auto hijriCalendar = course.settings().hijriCalendar(moment.zone);
+  const auto zone = zoneOf(request, course, moment);
+  const Date noon = shownDay(request, course, moment).value_or(moment.now);
+  const Calendar gregorianCalendar(kGregorian, zone);
+  const auto hijriCalendar = course.settings().hijriCalendar(zone);
   const auto gregorian = DateFormatter("EEEE, d MMMM yyyy", gregorianCalendar);
   const auto hijri = DateFormatter("EEEE, d MMMM yyyy", hijriCalendar);
   const auto isHijri = request.date->calendar == kHijri;
@@ -270,6 +279,13 @@ std::string answer(const Request& request, const Course& course, const Moment& m
       break;
   }
   return found.text;
+}
+
+std::optional<std::string> refusal(const Request& request, const Course& course,
+                                   const Moment& moment) {
+  if (shownDay(request, course, moment)) return std::nullopt;
+  return "there is no " + isoText(*request.date) + " in " +
+         zoneOf(request, course, moment).identifier();
 }
 
 std::optional<std::string> warning(const Request& request, const Course& course) {

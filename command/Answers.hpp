@@ -14,6 +14,11 @@ namespace Hilalor {
 [[nodiscard]] std::string answer(const Request& request, const Course& course,
                                  const Moment& moment);
 
+/// Why there is no answer: the clocks of the zone left the day out. None where there is one. One
+/// line without its end.
+[[nodiscard]] std::optional<std::string> refusal(const Request& request, const Course& course,
+                                                 const Moment& moment);
+
 /// What the user must know of the answer's place; none where it is theirs. One line without its
 /// end.
 [[nodiscard]] std::optional<std::string> warning(const Request& request, const Course& course);

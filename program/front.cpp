@@ -71,9 +71,11 @@ int answerRequest(const Request& request) {
   const SystemClock clock;
   DefaultsView store(storeFile());
   const Course course(store, told(), request);
+  const auto moment = Moment::at(clock.now());
+  if (const auto text = refusal(request, course, moment)) return complain(*text);
   if (const auto text = warning(request, course)) complain(*text);
   if (!request.follows) {
-    print(answer(request, course, Moment::at(clock.now())));
+    print(answer(request, course, moment));
     return EXIT_SUCCESS;
   }
   KernelWakes wakes({storeFile().parent_path(), placeFile().parent_path()});

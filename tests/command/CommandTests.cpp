@@ -49,7 +49,9 @@ class CommandTest : public ::testing::Test {
       store->setValue(key, number);
     const Course course(*store, {}, std::get<Request>(request));
     EXPECT_EQ(warning(std::get<Request>(request), course), std::nullopt);
-    return answer(std::get<Request>(request), course, Moment::at(kNow));
+    const auto moment = Moment::at(kNow);
+    if (const auto text = refusal(std::get<Request>(request), course, moment)) return *text;
+    return answer(std::get<Request>(request), course, moment);
   }
 
   SystemTimeZone zone{"Asia/Riyadh"};
@@ -94,6 +96,13 @@ TEST_F(CommandTest, GoesByTheUsersHijriDayAndAtHomeByTheirMinutes) {
   EXPECT_THAT(said("day", own), HasSubstr("> Asr              14:48\n"));
   EXPECT_EQ(said("next --place 52.52,13.40 --zone Europe/Berlin --method muslimWorldLeague", own),
             "Asr 1h 42m");
+}
+
+TEST_F(CommandTest, KnowsDaysThatAZoneLeftOut) {
+  zone.set("Pacific/Apia");
+  EXPECT_EQ(said("convert 2011-12-30"), "Friday, 5 Safar 1433");
+  EXPECT_EQ(said("day 2011-12-30 --place -13.8,-171.7 --zone Pacific/Apia"),
+            "there is no 2011-12-30 in Pacific/Apia");
 }
 
 TEST_F(CommandTest, AnswersInTheDocumentedJson) {
