@@ -1,5 +1,6 @@
 #include "screens/map/MapPickerView.hpp"
 
+#include <QKeyEvent>
 #include <QStringList>
 #include <utility>
 
@@ -99,6 +100,15 @@ QWidget* MapPickerView::status() {
 void MapPickerView::showEvent(QShowEvent* event) {
   View::showEvent(event);
   setFocus();
+}
+
+// Return again after a place was found confirms it. What was stored keeps its name and zone until a
+// press on "Confirm" itself; a key held down from the search does not run on into it.
+void MapPickerView::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isFound = !isResolving_ && !locationName_.empty();
+  if (isReturn && isFound && !event->isAutoRepeat()) return confirm();
+  View::keyPressEvent(event);
 }
 
 void MapPickerView::choose(LocationCoordinate coordinate) {

@@ -27,6 +27,7 @@ class MapPickerView final : public Ui::View {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   // The parts, from top to bottom.

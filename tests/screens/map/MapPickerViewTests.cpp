@@ -233,8 +233,12 @@ TEST_F(MapSearchTest, FindsAPlaceByKeysAlone) {
 
   click(button("Find a place"));
   QTest::keyClicks(&edit(), "Med");
-  keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return});
+  keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Return});
+  EXPECT_TRUE(confirmed.empty()) << "not known by its name yet";
+  answer(0, {{"Medan", std::nullopt, std::nullopt, std::nullopt}});
   EXPECT_EQ(takeChosen(), 3.58);
+  keys({Qt::Key_Return});
+  EXPECT_EQ(confirmed.at(0).name, "Medan");
 }
 
 TEST_F(MapSearchTest, FindsAPlaceByAClickOrATapOnASuggestion) {
