@@ -1,5 +1,6 @@
 #include "desktop/display/XConnection.hpp"
 
+#include <QAbstractEventDispatcher>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtMath>
@@ -49,14 +50,19 @@ void XConnection::watch(std::function<void(const xcb_generic_event_t&)> handler)
   xcb_flush(connection_);
   notifier_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection_),
                                                 QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { readEvents(); });
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated,
+                   [this] { readEvents(xcb_poll_for_event); });
+  // While an answer is waited for, events before it are taken off the socket, which then tells of
+  // none of them: they would lie there until the next one comes.
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                   notifier_.get(), [this] { readEvents(xcb_poll_for_queued_event); });
 }
 
-void XConnection::readEvents() {
+void XConnection::readEvents(xcb_generic_event_t* (*next)(xcb_connection_t*)) {
   const auto isAlive = isAlive_;
   const auto handler = handler_;
   while (*isAlive) {
-    const Xcb::Owned<xcb_generic_event_t> event(xcb_poll_for_event(connection_));
+    const Xcb::Owned<xcb_generic_event_t> event(next(connection_));
     if (!event) break;
     handler(*event);
   }

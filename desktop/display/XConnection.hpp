@@ -54,7 +54,7 @@ class XConnection {
 
  private:
   XConnection(xcb_connection_t* connection, int screenNumber);
-  void readEvents();
+  void readEvents(xcb_generic_event_t* (*next)(xcb_connection_t*));
 
   xcb_connection_t* connection_;
   int screenNumber_;
