@@ -77,6 +77,8 @@ class Reach final : public QObject {
 
  private:
   bool pointAt(const QWidget& widget, const QMouseEvent& event) {
+    // The end of a press may have been told to nobody, as when a key closed the window.
+    if (!event.buttons().testFlag(Qt::LeftButton)) pressed_ = nullptr;
     if (pressed_ != nullptr) return tell(event);
     if (event.buttons() != Qt::NoButton) return false;
     const QPoint global = event.globalPosition().toPoint();
@@ -88,14 +90,13 @@ class Reach final : public QObject {
 
   bool press(const QWidget& widget, const QMouseEvent& event) {
     // Told by ourselves, or for somebody else.
-    if (isTelling_ || event.button() != Qt::LeftButton || !isFree(widget)) return false;
-    pressed_ = buttonAt(widget, event.globalPosition().toPoint());
+    if (isTelling_ || event.button() != Qt::LeftButton) return false;
+    pressed_ = isFree(widget) ? buttonAt(widget, event.globalPosition().toPoint()) : nullptr;
     return pressed_ != nullptr && tell(event);
   }
 
   bool release(const QMouseEvent& event) {
     if (isTelling_ || pressed_ == nullptr || event.button() != Qt::LeftButton) return false;
-    const QPointer<Button> told = pressed_;
     tell(event);
     pressed_ = nullptr;
     return true;

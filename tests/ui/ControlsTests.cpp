@@ -37,7 +37,8 @@ TEST(Button, AnswersAroundItselfWhereNothingElseDoes) {
   auto* small = framed(new Button({.text = QStringLiteral("<")}, [&] { ++presses; }), 12, 16);
   small->setParent(&window);
   small->move(40, 40);
-  auto* other = framed(new Toggle(ToggleLook::checkbox, {}, [](bool) {}), 16, 16);
+  int changes = 0;
+  auto* other = framed(new Toggle(ToggleLook::checkbox, {}, [&](bool) { ++changes; }), 16, 16);
   other->setParent(&window);
   other->move(52, 40);
   window.show();
@@ -51,6 +52,10 @@ TEST(Button, AnswersAroundItselfWhereNothingElseDoes) {
     QTest::mouseClick(&target, Qt::LeftButton, {}, target.mapFrom(&window, place));
     EXPECT_EQ(presses, answers ? 1 : 0) << place.x() << ", " << place.y();
   }
+  changes = 0;
+  QTest::mousePress(&window, Qt::LeftButton, {}, {34, 36});  // Of which nobody hears the end.
+  QTest::mouseClick(window.childAt(60, 48), Qt::LeftButton);
+  EXPECT_EQ(changes, 1);
 }
 
 TEST(Button, IsHiddenOnlyWhenItHasFaded) {
