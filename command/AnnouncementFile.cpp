@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstring>
 #include <system_error>
 
 namespace Hilalor {
@@ -36,9 +37,9 @@ AnnouncementKeeper::~AnnouncementKeeper() {
 }
 
 void AnnouncementKeeper::keep(const std::optional<std::string>& title) const {
+  // In one step with its end: a reader in between finds no rest of a longer one behind it.
   const auto text = title.value_or("");
-  const auto written = pwrite(file_, text.data(), text.size(), 0);
-  if (written >= 0 && ftruncate(file_, written) != 0) return;
+  if (pwrite(file_, text.c_str(), text.size() + 1, 0) < 0) return;
 }
 
 std::optional<std::string> keptAnnouncement(const std::filesystem::path& file) {
@@ -49,8 +50,8 @@ std::optional<std::string> keptAnnouncement(const std::filesystem::path& file) {
   std::array<char, 256> text{};
   const auto size = read(opened, text.data(), text.size());
   close(opened);
-  if (!isHeld || size <= 0) return std::nullopt;
-  return std::string(text.data(), static_cast<std::size_t>(size));
+  if (!isHeld || size <= 0 || text.front() == '\0') return std::nullopt;
+  return std::string(text.data(), strnlen(text.data(), static_cast<std::size_t>(size)));
 }
 
 }  // namespace Hilalor
