@@ -92,6 +92,7 @@ int run(const Request& request, char* name) {
   switch (request.verb) {
     case Verb::help:
       std::fputs(helpText().data(), stdout);
+      std::fflush(stdout);
       return EXIT_SUCCESS;
     case Verb::version:
       print(std::string("Hilalor ") + kVersion);
@@ -116,5 +117,6 @@ int main(int argc, char* argv[]) {
   }
   const auto request = requestOf(words);
   if (const auto* complaint = std::get_if<Complaint>(&request)) return complain(complaint->text);
-  return run(std::get<Request>(request), argv[0]);
+  const int status = run(std::get<Request>(request), argv[0]);
+  return std::ferror(stdout) == 0 ? status : complain("the answer cannot be written");
 }
