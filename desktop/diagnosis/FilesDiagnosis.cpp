@@ -23,7 +23,9 @@ const char* soundness(bool isSound) {
 
 bool isReadable(const files::path& file) {
   const auto* module = SoundModule::loaded();
-  if (module == nullptr) return false;
+  std::error_code error;
+  // A pipe would be waited for.
+  if (module == nullptr || !files::is_regular_file(file, error)) return false;
   return module->openMpeg(file) != nullptr || module->openSampled(file) != nullptr;
 }
 
@@ -32,8 +34,8 @@ std::string soundsIn(const files::path& folder) {
   int readable = 0;
   int unreadable = 0;
   std::error_code error;
-  for (const auto& entry : files::directory_iterator(folder, error))
-    ++(isReadable(entry.path()) ? readable : unreadable);
+  for (files::directory_iterator at(folder, error), end; at != end; at.increment(error))
+    ++(isReadable(at->path()) ? readable : unreadable);
   return std::to_string(readable) + " readable, " + std::to_string(unreadable) + " not";
 }
 

@@ -63,8 +63,10 @@ std::string conditionOf(const files::path& file) {
 std::size_t countBeside(const files::path& file, const std::string& mark) {
   std::size_t count = 0;
   std::error_code error;
-  for (const auto& entry : files::directory_iterator(file.parent_path(), error)) {
-    if (entry.path().filename().string().starts_with(file.stem().string() + mark)) ++count;
+  // A range would throw where a damaged disk gives no next entry.
+  for (files::directory_iterator at(file.parent_path(), error), end; at != end;
+       at.increment(error)) {
+    if (at->path().filename().string().starts_with(file.stem().string() + mark)) ++count;
   }
   return count;
 }

@@ -16,7 +16,8 @@ from virtual_desktop.session import Session, wait_until
 
 DESKTOP = {"store": "readable", "places": "readable", "bars": "xfce4-panel",
            "window manager": "Openbox", "session bus": "answers", "running copy": "yes",
-           "items on the bus": "a bar shows them", "banners": "dunst", "sound module": "loaded"}
+           "items on the bus": "a bar shows them", "banners": "dunst", "sound module": "loaded",
+           "own sounds": "0 readable, 1 not"}
 FROZEN = {"display": "no answer within", "session bus": "does not answer", "map": "readable"}
 NOTHING = {"store": "damaged", "X server": "none", "session bus": "none"}
 
@@ -36,6 +37,8 @@ def main():
     with Session("diagnosis") as session:
         XfcePanel(session).start()
         session.start("dunst")
+        os.makedirs(session.path("data", "hilalor", "sounds"))
+        os.mkfifo(session.path("data", "hilalor", "sounds", "pipe.mp3"))
         Program(session, executable).start(menuBarStyle="nextPrayer")
         wait_until(Panel(session, executable).item, "the item is in the bar")
         diagnose(session, executable, DESKTOP)
